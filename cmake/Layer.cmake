@@ -1,0 +1,15 @@
+# tessarine_layer(NAME SOURCES file… [LINKS target…] [PRIVATE_LINKS target…])
+#
+# One static library per folder of src/. Its headers are reached as "NAME/Header.h" through an include root
+# that holds this one folder only, so including a layer that is not linked does not compile.
+function(tessarine_layer name)
+  cmake_parse_arguments(layer "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+  set(root "${CMAKE_BINARY_DIR}/layers/${name}")
+  file(MAKE_DIRECTORY "${root}")
+  file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${root}/${name}" SYMBOLIC)
+
+  string(TOLOWER "tessarine_${name}" target)
+  qt_add_library(${target} STATIC ${layer_SOURCES})
+  target_include_directories(${target} PUBLIC "${root}")
+  target_link_libraries(${target} PUBLIC ${layer_LINKS} PRIVATE tessarine_flags ${layer_PRIVATE_LINKS})
+endfunction()

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/CancelFlag.h"
+
+#include <QImage>
+#include <QString>
+
+#include <mutex>
+
+/// One picture of a movie.
+struct GrabbedFrame {
+    QImage picture;     ///< null when no grab has given a picture yet
+    bool isNew = false; ///< false: the tool wrote nothing, and this is the picture of an earlier grab
+};
+
+/// Grabs single frames of movies with the external `ffmpeg` tool. One per process, owned by main; safe on any thread,
+/// grabs run one after the other.
+class FrameGrabber {
+public:
+    /// `toolPath` is the tool to run; the frames pass through the file "x.jpg" in `temporaryFolder`, which should be
+    /// this process's own.
+    FrameGrabber(QString toolPath, QString temporaryFolder);
+
+    /// The frame shown at `seconds`. When the tool gives none, the previous grab's picture, whatever movie it was of.
+    /// Setting `cancelled` stops the running tool; the result is then of no use.
+    GrabbedFrame createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled);
+
+    /// Where the tool is expected: "<path of the executable>/../ffmpeg", resolved as text.
+    static QString toolPathBeside(const QString &executablePath);
+
+private:
+    const QString tool;
+    const QString pictureFile;
+    std::mutex oneAtATime;
+};
