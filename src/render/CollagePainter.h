@@ -1,0 +1,42 @@
+#pragma once
+
+#include "collage/CollageSettings.h"
+#include "platform/CancelFlag.h"
+#include "render/CollageLayout.h"
+#include "render/CollageTexts.h"
+#include "render/TextBlock.h"
+
+#include <QImage>
+
+class CollageCanvas;
+class QPaintDevice;
+class TileSource;
+
+/// Paints one movie's collage: background, text block, and tiles with frames, shadows and time stamps.
+/// Made for one collage; needs a QGuiApplication, may live on any thread.
+class CollagePainter {
+public:
+    CollagePainter(const CollageSettings &settings, const CollageTextStyles &styles, const CollageTextItems &items,
+                   const QString &metadata);
+
+    /// Where everything goes, text block included.
+    const CollageLayout &layout() const { return place; }
+
+    /// An image of the collage's size to paint on: without an alpha channel where the background is opaque. Null when
+    /// such a canvas cannot exist or there is no memory for it.
+    QImage makeCanvas() const;
+
+    /// Paints on any device, asking the source for each tile's picture in reading order. False as soon as `cancelled`
+    /// is seen set, before the next tile.
+    bool paint(QPaintDevice &device, TileSource &source, const CancelFlag &cancelled) const;
+
+private:
+    void paintTile(CollageCanvas &canvas, TileSource &source, std::int32_t row, std::int32_t column) const;
+    void paintStamp(CollageCanvas &canvas, const QRectF &picture, double seconds) const;
+
+    CollageSettings settings;
+    CollageTextStyles styles;
+    CollageTextItems items;
+    TextBlock text;
+    CollageLayout place;
+};

@@ -1,0 +1,17 @@
+#include "render/CollageTexts.h"
+
+#include "platform/PreferenceKeys.h"
+#include "platform/StoredColor.h"
+#include "render/TextBlock.h"
+
+CollageTextStyles CollageTextStyles::fromDefaults(const UserDefaults &defaults)
+{
+    const QFont font = TextBlock::systemFont();
+    return {{storedColor(defaults, PreferenceKeys::metadataTextColor, Qt::white), font},
+            {storedColor(defaults, PreferenceKeys::gridTextColor, Qt::black), font}};
+}
+
+CollageTextItems CollageTextItems::fromDefaults(const UserDefaults &defaults)
+{
+    return {defaults.int32Value(PreferenceKeys::metadataText), defaults.int64Value(PreferenceKeys::gridTextPosition)};
+}

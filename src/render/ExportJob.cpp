@@ -1,0 +1,175 @@
+#include "render/ExportJob.h"
+
+#include "Shared/FrameGrabber.h"
+#include "Shared/PathParts.h"
+#include "collage/KTMovieObject.h"
+#include "platform/AlertPanel.h"
+#include "platform/Log.h"
+#include "platform/NewFile.h"
+#include "platform/PathText.h"
+#include "platform/PreferenceKeys.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
+#include "render/CollagePainter.h"
+#include "render/ExportObserver.h"
+#include "render/ImageEncoder.h"
+#include "render/MetadataText.h"
+#include "render/MovieSource.h"
+#include "render/OutputFile.h"
+#include "render/TileSource.h"
+
+#include <utility>
+
+namespace {
+
+/// Grabs each tile's frame of one movie and reports it.
+class GrabbedTiles final : public TileSource {
+public:
+    GrabbedTiles(const ExportServices &exportServices, ExportProgress first) :
+        services(exportServices), report(std::move(first))
+    {
+    }
+
+    QImage picture(std::int64_t tile, double seconds) override
+    {
+        const GrabbedFrame frame = services.grabber.createThumbnail(report.filePath, seconds, services.bExportCanceled);
+        if (!services.bExportCanceled) {
+            missing += frame.isNew ? 0 : 1;
+            report.tile = tile + 1;
+            report.picture = frame.picture;
+            services.observer.updateProgress(report);
+        }
+        return frame.picture;
+    }
+
+    std::int64_t missingFrames() const { return missing; }
+
+private:
+    const ExportServices &services;
+    ExportProgress report;
+    std::int64_t missing = 0;
+};
+
+QString impossibleCanvas(const CollageLayout &layout)
+{
+    const QSizeF size = layout.canvasSize();
+    return QStringLiteral("a collage of %1 × %2 pixels cannot be made")
+        .arg(size.width(), 0, 'f', 0)
+        .arg(size.height(), 0, 'f', 0);
+}
+
+} // namespace
+
+ExportJob::ExportJob(ExportServices exportServices) :
+    services(std::move(exportServices)), styles(CollageTextStyles::fromDefaults(services.defaults))
+{
+}
+
+void ExportJob::run()
+{
+    if (progress != State::Ready) {
+        return;
+    }
+    progress = State::Running;
+    for (int index = 0; index < services.aryItems.count() && !services.bExportCanceled; ++index) {
+        if (const auto movie = services.aryItems.movieAt(index)) {
+            exportMovie(*movie, index);
+        }
+    }
+    progress = State::Finished;
+    services.observer.exportEnded();
+}
+
+void ExportJob::exportMovie(const KTMovieObject &movie, int index)
+{
+    const QImage canvas = render(movie, index);
+    if (services.bExportCanceled) {
+        return;
+    }
+    const std::int64_t format = services.defaults.int64Value(PreferenceKeys::outputFormat);
+    const std::optional<QString> extension = OutputFile::extensionForFormat(format);
+    if (!extension) {
+        fail(movie, QStringLiteral("no image format has the number %1").arg(format));
+        return;
+    }
+    QString path = OutputFile::freePath(folderFor(movie), movie.filePath, *extension);
+    const QString folder = GlobalFun::deletingLastPathComponent(path);
+    if (!OutputFile::isWritableFolder(folder)) {
+        const QString message =
+            QStringLiteral("The output path %1 is not writable,Please set up the priviledge at the Finder");
+        if (services.alert.run(QStringLiteral("Alert!"), message.arg(PathText::forDisplay(folder)),
+                               {QStringLiteral("Continue")}) == 0) {
+            return;
+        }
+    }
+    path = write(movie, canvas, *extension, path);
+    // They run after a failed write too: the user has waited for this movie and sees what became of it.
+    runAfterExportActions(path);
+}
+
+QImage ExportJob::render(const KTMovieObject &movie, int index)
+{
+    const CollageTextItems items = CollageTextItems::fromDefaults(services.defaults);
+    const CollagePainter painter(movie.settings(), styles, items, getMetaStrWithObject(movie, items.metadataBits));
+    QImage canvas = painter.makeCanvas();
+    if (canvas.isNull()) {
+        fail(movie, impossibleCanvas(painter.layout()));
+        return canvas;
+    }
+    const std::int64_t tiles = painter.layout().tileCount();
+    GrabbedTiles source(services, {movie.filePath, index, services.aryItems.count(), 0, tiles, {}});
+    if (painter.paint(canvas, source, services.bExportCanceled) && source.missingFrames() > 0) {
+        services.observer.framesMissing(movie.filePath, source.missingFrames(), tiles);
+    }
+    return canvas;
+}
+
+QString ExportJob::folderFor(const KTMovieObject &movie) const
+{
+    return services.defaults.boolValue(PreferenceKeys::sameAsOrigin)
+               ? GlobalFun::deletingLastPathComponent(movie.filePath)
+               : services.outputFolder();
+}
+
+QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, const QString &extension, QString path)
+{
+    qCInfo(lcTessarine).noquote() << "image write to path :" << path;
+    if (canvas.isNull()) {
+        return path; // has been reported
+    }
+    const QByteArray bytes = GlobalFun::dataRepresentationOfType(canvas, extension);
+    if (bytes.isEmpty()) {
+        fail(movie, QStringLiteral("the image cannot be encoded as ") + extension);
+        return path;
+    }
+    std::error_code error = writeNewFile(path, bytes);
+    while (error == std::errc::file_exists) { // somebody took the name since it was chosen
+        path = OutputFile::freePath(GlobalFun::deletingLastPathComponent(path), movie.filePath, extension);
+        error = writeNewFile(path, bytes);
+    }
+    if (error) {
+        fail(movie, PathText::forDisplay(path) + QStringLiteral(": ") + QString::fromStdString(error.message()));
+    } else {
+        services.observer.imageWritten(movie.filePath, path);
+    }
+    return path;
+}
+
+void ExportJob::fail(const KTMovieObject &movie, const QString &reason)
+{
+    qCInfo(lcTessarine).noquote() << "no image of" << PathText::forDisplay(movie.filePath) << ":" << reason;
+    services.observer.movieFailed(movie.filePath, reason);
+}
+
+void ExportJob::runAfterExportActions(const QString &path)
+{
+    if (services.defaults.boolValue(PreferenceKeys::openAfterFinish)) {
+        services.workspace.openFile(path);
+    }
+    if (services.defaults.boolValue(PreferenceKeys::revealInFinder)) {
+        services.workspace.revealFile(path);
+    }
+    if (services.defaults.boolValue(PreferenceKeys::clearAfterFinish)) {
+        services.aryItems.removeAll();
+    }
+}

@@ -1,0 +1,54 @@
+#include "render/OutputFile.h"
+
+#include "Shared/OutputName.h"
+#include "Shared/PathParts.h"
+#include "platform/PathText.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <climits>
+
+namespace {
+
+constexpr std::array extensions{u"jpg", u"png", u"bmp", u"tiff"};
+
+bool fitsFileSystem(const QString &path)
+{
+    return PathText::toBytes(GlobalFun::lastPathComponent(path)).size() <= NAME_MAX;
+}
+
+void dropLastCharacter(QString &text)
+{
+    const bool isPair = text.size() >= 2 && text.back().isLowSurrogate() && text.at(text.size() - 2).isHighSurrogate();
+    text.chop(isPair ? 2 : 1);
+}
+
+} // namespace
+
+std::optional<QString> OutputFile::extensionForFormat(std::int64_t format)
+{
+    if (format < 0 || format >= std::ssize(extensions)) {
+        return std::nullopt;
+    }
+    return QString::fromUtf16(extensions[static_cast<std::size_t>(format)]);
+}
+
+QString OutputFile::freePath(const QString &folder, const QString &moviePath, const QString &extension)
+{
+    QString name = GlobalFun::deletingPathExtension(GlobalFun::lastPathComponent(moviePath));
+    for (;;) {
+        const QString wanted = GlobalFun::appendingPathComponent(folder, name);
+        const QString path = GlobalFun::makeSureFullPathIdentical(wanted, extension);
+        if (fitsFileSystem(path) || name.isEmpty()) {
+            return path;
+        }
+        dropLastCharacter(name);
+    }
+}
+
+bool OutputFile::isWritableFolder(const QString &folder)
+{
+    return faccessat(AT_FDCWD, PathText::toBytes(folder).constData(), W_OK | X_OK, AT_EACCESS) == 0;
+}

@@ -1,0 +1,64 @@
+#include "render/TextBlock.h"
+
+#include <QFontDatabase>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int fontPixels = 12;
+// The toolkit keeps text positions in 26.6 fixed point; a wider line would overflow it.
+constexpr double widestLine = 1'000'000.0;
+
+QString withLineSeparators(QString text)
+{
+    if (text.endsWith(u'\n')) {
+        text.chop(1);
+    }
+    return text.replace(u'\n', QChar(QChar::LineSeparator));
+}
+
+} // namespace
+
+TextBlock::TextBlock(const QString &text, const QFont &font, QSizeF box) : layout(withLineSeparators(text), font)
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.setCacheEnabled(true);
+    if (layout.text().isEmpty() || !(box.width() > 0.0)) { // a NaN width is none either
+        return;
+    }
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(std::min(box.width(), widestLine));
+        // Whole pixels keep every line as sharp as the first.
+        const double height = std::ceil(line.height());
+        if (used.height() + height > box.height()) {
+            break;
+        }
+        line.setPosition({0.0, used.height()});
+        used = {std::max(used.width(), std::ceil(line.naturalTextWidth())), used.height() + height};
+        ++lines;
+    }
+    layout.endLayout();
+}
+
+void TextBlock::draw(QPainter &painter, QPointF origin) const
+{
+    for (int index = 0; index < lines; ++index) {
+        layout.lineAt(index).draw(&painter, origin);
+    }
+}
+
+QFont TextBlock::systemFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    font.setPixelSize(fontPixels);
+    // Unhinted grey-scale glyphs look the same on every screen and on none.
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::NoSubpixelAntialias);
+    return font;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QFont>
+#include <QPointF>
+#include <QSizeF>
+#include <QString>
+#include <QTextLayout>
+
+class QPainter;
+
+/// A text laid out once, word-wrapped, so that what is measured is what is drawn.
+/// Needs a QGuiApplication; an object belongs to one thread at a time.
+class TextBlock {
+public:
+    /// Lays out the lines that fit whole into the box (pixels). A newline at the very end adds no line.
+    TextBlock(const QString &text, const QFont &font, QSizeF box);
+
+    /// The room that the lines use, in whole pixels; 0 × 0 for the empty text.
+    QSizeF size() const { return used; }
+
+    /// Draws the lines with the painter's pen, the block's top left at `origin`.
+    void draw(QPainter &painter, QPointF origin) const;
+
+    /// The font of all texts on a collage: the system's, 12 pixels high whatever the screen.
+    static QFont systemFont();
+
+private:
+    QTextLayout layout;
+    int lines = 0; // those that fit
+    QSizeF used{0.0, 0.0};
+};
