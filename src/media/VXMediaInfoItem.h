@@ -18,10 +18,10 @@ public:
 
     QString filePath; ///< as the user gave it, links not resolved; see PathText
     VXMediaType eumMediaType = VXMediaType::Unknown;
-    double duration = 0.0; ///< seconds, 0 or more
+    double duration = 0.0;     ///< seconds, 0 or more
     std::int32_t pixWidth = 0; ///< pixels of the upright picture; above 0 for a movie
     std::int32_t pixHeight = 0;
-    double videoFps = 0.0; ///< frames per second, 0 when unknown
+    double videoFps = 0.0;     ///< frames per second, 0 when unknown
     QString strVideoCodecName; ///< as FFmpeg names it, for example "h264"
     double videoBitrate = 0.0; ///< bits per second, 0 when unknown
 };
