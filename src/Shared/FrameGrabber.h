@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Shared/TaskWrapper.h"
 #include "platform/CancelFlag.h"
 
 #include <QImage>
@@ -18,8 +19,8 @@ struct GrabbedFrame {
 class FrameGrabber {
 public:
     /// `toolPath` is the tool to run; the frames pass through the file "x.jpg" in `temporaryFolder`, which should be
-    /// this process's own.
-    FrameGrabber(QString toolPath, QString temporaryFolder);
+    /// this process's own. `patience` says when a tool that does not end is stopped.
+    FrameGrabber(QString toolPath, const QString &temporaryFolder, TaskLimits patience = {});
 
     /// The frame shown at `seconds`. When the tool gives none, the previous grab's picture, whatever movie it was of.
     /// Setting `cancelled` stops the running tool; the result is then of no use.
@@ -31,5 +32,6 @@ public:
 private:
     const QString tool;
     const QString pictureFile;
+    const TaskLimits limits;
     std::mutex oneAtATime;
 };

@@ -1,19 +1,76 @@
 #pragma once
 
+#include "Shared/TaskController.h"
+#include "platform/CancelFlag.h"
+
 #include <QByteArray>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QProcess>
-#include <QString>
+#include <QStringDecoder>
 #include <QStringList>
 
+#include <chrono>
+#include <cstdint>
 #include <memory>
+#include <vector>
 
-/// Hears of a tool's life; every call is optional. Calls arrive on the thread that started the tool.
-class TaskController {
+/// When a running tool is taken for one that will never end by itself.
+struct TaskLimits {
+    /// No output and no processor time for so long.
+    std::chrono::milliseconds silence = std::chrono::seconds(60);
+    /// More output than so many bytes.
+    std::int64_t outputBytes = std::int64_t{64} << 20;
+};
+
+/// Runs one external tool and waits for its end. Owned by whoever needs the tool; to be used on one thread, which needs
+/// no event loop. Never leaves a process behind.
+class TaskWrapper {
 public:
-    virtual ~TaskController() = default;
+    /// `listener` may be null and must outlive this. Element 0 of `commandLine` is the program, by its path; all of it
+    /// reaches the tool with the bytes that PathText gives.
+    TaskWrapper(TaskController *listener, QStringList commandLine, TaskLimits patience = {});
+    ~TaskWrapper();
+    TaskWrapper(const TaskWrapper &) = delete;
+    TaskWrapper &operator=(const TaskWrapper &) = delete;
 
-    virtual void processStarted() {}
-    virtual void appendOutput(const QString & /*text*/) {}
-    virtual void processFinished() {}
-    virtual void launcherDidTerminatedWithCode(int /*exitStatus*/) {}
+    /// Runs the tool, its two outputs as one, its input empty. What cannot be run ends at once.
+    void startProcess();
+
+    /// Waits until the tool has ended.
+    void waitUntilTaskExit();
+    /// The same, but setting `cancelled` stops the tool; false when it did.
+    bool waitUntilTaskExit(const CancelFlag &cancelled);
+
+    void suspend();
+    void resume();
+    /// Asks the tool to end, and hears no more of its output. If it does not within the limit for silence, waiting ends
+    /// it.
+    void stopProcess();
+
+private:
+    void passArgumentBytes();
+    void getData();
+    void FFMpegDidTerminate();
+    void demandEnd();
+    void watch();
+    bool showsLife();
+    void sendSignal(int number) const;
+    bool isRunning() const;
+
+    TaskController *controller;
+    const QStringList arguments;
+    const TaskLimits limits;
+
+    std::vector<QByteArray> argumentBytes; ///< only when Qt would change them; `argumentPointers` points into them
+    std::vector<char *> argumentPointers;
+    std::unique_ptr<QProcess> task;
+
+    QStringDecoder decoder{QStringDecoder::Utf8};
+    std::int64_t outputBytes = 0;
+    std::int64_t outputBytesSeen = 0; ///< at the last look for a sign of life
+    std::int64_t processorTicks = 0;
+    bool isSuspended = false;
+    QElapsedTimer sinceSignOfLife;
+    QDeadlineTimer killTime{QDeadlineTimer::Forever};
 };

@@ -1,0 +1,35 @@
+#include "Shared/FileStatus.h"
+
+#include "platform/PathText.h"
+
+#include <QFile>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+std::optional<struct stat> GlobalFun::fileStatus(const QString &path)
+{
+    struct stat status = {};
+    if (path.contains(QChar::Null) || ::stat(PathText::toBytes(path).constData(), &status) != 0)
+        return std::nullopt;
+    return status;
+}
+
+bool GlobalFun::isTaken(const QString &path)
+{
+    struct stat status = {};
+    return !path.contains(QChar::Null) && ::lstat(PathText::toBytes(path).constData(), &status) == 0;
+}
+
+std::optional<QByteArray> GlobalFun::contentsOf(const QString &path)
+{
+    const int descriptor = ::open(PathText::toBytes(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        return std::nullopt;
+    QFile file;
+    if (!file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        ::close(descriptor);
+        return std::nullopt;
+    }
+    return file.readAll();
+}

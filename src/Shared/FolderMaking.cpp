@@ -1,0 +1,15 @@
+#include "Shared/FolderMaking.h"
+
+#include "Shared/FileStatus.h"
+#include "platform/PathText.h"
+
+#include <filesystem>
+
+bool GlobalFun::MakeSureFolderExsist(const QString &path)
+{
+    // Its result is of no use here: it is also false when the folder was there before.
+    std::error_code error;
+    std::filesystem::create_directories(PathText::toBytes(path).toStdString(), error);
+    const auto status = fileStatus(path);
+    return status && S_ISDIR(status->st_mode);
+}

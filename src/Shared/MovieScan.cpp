@@ -1,0 +1,19 @@
+#include "Shared/MovieScan.h"
+
+#include "Shared/FolderWalk.h"
+#include "Shared/PathParts.h"
+#include "platform/PathText.h"
+
+QStringList GlobalFun::fileListAtDirenctory(const QString &folder, const QStringList &filter,
+                                            const CancelFlag &cancelled)
+{
+    QStringList found;
+    const auto keepMovie = [&found, &filter](const FolderWalk::File &file) {
+        const QString extension = pathExtension(PathText::fromBytes(file.name));
+        if (filter.contains(extension, Qt::CaseInsensitive))
+            found.append(PathText::fromBytes(file.path));
+    };
+    FolderWalk::walk(
+        PathText::toBytes(folder), [&cancelled] { return cancelled.load(); }, keepMovie);
+    return found;
+}

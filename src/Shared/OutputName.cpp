@@ -1,0 +1,34 @@
+#include "Shared/OutputName.h"
+
+#include "Shared/FileStatus.h"
+#include "Shared/PathParts.h"
+
+namespace {
+
+QString token(int number)
+{
+    return u'(' + QString::number(number) + u')';
+}
+
+} // namespace
+
+QString GlobalFun::makeSureFullPathIdentical(const QString &path, const QString &extension)
+{
+    QString candidate = path;
+    const QString found = pathExtension(path);
+    if (found.isEmpty() || found != extension)
+        candidate += u'.' + extension;
+
+    int number = 1;
+    while (isTaken(candidate)) {
+        const QString ending = pathExtension(candidate);
+        QString rest = deletingPathExtension(candidate);
+        const QString current = token(number);
+        if (candidate.contains(current))
+            rest.replace(current, token(++number));
+        else
+            rest += current;
+        candidate = rest + u'.' + ending;
+    }
+    return candidate;
+}

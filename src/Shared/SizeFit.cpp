@@ -1,0 +1,19 @@
+#include "Shared/SizeFit.h"
+
+#include <cmath>
+
+QSizeF GlobalFun::getSizeWithOrigin(const QSizeF &size, const QSizeF &max)
+{
+    return getSizeWithOrigin(size, max, nullptr);
+}
+
+QSizeF GlobalFun::getSizeWithOrigin(const QSizeF &size, const QSizeF &max, double *rate)
+{
+    // Of two numbers fmax takes the one that is one.
+    const double divisor = std::fmax(size.width() / max.width(), size.height() / max.height());
+    if (!(divisor > 1.0))
+        return size;
+    if (rate)
+        *rate = divisor;
+    return {size.width() / divisor, size.height() / divisor};
+}
