@@ -1,6 +1,7 @@
 #include "app/ExportCommand.h"
 
 #include "Shared/FileHelper.h"
+#include "Shared/FolderMaking.h"
 #include "app/CommandLineMovies.h"
 #include "app/Console.h"
 #include "app/DefaultsSeed.h"
@@ -100,8 +101,7 @@ QStringList ExportCommand::findCandidates()
     };
     events.folder = [this](const QString &path, qsizetype movies) {
         if (movies == 0 && !services.cancelled) {
-            report(path, FileHelper::isReadableFolder(path) ? QStringLiteral("no movies in this folder")
-                                                            : QStringLiteral("this folder cannot be read"));
+            report(path, QStringLiteral("no movies in this folder"));
         }
     };
     const QStringList formats = GlobalFun::getSupportedFmts(VXConfigManager(services.defaults));

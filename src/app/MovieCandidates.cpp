@@ -4,7 +4,9 @@
 #include "Shared/PathParts.h"
 #include "platform/PathText.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <system_error>
@@ -16,8 +18,13 @@ bool isVob(const QString &path)
     return GlobalFun::pathExtension(path).compare(u"vob", Qt::CaseInsensitive) == 0;
 }
 
-template<typename Call, typename... Arguments>
-void tell(const Call &call, const Arguments &...arguments)
+QString systemError(int number)
+{
+    return QString::fromStdString(std::generic_category().message(number));
+}
+
+template<typename... Parameters, typename... Arguments>
+void tell(const std::function<void(Parameters...)> &call, const Arguments &...arguments)
 {
     if (call) {
         call(arguments...);
@@ -35,13 +42,17 @@ QStringList MovieCandidates::expand(const QStringList &paths, const QStringList 
         if (cancelled) {
             break;
         }
-        if (lstat(PathText::toBytes(path).constData(), &status) != 0) {
-            const std::string error = std::generic_category().message(errno);
-            tell(events.unreadable, path, QStringLiteral("lstat error: ") + QString::fromStdString(error));
+        const QByteArray bytes = PathText::toBytes(path);
+        if (lstat(bytes.constData(), &status) != 0) {
+            tell(events.unreadable, path, u"lstat error: " + systemError(errno));
         } else if (S_ISDIR(status.st_mode)) {
             const QStringList found = GlobalFun::fileListAtDirenctory(path, extensions, cancelled);
             candidates += found;
-            tell(events.folder, path, found.size());
+            if (faccessat(AT_FDCWD, bytes.constData(), R_OK | X_OK, AT_EACCESS) != 0) {
+                tell(events.unreadable, path, systemError(errno));
+            } else {
+                tell(events.folder, path, found.size());
+            }
         } else if (isVob(path) && !acceptVob) {
             tell(events.vobRefused, path);
         } else {

@@ -12,11 +12,11 @@ namespace MovieCandidates {
 
 /// Hears what an expansion meets besides candidates; every call may be left empty.
 struct Events {
-    /// The path could not be looked at; `error` is the system's text, after "lstat error: ".
+    /// The path could not be looked at, or the folder not be listed; `error` is for the user.
     std::function<void(const QString &path, const QString &error)> unreadable;
     /// A single .vob file, which is only taken where the user has allowed it.
     std::function<void(const QString &path)> vobRefused;
-    /// A folder, after its movies have been found.
+    /// A folder, after its movies have been found (there may be none).
     std::function<void(const QString &path, qsizetype movies)> folder;
 };
 

@@ -19,6 +19,14 @@ bool fitsFileSystem(const QString &path)
     return PathText::toBytes(GlobalFun::lastPathComponent(path)).size() <= NAME_MAX;
 }
 
+/// The movie's name without extension; a name that is nothing but an extension (".mp4") stays whole.
+QString baseName(const QString &moviePath)
+{
+    const QString name = GlobalFun::lastPathComponent(moviePath);
+    const QString base = GlobalFun::deletingPathExtension(name);
+    return base.isEmpty() ? name : base;
+}
+
 void dropLastCharacter(QString &text)
 {
     const bool isPair = text.size() >= 2 && text.back().isLowSurrogate() && text.at(text.size() - 2).isHighSurrogate();
@@ -37,11 +45,11 @@ std::optional<QString> OutputFile::extensionForFormat(std::int64_t format)
 
 QString OutputFile::freePath(const QString &folder, const QString &moviePath, const QString &extension)
 {
-    QString name = GlobalFun::deletingPathExtension(GlobalFun::lastPathComponent(moviePath));
+    QString name = baseName(moviePath);
     for (;;) {
         const QString wanted = GlobalFun::appendingPathComponent(folder, name);
         const QString path = GlobalFun::makeSureFullPathIdentical(wanted, extension);
-        if (fitsFileSystem(path) || name.isEmpty()) {
+        if (fitsFileSystem(path) || name.size() <= 1) {
             return path;
         }
         dropLastCharacter(name);
