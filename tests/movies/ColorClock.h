@@ -24,8 +24,8 @@ inline int secondOfColor(const QColor &pixel)
     int bestDistance = 3 * 255;
     for (int second = 0; second < static_cast<int>(colors.size()); ++second) {
         const QColor color = colorAtSecond(second);
-        const int distance = qAbs(color.red() - pixel.red()) + qAbs(color.green() - pixel.green()) +
-                             qAbs(color.blue() - pixel.blue());
+        const int distance =
+            qAbs(color.red() - pixel.red()) + qAbs(color.green() - pixel.green()) + qAbs(color.blue() - pixel.blue());
         if (distance < bestDistance) {
             best = second;
             bestDistance = distance;

@@ -1,0 +1,167 @@
+#include "media/VXMediaInfo.h"
+#include "platform/PathText.h"
+#include "support/ScratchFolder.h"
+#include "support/WithoutPrivileges.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <thread>
+
+namespace {
+
+using namespace testing;
+
+const QString movies = QStringLiteral(TESSARINE_TEST_MOVIES "/");
+const CancelFlag never{false};
+
+std::optional<MediaError> probe(VXMediaInfoItem &item, const QString &path, const CancelFlag &cancelled = never)
+{
+    std::optional<MediaError> error;
+    item.filePath = path;
+    VXMediaInfo::dumpMediaInfo(item, error, cancelled);
+    return error;
+}
+
+struct Readable {
+    const char *file;
+    VXMediaType kind;
+    int width;
+    int height;
+    double duration;
+    double fps;
+    const char *codec;
+};
+
+class ProbeReads : public TestWithParam<Readable> {};
+
+TEST_P(ProbeReads, AllFields)
+{
+    const Readable &expected = GetParam();
+    VXMediaInfoItem item;
+    const auto error = probe(item, movies + QLatin1StringView(expected.file));
+    ASSERT_FALSE(error) << error->description.toStdString();
+    ASSERT_EQ(item.eumMediaType, expected.kind);
+    EXPECT_NEAR(item.duration, expected.duration, 0.1);
+    if (item.eumMediaType != VXMediaType::Movie)
+        return;
+    EXPECT_EQ(item.pixWidth, expected.width);
+    EXPECT_EQ(item.pixHeight, expected.height);
+    EXPECT_DOUBLE_EQ(item.videoFps, expected.fps);
+    EXPECT_EQ(item.strVideoCodecName, QLatin1StringView(expected.codec));
+    EXPECT_TRUE(std::isfinite(item.videoBitrate));
+    EXPECT_EQ(item.videoBitrate > 0, item.duration > 0);
+}
+
+const Readable readable[] = {
+    {"clock.mp4", VXMediaType::Movie, 320, 240, 12.0, 10.0, "h264"},
+    {"odd.mkv", VXMediaType::Movie, 321, 241, 3.0, 10.0, "ffv1"},
+    {"portrait.mp4", VXMediaType::Movie, 240, 320, 3.0, 10.0, "h264"},
+    {"anamorphic.mp4", VXMediaType::Movie, 720, 576, 3.0, 10.0, "h264"},
+    {"two-sizes.mkv", VXMediaType::Movie, 320, 240, 3.0, 10.0, "h264"},
+    {"small-default.mkv", VXMediaType::Movie, 160, 120, 3.0, 10.0, "h264"},
+    {"no-duration.mkv", VXMediaType::Movie, 320, 240, 0.0, 10.0, "h264"},
+    {"short.avi", VXMediaType::Movie, 320, 240, 3.0, 10.0, "mpeg4"},
+    {"sound.m4a", VXMediaType::Audio, 0, 0, 2.0, 0.0, ""},
+    {"cover.m4a", VXMediaType::Audio, 0, 0, 2.0, 0.0, ""},
+    {"picture.jpg", VXMediaType::Image, 0, 0, 0.0, 0.0, ""},
+    {"picture.mp4", VXMediaType::Image, 0, 0, 0.0, 0.0, ""},
+    {"terminal.ans", VXMediaType::Unknown, 0, 0, 0.0, 0.0, ""},
+};
+INSTANTIATE_TEST_SUITE_P(Movies, ProbeReads, ValuesIn(readable));
+
+TEST(ProbeRefuses, WhatIsNoMovieFileAndLeavesTheItemAlone)
+{
+    const ScratchFolder folder;
+    // Lists that name a FIFO, which would hold whoever opened it, and one that names the network.
+    for (const char *fifo : {"fifo.mp4", "fifo.ts", "titles.sub"})
+        ASSERT_EQ(::mkfifo(folder.bytes(fifo).constData(), 0644), 0);
+    const QString concat = folder.write("list.ffconcat", "ffconcat version 1.0\nfile fifo.ts\n");
+    const QByteArray m3u = "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\n";
+    const QString playlist = folder.write("list.m3u8", m3u + "fifo.ts\n#EXT-X-ENDLIST\n");
+    const QString network = folder.write("net.m3u8", m3u + "http://127.0.0.1:9/a.ts\n#EXT-X-ENDLIST\n");
+    const QString titles = folder.write("titles.idx", "# VobSub index file, v7\nid: en, index: 0\n"
+                                                      "timestamp: 00:00:01:000, filepos: 000000000\n");
+    const QString unreadable = folder.write("unreadable.mp4", "movie");
+    std::filesystem::permissions(folder.bytes("unreadable.mp4").toStdString(), std::filesystem::perms::none);
+
+    const std::pair<QString, const char *> cases[] = {
+        {movies + u"text.mp4", "not a media file"},
+        {movies + u"empty.mp4", "not a media file"},
+        {movies + u"cut-off.mp4", "not a media file"},
+        {movies + u"noise.mp4", "not a media file"},
+        {folder.path(), "is a folder"},
+        {folder.link(".", "folder-link.mp4"), "is a folder"},
+        {folder.path("fifo.mp4"), "not a regular file"},
+        {folder.link("/dev/zero", "device-link.mp4"), "not a regular file"},
+        {folder.link("nowhere", "dangling.mp4"), "No such file"},
+        {QString(), "No such file"},
+        {movies + u"clock.mp4" + QChar::Null, "No such file"},
+        {u"concat:" + movies + u"clock.mp4", "No such file"},
+        {unreadable, "Permission denied"},
+        {concat, "not a media file"},
+        {titles, "not a media file"},
+        {playlist, ""},
+        {network, ""},
+    };
+    const WithoutPrivileges plainUser;
+    for (const auto &[path, reason] : cases) {
+        SCOPED_TRACE(path.toStdString());
+        VXMediaInfoItem item;
+        item.pixWidth = 7;
+        const auto error = probe(item, path);
+        ASSERT_TRUE(error);
+        EXPECT_THAT(error->description.toStdString(), AllOf(HasSubstr(reason), Not(IsEmpty())));
+        EXPECT_EQ(item.pixWidth, 7);
+        EXPECT_EQ(item.eumMediaType, VXMediaType::Unknown);
+    }
+}
+
+TEST(ProbeRefuses, ToGoOnWhenCancelled)
+{
+    VXMediaInfoItem item;
+    const auto error = probe(item, movies + u"clock.mp4", CancelFlag(true));
+    ASSERT_TRUE(error);
+    EXPECT_THAT(error->description.toStdString(), HasSubstr("cancelled"));
+}
+
+TEST(ProbeReadsEvery, NameThatADiskCanHold)
+{
+    const ScratchFolder folder;
+    const QByteArray movie = PathText::toBytes(QString(movies + u"clock.mp4"));
+    for (const char *name :
+         {"a b\n'\"%d.mp4", "-y", "caf\xe9.mp4", "\xff", "http:", "*?[a].mkv", "\xf0\x9f\x8e\xac.mov"}) {
+        SCOPED_TRACE(name);
+        VXMediaInfoItem item;
+        EXPECT_FALSE(probe(item, folder.link(movie, name)));
+        EXPECT_EQ(item.pixWidth, 320);
+    }
+}
+
+TEST(Probe, RunsOnSeveralThreadsAndLeavesNothingOpen)
+{
+    const auto openFiles = [] {
+        int count = 0;
+        for (int number = 0; number < 1000; ++number)
+            count += ::fcntl(number, F_GETFD) >= 0 ? 1 : 0;
+        return count;
+    };
+    const int before = openFiles();
+    {
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < 3; ++i) {
+            threads.emplace_back([] {
+                for (const Readable &movie : readable) {
+                    VXMediaInfoItem item;
+                    EXPECT_FALSE(probe(item, movies + QLatin1StringView(movie.file)));
+                }
+            });
+        }
+    }
+    EXPECT_EQ(openFiles(), before);
+}
+
+} // namespace

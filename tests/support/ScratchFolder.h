@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/PathText.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+/// A temporary folder of a test, removed with all that is in it, names included that are no text.
+class ScratchFolder {
+public:
+    ScratchFolder()
+    {
+        root = (std::filesystem::temp_directory_path() / "tessarine-test-XXXXXX").c_str();
+        if (!::mkdtemp(root.data()))
+            std::abort();
+        std::filesystem::permissions(root.toStdString(), std::filesystem::perms(0755));
+    }
+    ~ScratchFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(root.toStdString(), ignored);
+    }
+    ScratchFolder(const ScratchFolder &) = delete;
+    ScratchFolder &operator=(const ScratchFolder &) = delete;
+
+    /// The bytes of a path in the folder, or of the folder itself.
+    QByteArray bytes(const QByteArray &name = {}) const
+    {
+        return name.isEmpty() ? root : QByteArray(root).append('/').append(name);
+    }
+    QString path(const QByteArray &name = {}) const { return PathText::fromBytes(bytes(name)); }
+
+    /// Makes a file with the folders above it.
+    QString write(const QByteArray &name, const QByteArray &contents = {}) const
+    {
+        const std::filesystem::path file = bytes(name).toStdString();
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file) << contents.toStdString();
+        return path(name);
+    }
+    /// Makes a folder with the folders above it.
+    QString makeFolder(const QByteArray &name) const
+    {
+        std::filesystem::create_directories(bytes(name).toStdString());
+        return path(name);
+    }
+    QString link(const QByteArray &target, const QByteArray &name) const
+    {
+        std::filesystem::create_symlink(target.toStdString(), bytes(name).toStdString());
+        return path(name);
+    }
+
+    /// The contents of a file; empty when there is none.
+    QByteArray read(const QByteArray &name) const
+    {
+        std::ifstream file(bytes(name).toStdString());
+        const std::string contents(std::istreambuf_iterator<char>(file), {});
+        return QByteArray::fromStdString(contents);
+    }
+    bool has(const QByteArray &name) const
+    {
+        return std::filesystem::exists(std::filesystem::symlink_status(bytes(name).toStdString()));
+    }
+
+private:
+    QByteArray root;
+};
