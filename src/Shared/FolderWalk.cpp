@@ -83,9 +83,10 @@ void FolderWalk::walk(const QByteArray &folder, const Stop &stop, const Visit &v
         const QByteArray path = joined(level.path, entry.name);
         if (!entry.isPlainFile && ::stat(path.constData(), &status) != 0)
             continue;
-        if (entry.isPlainFile || !S_ISDIR(status.st_mode))
+        if (entry.isPlainFile || !S_ISDIR(status.st_mode)) {
             visit({path, entry.name, levels.size() - 1});
-        else if (auto below = enter(path, status, levels))
+        } else if (auto below = enter(path, status, levels)) {
             levels.push_back(std::move(*below));
+        }
     }
 }

@@ -52,7 +52,7 @@ QString GlobalFun::getGUID(UserDefaults &defaults)
 {
     if (defaults.contains(PreferenceKeys::guid))
         return defaults.textValue(PreferenceKeys::guid);
-    const QString guid = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
+    QString guid = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
     defaults.setText(PreferenceKeys::guid, guid);
     defaults.synchronize();
     return guid;

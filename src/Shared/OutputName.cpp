@@ -24,10 +24,11 @@ QString GlobalFun::makeSureFullPathIdentical(const QString &path, const QString 
         const QString ending = pathExtension(candidate);
         QString rest = deletingPathExtension(candidate);
         const QString current = token(number);
-        if (candidate.contains(current))
+        if (candidate.contains(current)) {
             rest.replace(current, token(++number));
-        else
+        } else {
             rest += current;
+        }
         candidate = rest + u'.' + ending;
     }
     return candidate;

@@ -156,10 +156,11 @@ void TaskWrapper::demandEnd()
 /// Ends a tool that will not end by itself.
 void TaskWrapper::watch()
 {
-    if (isSuspended || showsLife())
+    if (isSuspended || showsLife()) {
         sinceSignOfLife.start();
-    else if (sinceSignOfLife.hasExpired(limits.silence.count()))
+    } else if (sinceSignOfLife.hasExpired(limits.silence.count())) {
         demandEnd();
+    }
     if (killTime.hasExpired())
         task->kill();
 }
