@@ -1,4 +1,5 @@
 #include "collage/DefaultParameters.h"
+
 #include "media/VXMediaInfoItem.h"
 #include "platform/ColorArchive.h"
 #include "platform/UserDefaults.h"
@@ -96,7 +97,8 @@ TEST_F(DefaultParametersTest, OnlyMoviesOverFourSecondsLeaveOutTheirEnds)
         double start;
         double end;
     };
-    for (const Case &clip : {Case{0.0, 0.0, 0.0}, Case{4.0, 0.0, 0.0}, Case{4.5, 2.0, 2.5}, Case{3600.0, 2.0, 3598.0}}) {
+    for (const Case &clip :
+         {Case{0.0, 0.0, 0.0}, Case{4.0, 0.0, 0.0}, Case{4.5, 2.0, 2.5}, Case{3600.0, 2.0, 3598.0}}) {
         movie.duration = clip.duration;
         EXPECT_DOUBLE_EQ(settings().startPoint, clip.start) << clip.duration;
         EXPECT_DOUBLE_EQ(settings().endPoint, clip.end) << clip.duration;

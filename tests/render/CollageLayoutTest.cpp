@@ -52,9 +52,9 @@ TEST(CollageLayout, TimesRunFromTheFirstTileToTheLast)
         std::int64_t tile;
         double time;
     };
-    for (const Case &sample : {Case{3, 4, 10.0, 120.0, 0, 10.0}, Case{3, 4, 10.0, 120.0, 5, 60.0},
-                               Case{3, 4, 10.0, 120.0, 11, 120.0}, Case{1, 1, 5.0, 99.0, 0, 5.0},
-                               Case{1, 2, 4.0, 9.0, 1, 9.0}, Case{2, 2, 0.0, 0.0, 3, 0.0}}) {
+    for (const Case &sample :
+         {Case{3, 4, 10.0, 120.0, 0, 10.0}, Case{3, 4, 10.0, 120.0, 5, 60.0}, Case{3, 4, 10.0, 120.0, 11, 120.0},
+          Case{1, 1, 5.0, 99.0, 0, 5.0}, Case{1, 2, 4.0, 9.0, 1, 9.0}, Case{2, 2, 0.0, 0.0, 3, 0.0}}) {
         CollageSettings settings = grid(sample.rows, sample.columns);
         settings.startPoint = sample.start;
         settings.endPoint = sample.end;

@@ -1,4 +1,5 @@
 #include "render/CollagePainter.h"
+
 #include "render/TileSource.h"
 
 #include <gtest/gtest.h>

@@ -1,10 +1,11 @@
+#include "render/ExportJob.h"
+
 #include "Shared/FrameGrabber.h"
 #include "collage/KTMovieObject.h"
 #include "platform/AlertPanel.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/UserDefaults.h"
 #include "platform/Workspace.h"
-#include "render/ExportJob.h"
 #include "render/ExportObserver.h"
 #include "render/MovieSource.h"
 
@@ -45,7 +46,11 @@ public:
     void revealFile(const QString &path) override { write(u"reveal " + name(path)); }
     void updateProgress(const ExportProgress &progress) override
     {
-        write(QStringLiteral("movie %1/%2 tile %3/%4").arg(progress.movie).arg(progress.movieCount).arg(progress.tile).arg(progress.tileCount));
+        write(QStringLiteral("movie %1/%2 tile %3/%4")
+                  .arg(progress.movie)
+                  .arg(progress.movieCount)
+                  .arg(progress.tile)
+                  .arg(progress.tileCount));
         onProgress(progress);
     }
     void imageWritten(const QString & /*movie*/, const QString &path) override { write(u"written " + name(path)); }
@@ -124,8 +129,8 @@ TEST_F(ExportJobTest, EachMovieIsWrittenBeforeTheNextBegins)
     add(QStringLiteral("a.mov"));
     add(QStringLiteral("a.mp4"));
     exportAll();
-    EXPECT_THAT(diary.entries, ElementsAre("movie 0/2 tile 1/2", "movie 0/2 tile 2/2", "written a.jpg", "movie 1/2 tile 1/2",
-                                           "movie 1/2 tile 2/2", "written a(1).jpg", "end"));
+    EXPECT_THAT(diary.entries, ElementsAre("movie 0/2 tile 1/2", "movie 0/2 tile 2/2", "written a.jpg",
+                                           "movie 1/2 tile 1/2", "movie 1/2 tile 2/2", "written a(1).jpg", "end"));
     EXPECT_EQ(images(), (QStringList{QStringLiteral("a(1).jpg"), QStringLiteral("a.jpg")}));
     const QImage image(outputFolder + QStringLiteral("/a.jpg"));
     EXPECT_EQ(image.size(), QSize(2 * 32 + 4 + 40, 24 + 40));
@@ -139,7 +144,8 @@ TEST_F(ExportJobTest, TheFormatKeyChoosesExtensionAndEncoder)
         const char *image;
         const char *magic;
     };
-    for (const Case &format : {Case{0, "a.jpg", "\xff\xd8"}, Case{1, "a.png", "\x89PNG"}, Case{2, "a.bmp", "BM"}, Case{3, "a.tiff", "II*"}}) {
+    for (const Case &format : {Case{0, "a.jpg", "\xff\xd8"}, Case{1, "a.png", "\x89PNG"}, Case{2, "a.bmp", "BM"},
+                               Case{3, "a.tiff", "II*"}}) {
         diary.movies.clear();
         add(QStringLiteral("a.mov"));
         defaults.setInteger(PreferenceKeys::outputFormat, format.key);

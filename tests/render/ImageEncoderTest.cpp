@@ -31,8 +31,9 @@ TEST(ImageEncoder, WritesTheTypeThatTheExtensionNames)
         const char *format;
         int tolerance; // of the lossy ones
     };
-    for (const Case &type : {Case{"jpg", "jpeg", 30}, Case{"jpeg", "jpeg", 30}, Case{"png", "png", 0}, Case{"bmp", "bmp", 0},
-                             Case{"tif", "tiff", 0}, Case{"tiff", "tiff", 0}, Case{"gif", "gif", 0}}) {
+    for (const Case &type :
+         {Case{"jpg", "jpeg", 30}, Case{"jpeg", "jpeg", 30}, Case{"png", "png", 0}, Case{"bmp", "bmp", 0},
+          Case{"tif", "tiff", 0}, Case{"tiff", "tiff", 0}, Case{"gif", "gif", 0}}) {
         QByteArray bytes = GlobalFun::dataRepresentationOfType(twoColours(), QString::fromLatin1(type.extension));
         QBuffer buffer(&bytes);
         QImageReader reader(&buffer);
@@ -47,7 +48,8 @@ TEST(ImageEncoder, WritesTheTypeThatTheExtensionNames)
 TEST(ImageEncoder, GivesNothingForOtherExtensionsAndNoImage)
 {
     for (const char *extension : {"", "JPG", "Png", ".jpg", "webp", "jpg "}) {
-        EXPECT_TRUE(GlobalFun::dataRepresentationOfType(twoColours(), QString::fromLatin1(extension)).isEmpty()) << extension;
+        EXPECT_TRUE(GlobalFun::dataRepresentationOfType(twoColours(), QString::fromLatin1(extension)).isEmpty())
+            << extension;
     }
     EXPECT_TRUE(GlobalFun::dataRepresentationOfType(QImage(), QStringLiteral("png")).isEmpty());
 }

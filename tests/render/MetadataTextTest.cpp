@@ -1,5 +1,6 @@
-#include "media/VXMediaInfoItem.h"
 #include "render/MetadataText.h"
+
+#include "media/VXMediaInfoItem.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -45,7 +46,8 @@ TEST_F(MetadataTextTest, ShowsTheChosenFactsInTheirOrder)
 
 TEST_F(MetadataTextTest, SizesAreDecimalMegabytes)
 {
-    for (const auto &[bytes, text] : {std::pair<qint64, const char *>{1'048'576, "1.0"}, {999'999, "1.0"}, {949'999, "0.9"}}) {
+    for (const auto &[bytes, text] :
+         {std::pair<qint64, const char *>{1'048'576, "1.0"}, {999'999, "1.0"}, {949'999, "0.9"}}) {
         makeFile(bytes);
         EXPECT_EQ(getMetaStrWithObject(movie, 0x8), QStringLiteral("File Size: %1 MB\n").arg(QLatin1StringView(text)));
     }
@@ -56,7 +58,8 @@ TEST_F(MetadataTextTest, TheDateIsWrittenInUniversalTime)
     makeFile(1);
     const QString line = getMetaStrWithObject(movie, 0x40);
     // A file system without creation dates leaves the line without one.
-    const QRegularExpression form(QStringLiteral("^Creation Date: (\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d \\+0000)?\n$"));
+    const QRegularExpression form(
+        QStringLiteral("^Creation Date: (\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d \\+0000)?\n$"));
     EXPECT_TRUE(form.match(line).hasMatch()) << line.toStdString();
 }
 

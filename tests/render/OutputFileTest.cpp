@@ -5,7 +5,6 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
 namespace {
@@ -34,8 +33,9 @@ TEST(OutputFile, NamesFollowTheMovie)
         const char *movie;
         const char *image;
     };
-    for (const Case &name : {Case{"/m/a.b.mov", "a.b.jpg"}, Case{"/m/taken.mp4", "taken(2).jpg"}, Case{"/m/plain", "plain.jpg"},
-                             Case{"/m/already.jpg.mp4", "already.jpg"}, Case{"/m/.mp4", ".mp4.jpg"}}) {
+    for (const Case &name :
+         {Case{"/m/a.b.mov", "a.b.jpg"}, Case{"/m/taken.mp4", "taken(2).jpg"}, Case{"/m/plain", "plain.jpg"},
+          Case{"/m/already.jpg.mp4", "already.jpg"}, Case{"/m/.mp4", ".mp4.jpg"}}) {
         EXPECT_EQ(OutputFile::freePath(folder.path(), QString::fromUtf8(name.movie), QStringLiteral("jpg")),
                   folder.filePath(QString::fromUtf8(name.image)));
     }
@@ -45,7 +45,8 @@ TEST(OutputFile, NamesThatWouldBeTooLongAreCutBetweenCharacters)
 {
     const QTemporaryDir folder;
     for (const QString &letter : {QStringLiteral("x"), QStringLiteral("ß"), QStringLiteral("😀")}) {
-        const QString movie = QStringLiteral("/m/") + letter.repeated(255 / letter.toUtf8().size()) + QStringLiteral(".ts");
+        const QString movie =
+            QStringLiteral("/m/") + letter.repeated(255 / letter.toUtf8().size()) + QStringLiteral(".ts");
         for (int copy = 0; copy < 3; ++copy) {
             const QString path = OutputFile::freePath(folder.path(), movie, QStringLiteral("tiff"));
             EXPECT_LE(path.section(u'/', -1).toUtf8().size(), 255);

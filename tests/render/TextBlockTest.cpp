@@ -46,8 +46,8 @@ TEST(TextBlock, KeepsOnlyTheLinesThatFitTheBox)
 
 TEST(TextBlock, DrawsWithinWhatItMeasured)
 {
-    const TextBlock block(QStringLiteral("File Name: wide movie name.mkv\nDuration: 00:00:12\n"), TextBlock::systemFont(),
-                          {120.0, 200.0});
+    const TextBlock block(QStringLiteral("File Name: wide movie name.mkv\nDuration: 00:00:12\n"),
+                          TextBlock::systemFont(), {120.0, 200.0});
     QImage image(300, 300, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);

@@ -1,0 +1,84 @@
+#include "app/ExportOptions.h"
+
+#include "platform/ColorArchive.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Action = ExportOptions::Action;
+
+ExportOptions parse(const QString &arguments)
+{
+    return ExportOptions::parse(QString(u"tessarine " + arguments).split(u' '));
+}
+
+TEST(ExportOptions, ReadsEveryOption)
+{
+    const ExportOptions options = parse(QStringLiteral(
+        "--export -o out --rows 4 --columns=5 --tile-width 120 --format tiff --start 90 --end 01:02:03.5 "
+        "--set DefaultHGaps=7.9 --set DefultBkgColor=#80ff0000 -q a.mkv -- --b.mkv"));
+    EXPECT_EQ(options.action, Action::Export) << options.problem.toStdString();
+    EXPECT_EQ(options.paths, (QStringList{QStringLiteral("a.mkv"), QStringLiteral("--b.mkv")}));
+    EXPECT_EQ(options.outputFolder, QStringLiteral("out"));
+    EXPECT_TRUE(options.quiet);
+    EXPECT_FALSE(options.beside);
+    EXPECT_EQ(options.start, 90.0);
+    EXPECT_EQ(options.end, 3723.5);
+
+    QVariantMap settings;
+    for (const SettingOption &setting : options.settings) {
+        settings.insert(setting.key, setting.value);
+    }
+    const QVariantMap expected{{QStringLiteral("DefaultRowNumber"), 4},
+                               {QStringLiteral("DefaultColumeNumber"), 5},
+                               {QStringLiteral("DefaultTileWidth"), 120},
+                               {QStringLiteral("OutputFormatKey"), 3},
+                               {QStringLiteral("DefaultHGaps"), QStringLiteral("7.9")},
+                               {QStringLiteral("DefultBkgColor"), ColorArchive::archive(QColor(255, 0, 0, 128))}};
+    EXPECT_EQ(settings, expected);
+}
+
+TEST(ExportOptions, ChoosesWhatToDo)
+{
+    for (const auto &[arguments, action] : {std::pair{"--export a", Action::Export},
+                                            {"--help", Action::ShowHelp},
+                                            {"-v", Action::ShowVersion},
+                                            {"--export --help", Action::ShowHelp},
+                                            {"a.mkv b.mkv", Action::OpenWindow}}) {
+        EXPECT_EQ(parse(QString::fromLatin1(arguments)).action, action) << arguments;
+    }
+    EXPECT_EQ(ExportOptions::parse({QStringLiteral("tessarine")}).action, Action::OpenWindow);
+}
+
+TEST(ExportOptions, RefusesWhatMakesNoSense)
+{
+    for (const char *arguments : {"--export",
+                                  "--export ",
+                                  "--frobnicate",
+                                  "--export -o",
+                                  "--export -o out --beside a",
+                                  "--export --rows x a",
+                                  "--export --rows -1 a",
+                                  "--export --rows 2147483648 a",
+                                  "--export --columns 1.5 a",
+                                  "--export --tile-width 0 a",
+                                  "--export --format gif a",
+                                  "--export --format JPG a",
+                                  "--export --start 5:30 a",
+                                  "--export --start -1 a",
+                                  "--export --end nan a",
+                                  "--export --start 10 --end 9 a",
+                                  "--export --set Nonsense=1 a",
+                                  "--export --set DefaultRowNumber a",
+                                  "--export --set DefaultRowNumber=many a",
+                                  "--export --set DefultBkgColor=red a",
+                                  "--export --set DefaultDrawShadow=perhaps a",
+                                  "--export --set BookmarksKey=x a"}) {
+        const ExportOptions options = parse(QString::fromLatin1(arguments));
+        EXPECT_EQ(options.action, Action::RefuseUsage) << arguments;
+        EXPECT_FALSE(options.problem.isEmpty()) << arguments;
+    }
+}
+
+} // namespace
