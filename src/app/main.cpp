@@ -13,6 +13,7 @@
 #include "platform/PathText.h"
 #include "platform/UserDefaults.h"
 
+#include <QDir>
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QStandardPaths>
@@ -102,22 +103,30 @@ void warnOfMissingParts(const QString &toolPath)
     }
 }
 
-int exportMovies(ExportOptions options, int argc, char **argv)
+/// No display is needed, and a desktop's theme plug-in would look for one. Where the session has no run-time folder, Qt
+/// would make one in the temporary folder and leave it there.
+void prepareForNoDisplay(const QString &runtimeFolder)
 {
-    // No display is needed, and a desktop's theme plug-in would look for one.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_QPA_PLATFORMTHEME");
-    quietenLog();
-    const QGuiApplication application(argc, argv);
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeFolder));
+    }
+}
 
+int exportMovies(ExportOptions options, int argc, char **argv)
+{
+    quietenLog();
     CancelFlag cancelled = false;
     const InterruptSignals interrupts(cancelled);
     Console console(stdout, stderr, options.quiet);
-    const QTemporaryDir temporaryFolder;
+    const QTemporaryDir temporaryFolder(QDir::tempPath() + u"/tessarine-XXXXXX");
     if (!temporaryFolder.isValid()) {
         console.printMessage(QStringLiteral("no temporary folder: ") + temporaryFolder.errorString());
         return ExportCommand::SomeFailed;
     }
+    prepareForNoDisplay(temporaryFolder.path());
+    const QGuiApplication application(argc, argv);
     const QString toolPath = FrameGrabber::toolPathBeside(executablePath());
     warnOfMissingParts(toolPath);
 

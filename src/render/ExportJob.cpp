@@ -34,7 +34,7 @@ public:
     {
         const GrabbedFrame frame = services.grabber.createThumbnail(report.filePath, seconds, services.bExportCanceled);
         if (!services.bExportCanceled) {
-            missing += frame.isNew ? 0 : 1;
+            missing += frame.isNew && !frame.picture.isNull() ? 0 : 1;
             report.tile = tile + 1;
             report.picture = frame.picture;
             services.observer.updateProgress(report);

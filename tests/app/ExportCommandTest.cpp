@@ -174,6 +174,7 @@ TEST_F(ExportCommandTest, HostileNamesLoadAndExport)
     EXPECT_EQ(images, names.size());
     EXPECT_TRUE(std::filesystem::exists(films / "bad\xff\xfe"
                                                 "bytes.jpg"));
+    std::filesystem::remove_all(films); // Qt cannot name all of it
 }
 
 TEST_F(ExportCommandTest, TheDefaultFolderIsMadeOnlyForAnImage)
@@ -212,10 +213,10 @@ TEST_F(ExportCommandTest, OddSettingsNeverCrash)
     for (const Case &odd :
          {Case{"DefaultRowNumber=0", 0}, Case{"DefaultRowNumber=-7", 1}, Case{"DefaultTileWidth=1000000", 1},
           Case{"DefaultBorderWidth=2147483647", 1}, Case{"DefaultBorderWidth=-30", 0},
-          Case{"DefaultHGaps=-99999999999", 0}, Case{"DefaultTileBorderWidth=100000", 0}, Case{"OutputFormatKey=4", 1},
+          Case{"DefaultHGaps=-99999999999", 1}, Case{"DefaultTileBorderWidth=100000", 0}, Case{"OutputFormatKey=4", 1},
           Case{"OutputFormatKey=-1", 1}, Case{"GridTextPositionKey=99", 0}, Case{"MetadataTextKey=-1", 0},
           Case{"DefultBkgColor=#00000000", 0}}) {
-        EXPECT_EQ(run("--columns 1 --rows 1 --set " + QByteArray(odd.setting), {movie("short.mp4")}), odd.status)
+        EXPECT_EQ(run("--columns 1 --set " + QByteArray(odd.setting), {movie("short.mp4")}), odd.status)
             << odd.setting << messages.join('\n').constData();
         EXPECT_EQ(messages.size(), odd.status) << odd.setting << messages.join('\n').constData();
     }
