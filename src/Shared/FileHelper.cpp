@@ -4,6 +4,7 @@
 #include "Shared/FolderMaking.h"
 #include "Shared/FolderWalk.h"
 #include "Shared/PathParts.h"
+#include "platform/FileDescriptor.h"
 #include "platform/PathText.h"
 
 #include <QDir>
@@ -11,7 +12,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -65,9 +65,8 @@ bool FileHelper::directoryExistsWithPath(const QString &path)
 bool FileHelper::createFileWithPath(const QString &path)
 {
     // Without O_NONBLOCK a FIFO at the path would wait for its reader.
-    const int file = ::open(PathText::toBytes(path).constData(), O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_CLOEXEC,
-                            S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH);
-    return file >= 0 && ::close(file) == 0;
+    static constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_CLOEXEC;
+    return FileDescriptor(::open(PathText::toBytes(path).constData(), flags, 0666)).isOpen();
 }
 
 bool FileHelper::deleteFileWithPath(const QString &path)

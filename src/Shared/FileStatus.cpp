@@ -1,11 +1,11 @@
 #include "Shared/FileStatus.h"
 
+#include "platform/FileDescriptor.h"
 #include "platform/PathText.h"
 
 #include <QFile>
 
 #include <fcntl.h>
-#include <unistd.h>
 
 std::optional<struct stat> GlobalFun::fileStatus(const QString &path)
 {
@@ -23,13 +23,9 @@ bool GlobalFun::isTaken(const QString &path)
 
 std::optional<QByteArray> GlobalFun::contentsOf(const QString &path)
 {
-    const int descriptor = ::open(PathText::toBytes(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0)
-        return std::nullopt;
+    const FileDescriptor opened(::open(PathText::toBytes(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     QFile file;
-    if (!file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
-        ::close(descriptor);
+    if (!opened.isOpen() || !file.open(opened.get(), QIODevice::ReadOnly))
         return std::nullopt;
-    }
     return file.readAll();
 }

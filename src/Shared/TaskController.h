@@ -3,7 +3,7 @@
 #include <QString>
 
 /// Hears of a tool's life; every call is optional. Calls arrive on the thread that started the tool, while it waits for
-/// the tool or runs its event loop.
+/// the tool's end.
 class TaskController {
 public:
     virtual ~TaskController() = default;

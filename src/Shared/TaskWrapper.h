@@ -1,19 +1,17 @@
 #pragma once
 
+#include "Shared/ChildProcess.h"
 #include "Shared/TaskController.h"
 #include "platform/CancelFlag.h"
 
-#include <QByteArray>
 #include <QDeadlineTimer>
 #include <QElapsedTimer>
-#include <QProcess>
 #include <QStringDecoder>
 #include <QStringList>
 
 #include <chrono>
 #include <cstdint>
 #include <memory>
-#include <vector>
 
 /// When a running tool is taken for one that will never end by itself.
 struct TaskLimits {
@@ -34,7 +32,7 @@ public:
     TaskWrapper(const TaskWrapper &) = delete;
     TaskWrapper &operator=(const TaskWrapper &) = delete;
 
-    /// Runs the tool, its two outputs as one, its input empty. What cannot be run ends at once.
+    /// Runs the tool, its two outputs as one, its input empty. What cannot be run ends at once, without a word.
     void startProcess();
 
     /// Waits until the tool has ended.
@@ -49,26 +47,19 @@ public:
     void stopProcess();
 
 private:
-    void passArgumentBytes();
-    void getData();
+    bool getData();
     void FFMpegDidTerminate();
     void demandEnd();
     void watch();
-    bool showsLife();
-    void sendSignal(int number) const;
-    bool isRunning() const;
+    bool isRunning() const { return task && task->isRunning(); }
 
     TaskController *controller;
     const QStringList arguments;
     const TaskLimits limits;
-
-    std::vector<QByteArray> argumentBytes; ///< only when Qt would change them; `argumentPointers` points into them
-    std::vector<char *> argumentPointers;
-    std::unique_ptr<QProcess> task;
+    std::unique_ptr<ChildProcess> task;
 
     QStringDecoder decoder{QStringDecoder::Utf8};
     std::int64_t outputBytes = 0;
-    std::int64_t outputBytesSeen = 0; ///< at the last look for a sign of life
     std::int64_t processorTicks = 0;
     bool isSuspended = false;
     QElapsedTimer sinceSignOfLife;

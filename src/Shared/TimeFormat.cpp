@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QLocale>
 
 #include <algorithm>
 #include <array>
@@ -27,7 +28,7 @@ double leadingNumber(QStringView text)
     double value = 0.0;
     const auto [stop, error] = std::from_chars(begin, end, value);
     if (error == std::errc::result_out_of_range) // far too large, or too small to tell from 0
-        value = QByteArrayView(begin, stop).toDouble();
+        value = QLocale::c().toDouble(QString::fromLatin1(begin, stop - begin));
     return negative ? -value : value;
 }
 
