@@ -1,0 +1,131 @@
+#include "Shared/FolderMaking.h"
+#include "Shared/MovieScan.h"
+#include "support/ScratchFolder.h"
+#include "support/WithoutPrivileges.h"
+
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+namespace {
+
+using namespace GlobalFun;
+using namespace testing;
+namespace fs = std::filesystem;
+
+const CancelFlag never{false};
+const QStringList filter = {QStringLiteral("mkv"), QStringLiteral("mp4")};
+
+/// What the scan finds, relative to the folder.
+std::vector<std::string> scan(const ScratchFolder &folder, const QStringList &extensions = filter)
+{
+    std::vector<std::string> names;
+    for (const QString &path : fileListAtDirenctory(folder.path(), extensions, never)) {
+        const QByteArray bytes = PathText::toBytes(path);
+        EXPECT_TRUE(bytes.startsWith(folder.bytes().append('/'))) << bytes.constData();
+        names.push_back(bytes.mid(folder.bytes().size() + 1).toStdString());
+    }
+    return names;
+}
+
+TEST(MovieScan, FindsMoviesByTheirExtensionAnywhereBelow)
+{
+    const ScratchFolder folder;
+    for (const char *name : {"x/y/Z.MKV", ".hidden.mp4", "caf\xe9.mp4", "line\nbreak.Mp4", "no-extension", "mp4",
+                             "notes.txt", "a.mp4.part", "folder.mp4/inside.mkv", "ends."})
+        folder.write(name);
+    folder.link("x", "also-x");
+    folder.link("x/y/Z.MKV", "link.mkv");
+    folder.link("nowhere.mp4", "dangling.mp4");
+    EXPECT_THAT(scan(folder), UnorderedElementsAre("x/y/Z.MKV", ".hidden.mp4", "caf\xe9.mp4", "line\nbreak.Mp4",
+                                                   "folder.mp4/inside.mkv", "also-x/y/Z.MKV", "link.mkv"));
+    EXPECT_THAT(scan(folder, {QString()}), UnorderedElementsAre("no-extension", "mp4", "ends."));
+    EXPECT_THAT(fileListAtDirenctory(folder.path("no such folder"), filter, never), IsEmpty());
+    EXPECT_THAT(fileListAtDirenctory(folder.path("notes.txt"), filter, never), IsEmpty());
+}
+
+TEST(MovieScan, KeepsTheOrderOfTheListingsDepthFirst)
+{
+    const ScratchFolder folder;
+    for (int i = 0; i < 40; ++i)
+        folder.write("d" + QByteArray::number(i % 7) + "/e" + QByteArray::number(i % 3) + "/" + QByteArray::number(i) +
+                     ".mp4");
+    for (int i = 0; i < 20; ++i)
+        folder.write(QByteArray::number(i) + ".mkv");
+    std::vector<std::string> expected;
+    for (const auto &entry : fs::recursive_directory_iterator(folder.bytes().toStdString())) {
+        if (entry.is_regular_file())
+            expected.push_back(fs::relative(entry.path(), folder.bytes().toStdString()));
+    }
+    EXPECT_EQ(scan(folder), expected);
+}
+
+TEST(MovieScan, DoesNotEnterAFolderInsideItself)
+{
+    const ScratchFolder folder;
+    folder.write("a/1.mp4");
+    folder.write("b/2.mp4");
+    for (const char *name : {"self", "again", "and-again"})
+        folder.link(".", name);
+    folder.link("../b", "a/to-b");
+    folder.link("../a", "b/to-a");
+    EXPECT_THAT(scan(folder), UnorderedElementsAre("a/1.mp4", "a/to-b/2.mp4", "b/2.mp4", "b/to-a/1.mp4"));
+}
+
+TEST(MovieScan, PassesOverWhatItCannotRead)
+{
+    const ScratchFolder folder;
+    folder.write("closed/1.mp4");
+    folder.write("unlisted/2.mp4");
+    folder.write("open/3.mp4");
+    fs::permissions(folder.bytes("closed").toStdString(), fs::perms::none);
+    fs::permissions(folder.bytes("unlisted").toStdString(), fs::perms::others_exec);
+
+    // Folders in one another, down to where no path reaches.
+    int level = ::open(folder.bytes().constData(), O_RDONLY | O_DIRECTORY);
+    const std::string longName(200, 'n');
+    for (int depth = 0; depth < 30; ++depth) {
+        ASSERT_EQ(::mkdirat(level, longName.c_str(), 0755), 0);
+        const int below = ::openat(level, longName.c_str(), O_RDONLY | O_DIRECTORY);
+        ::close(level);
+        level = below;
+    }
+    ::close(level);
+
+    const WithoutPrivileges plainUser;
+    EXPECT_THAT(scan(folder), ElementsAre("open/3.mp4"));
+}
+
+TEST(MovieScan, EndsWhenCancelled)
+{
+    const ScratchFolder folder;
+    folder.write("1.mp4");
+    EXPECT_THAT(fileListAtDirenctory(folder.path(), filter, CancelFlag(true)), IsEmpty());
+}
+
+TEST(FolderMaking, MakesFoldersAndLeavesFilesAlone)
+{
+    const ScratchFolder folder;
+    folder.write("file", "contents");
+    folder.makeFolder("there");
+    folder.link("there", "link");
+    folder.link("nowhere", "dangling");
+    const std::pair<QString, bool> cases[] = {
+        {QString(), false},
+        {folder.path("there"), true},
+        {folder.path("link"), true},
+        {folder.path("a/b/c"), true},
+        {folder.path("d/e/"), true},
+        {folder.path("caf\xe9"), true},
+        {folder.path("file"), false},
+        {folder.path("file/x"), false},
+        {folder.path("dangling"), false},
+        {QStringLiteral("/proc/x"), false},
+    };
+    for (const auto &[path, made] : cases)
+        EXPECT_EQ(MakeSureFolderExsist(path), made) << path.toStdString();
+    EXPECT_EQ(folder.read("file"), "contents");
+    EXPECT_TRUE(fs::is_directory(folder.bytes("caf\xe9").toStdString()));
+}
+
+} // namespace

@@ -1,0 +1,130 @@
+#include "Shared/NumberText.h"
+#include "Shared/SizeFit.h"
+#include "Shared/TimeFormat.h"
+#include "Shared/UrlText.h"
+
+#include <QLocale>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+namespace {
+
+using namespace GlobalFun;
+
+constexpr double infinite = std::numeric_limits<double>::infinity();
+constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
+
+TEST(NumberText, IsThatOfTheCLanguageWhateverTheLocale)
+{
+    QLocale::setDefault(QLocale(QLocale::German));
+    for (const double value : {0.0, -0.0, 12.345, 0.125, 0.375, -0.4, 59.5, 1e22, 1.7976931348623157e308, infinite,
+                               -infinite, noNumber, std::copysign(noNumber, -1.0)}) {
+        for (const int decimals : {0, 1, 2, 100}) {
+            std::array<char, 500> expected = {};
+            std::snprintf(expected.data(), expected.size(), "%.*f", decimals, value);
+            EXPECT_EQ(fixedText(value, decimals).toStdString(), expected.data());
+        }
+    }
+    QLocale::setDefault(QLocale::c());
+}
+
+TEST(TimeFormat, WritesHoursMinutesSeconds)
+{
+    const std::pair<double, const char *> cases[] = {
+        {0, "00:00:00"},         {59.9, "00:00:59"},         {65, "00:01:05"},      {3599.99, "00:59:59"},
+        {3600, "01:00:00"},      {360000, "100:00:00"},      {-0.9, "00:00:00"},    {-5, "00:00:-5"},
+        {-3599, "00:-59:-59"},   {-3600, "00:00"},           {-3661, "-1:-1"},      {noNumber, "00:00:00"},
+        {1e300, "596523:14:07"}, {infinite, "596523:14:07"}, {-infinite, "-14:-8"},
+    };
+    for (const auto &[seconds, text] : cases)
+        EXPECT_EQ(getTimeStringBySecond(seconds).toStdString(), text) << seconds;
+
+    const HourMinuteSecond split = getHour(-7325.5);
+    EXPECT_EQ(split.hours, -2);
+    EXPECT_EQ(split.minutes, -2);
+    EXPECT_EQ(split.seconds, -5);
+}
+
+TEST(TimeFormat, ReadsSecondsByTheirPlaceFromTheLeft)
+{
+    const std::pair<const char *, double> cases[] = {
+        {"01:02:03", 3723}, {"", 0},
+        {":", 0},           {"1:2:3:4", 3723},
+        {"05:30", 19800},   {"90", 324000},
+        {"x:1:y", 60},      {" 1 : 2 ", 3720},
+        {"0:0:1.5s", 1.5},  {"0:0:.5", 0.5},
+        {"0:0:1e1", 10},    {"-1:0:0", -3600},
+        {"0:+2:0", 120},    {"inf:nan:0x10", 0},
+        {"--1", 0},         {"0:0:1e999", infinite},
+        {"0:0:1e-999", 0},  {"0:0:\xe2\x91\xa0", 0},
+        {"0:0:1,5", 1},     {"+-1", 0},
+    };
+    for (const auto &[text, seconds] : cases)
+        EXPECT_EQ(getSecondsByTimeString(QString::fromUtf8(text)), seconds) << text;
+}
+
+TEST(TimeFormat, EstimatesTheTimeLeft)
+{
+    const std::pair<double, const char *> cases[] = {
+        {-3, "-3 second remaining"},
+        {0, "0 second remaining"},
+        {1.0, "1 second remaining"},
+        {1.2, "1 seconds remaining"},
+        {45, "45 seconds remaining"},
+        {59.6, "60 seconds remaining"},
+        {60, "1 minite 0 second remaining"},
+        {119.9, "1 minite 59 seconds remaining"},
+        {121.5, "2 minites 1 second remaining"},
+        {3599.9, "59 minites 59 seconds remaining"},
+        {3600, "1 hour 0 minite remaining"},
+        {3661, "1 hour 1 minite remaining"},
+        {7199.9, "1 hour 59 minites remaining"},
+        {7200, "2 hours 0 minite remaining"},
+        {7320, "2 hours 2 minites remaining"},
+        {noNumber, "0 hour 0 minite remaining"},
+        {-infinite, "-inf second remaining"},
+        {infinite, "596523 hours 35791394 minites remaining"},
+    };
+    for (const auto &[seconds, text] : cases)
+        EXPECT_EQ(getEstimateStrBySecond(seconds).toStdString(), text) << seconds;
+}
+
+TEST(SizeFit, ShrinksButNeverEnlarges)
+{
+    struct {
+        QSizeF size;
+        QSizeF max;
+        QSizeF fitted;
+        double rate; ///< -1 when it must be left alone
+    } const cases[] = {
+        {{1920, 1080}, {480, 480}, {480, 270}, 4}, {{1080, 1920}, {480, 480}, {270, 480}, 4},
+        {{100, 50}, {480, 480}, {100, 50}, -1},    {{480, 480}, {480, 480}, {480, 480}, -1},
+        {{10, 10}, {0, 100}, {0, 0}, infinite},    {{0, 0}, {0, 0}, {0, 0}, -1},
+        {{10, 10}, {noNumber, 5}, {5, 5}, 2},      {{10, 10}, {noNumber, noNumber}, {10, 10}, -1},
+    };
+    for (const auto &each : cases) {
+        double rate = -1;
+        EXPECT_EQ(getSizeWithOrigin(each.size, each.max, &rate), each.fitted);
+        EXPECT_EQ(getSizeWithOrigin(each.size, each.max), each.fitted);
+        EXPECT_EQ(rate, each.rate);
+    }
+}
+
+TEST(UrlText, EscapesAllThatHasAMeaningInAQuery)
+{
+    const std::pair<const char *, const char *> cases[] = {
+        {"", ""},
+        {"AZaz09-._~&;", "AZaz09-._~&;"},
+        {":/= +*, '()!@$?^[]{}", "%3A%2F%3D%20%2B%2A%2C%20%27%28%29%21%40%24%3F%5E%5B%5D%7B%7D"},
+        {"100%#<>\"\\|`\n", "100%25%23%3C%3E%22%5C%7C%60%0A"},
+        {"é片🎬", "%C3%A9%E7%89%87%F0%9F%8E%AC"},
+    };
+    for (const auto &[text, escaped] : cases)
+        EXPECT_EQ(encodedURLParameterString(QString::fromUtf8(text)).toStdString(), escaped);
+}
+
+} // namespace

@@ -1,0 +1,147 @@
+#include "Shared/FrameGrabber.h"
+
+#include "media/VXMediaInfo.h"
+#include "movies/ColorClock.h"
+#include "platform/PathText.h"
+#include "support/ScriptedTool.h"
+
+#include <QLocale>
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <limits>
+#include <thread>
+
+namespace {
+
+using namespace testing;
+
+const QString movies = QStringLiteral(TESSARINE_TEST_MOVIES "/");
+const QString picture = movies + QStringLiteral("picture.jpg");
+const CancelFlag never{false};
+
+/// The start of a tool's script that puts a picture where it was told to.
+const QByteArray writePicture = "for last; do :; done; cp '" + PathText::toBytes(picture) + "' \"$last\";";
+
+class FrameGrabberTest : public Test {
+protected:
+    ScratchFolder folder;
+    FrameGrabber ffmpeg{QStringLiteral(TESSARINE_TEST_FFMPEG), folder.path()};
+};
+
+TEST_F(FrameGrabberTest, ShowsThePictureOfTheTime)
+{
+    for (const int second : {0, 1, 5, 7, 11}) {
+        const GrabbedFrame frame = ffmpeg.createThumbnail(movies + u"clock.mp4", second + 0.5, never);
+        EXPECT_TRUE(frame.isNew);
+        ASSERT_EQ(frame.picture.size(), QSize(320, 240));
+        EXPECT_EQ(ColorClock::secondOfColor(frame.picture.pixelColor(160, 120)), second);
+    }
+}
+
+TEST_F(FrameGrabberTest, ShowsPicturesOfTheSizeThatTheProbeTells)
+{
+    for (const char *name : {"short.mp4", "odd.mkv", "portrait.mp4", "anamorphic.mp4", "two-sizes.mkv",
+                             "small-default.mkv", "no-duration.mkv", "short.avi"}) {
+        VXMediaInfoItem item;
+        item.filePath = movies + QLatin1StringView(name);
+        std::optional<MediaError> error;
+        VXMediaInfo::dumpMediaInfo(item, error, never);
+        const GrabbedFrame frame = ffmpeg.createThumbnail(item.filePath, 1.0, never);
+        EXPECT_EQ(frame.picture.size(), QSize(item.pixWidth, item.pixHeight)) << name;
+    }
+}
+
+TEST_F(FrameGrabberTest, ShowsThePreviousPictureWhenThereIsNoNewOne)
+{
+    const QString movie = movies + u"short.mp4";
+    const std::pair<QString, double> without[] = {
+        {movie, 99.0},
+        {movies + u"text.mp4", 0.0},
+        {QStringLiteral("/no/such/movie"), 0.0},
+        {movie, std::numeric_limits<double>::quiet_NaN()},
+        {movie, std::numeric_limits<double>::infinity()},
+    };
+    for (const auto &[path, seconds] : without) {
+        const GrabbedFrame none = ffmpeg.createThumbnail(path, seconds, never);
+        EXPECT_TRUE(none.picture.isNull());
+        EXPECT_FALSE(none.isNew);
+    }
+    ASSERT_TRUE(ffmpeg.createThumbnail(movie, 1.5, never).isNew);
+    FrameGrabber missing(folder.path("missing"), folder.path());
+    FrameGrabber failing(scriptedTool(folder, "failing", "exit 1"), folder.path());
+    for (FrameGrabber *grabber : {&ffmpeg, &missing, &failing}) {
+        const GrabbedFrame old = grabber->createThumbnail(movie, 99.0, never);
+        EXPECT_FALSE(old.isNew);
+        ASSERT_FALSE(old.picture.isNull());
+        EXPECT_EQ(ColorClock::secondOfColor(old.picture.pixelColor(9, 9)), 1);
+    }
+    // The same picture again is still a new one.
+    EXPECT_TRUE(ffmpeg.createThumbnail(movie, 1.5, never).isNew);
+}
+
+TEST_F(FrameGrabberTest, GivesTheToolItsArgumentsInOrder)
+{
+    QLocale::setDefault(QLocale(QLocale::German));
+    FrameGrabber grabber(scriptedTool(folder, "tool", writePicture + "printf '%s\\0' \"$@\" >\"${0%/*}/recorded\""),
+                         folder.path());
+    const std::pair<double, QByteArray> times[] = {
+        {0.0, "0.00"}, {12.345, "12.35"}, {2.0, "2.00"}, {86399.996, "86400.00"}};
+    for (const auto &[seconds, text] : times) {
+        for (const QByteArray movie : {"/a b.mp4", "/caf\xe9\n.mkv", "-y"}) {
+            EXPECT_TRUE(grabber.createThumbnail(PathText::fromBytes(movie), seconds, never).isNew);
+            const QByteArrayList expected = {"-ss", text, "-i", movie, "-vframes", "1", "-y", folder.bytes("x.jpg"),
+                                             ""};
+            EXPECT_EQ(folder.read("recorded").split('\0'), expected);
+        }
+    }
+    QLocale::setDefault(QLocale::c());
+}
+
+TEST_F(FrameGrabberTest, StopsAHangingToolWhenCancelled)
+{
+    ASSERT_EQ(::mkfifo(folder.bytes("hangs").constData(), 0600), 0);
+    FrameGrabber grabber(scriptedTool(folder, "tool", writePicture + "echo >\"${0%/*}/hangs\"; exec sleep 1000"),
+                         folder.path());
+    CancelFlag cancelled{false};
+    const std::jthread canceller([&] {
+        folder.read("hangs"); // waits for the tool
+        cancelled = true;
+    });
+    const GrabbedFrame frame = grabber.createThumbnail(picture, 0.0, cancelled);
+    EXPECT_TRUE(cancelled);
+    EXPECT_TRUE(frame.picture.isNull());
+    EXPECT_FALSE(frame.isNew);
+    // Cancelled before it began, the tool is not even run; it would wait for its reader for ever.
+    EXPECT_TRUE(grabber.createThumbnail(picture, 0.0, cancelled).picture.isNull());
+}
+
+TEST_F(FrameGrabberTest, GrabsOneAfterTheOther)
+{
+    const QByteArray script = "cd \"${0%/*}\"; mkdir lock || touch overlap;" + writePicture + "rmdir lock";
+    FrameGrabber grabber(scriptedTool(folder, "tool", script), folder.path());
+    {
+        std::vector<std::jthread> threads;
+        for (int i = 0; i < 2; ++i) {
+            threads.emplace_back([&grabber] {
+                for (int grab = 0; grab < 6; ++grab)
+                    EXPECT_TRUE(grabber.createThumbnail(picture, grab, never).isNew);
+            });
+        }
+    }
+    EXPECT_FALSE(folder.has("overlap"));
+}
+
+TEST(FrameGrabber, ExpectsTheToolBesideTheExecutable)
+{
+    const std::pair<QString, QString> cases[] = {
+        {QStringLiteral("/opt/tessarine/bin/tessarine"), QStringLiteral("/opt/tessarine/bin/ffmpeg")},
+        {QStringLiteral("/opt/./bin//tessarine"), QStringLiteral("/opt/bin/ffmpeg")},
+        {PathText::fromBytes("/caf\xe9/tessarine"), PathText::fromBytes("/caf\xe9/ffmpeg")},
+    };
+    for (const auto &[executable, tool] : cases)
+        EXPECT_EQ(FrameGrabber::toolPathBeside(executable), tool);
+}
+
+} // namespace

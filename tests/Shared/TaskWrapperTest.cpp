@@ -1,0 +1,207 @@
+#include "Shared/TaskWrapper.h"
+
+#include "platform/PathText.h"
+#include "support/ScriptedTool.h"
+
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+
+#include <cerrno>
+#include <functional>
+#include <thread>
+
+namespace {
+
+using namespace testing;
+using namespace std::chrono_literals;
+
+/// Writes down what it hears, the outputs in a row as one.
+class Recorder : public TaskController {
+public:
+    void processStarted() override { events.emplace_back("started"); }
+    void processFinished() override { events.emplace_back("finished"); }
+    void launcherDidTerminatedWithCode(int status) override { events.push_back("ended " + std::to_string(status)); }
+    void appendOutput(const QString &text) override
+    {
+        output += text;
+        if (events.empty() || events.back() != "output")
+            events.emplace_back("output");
+        if (onOutput)
+            onOutput();
+    }
+
+    std::vector<std::string> events;
+    QString output;
+    std::function<void()> onOutput;
+};
+
+class TaskWrapperTest : public Test {
+protected:
+    /// Whatever a test did, no process is left, not even a dead one.
+    void TearDown() override
+    {
+        EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
+        EXPECT_EQ(errno, ECHILD);
+    }
+
+    /// Runs a script to its end.
+    bool run(const QByteArray &script, const TaskLimits &limits = {})
+    {
+        TaskWrapper task(&recorder, {scriptedTool(folder, "tool", script)}, limits);
+        task.startProcess();
+        return task.waitUntilTaskExit(cancelled);
+    }
+
+    ScratchFolder folder;
+    Recorder recorder;
+    CancelFlag cancelled{false};
+};
+
+TEST_F(TaskWrapperTest, TellsOfAToolsLifeInOrder)
+{
+    struct {
+        const char *script;
+        std::vector<std::string> events;
+        const char *output;
+    } const cases[] = {
+        {"echo out; echo err >&2; exit 3", {"started", "output", "finished", "ended 3"}, "out\nerr\n"},
+        {"exit 0", {"started", "finished", "ended 0"}, ""},
+        {"kill -9 $$", {"started", "finished", "ended 9"}, ""},
+        {"read line && exit 5; exit 6", {"started", "finished", "ended 6"}, ""},
+        {"printf '\\303'; sleep 0.05; printf '\\244'", {"started", "output", "finished", "ended 0"}, "\u00e4"},
+        // Its output ends before it does, upon which it is asked to end.
+        {"trap 'exit 7' TERM; exec >&- 2>&-; while :; do :; done", {"started", "finished", "ended 7"}, ""},
+    };
+    for (const auto &each : cases) {
+        SCOPED_TRACE(each.script);
+        recorder = {};
+        EXPECT_TRUE(run(each.script));
+        EXPECT_EQ(recorder.events, each.events);
+        EXPECT_EQ(recorder.output, QString::fromUtf8(each.output));
+    }
+}
+
+TEST_F(TaskWrapperTest, EndsAtOnceWhenTheToolCannotBeRun)
+{
+    folder.write("no-program", "text");
+    for (const QByteArray name : {"missing", "no-program", "missing\xff", ""}) {
+        recorder = {};
+        TaskWrapper task(&recorder, {folder.path(name)});
+        task.startProcess();
+        EXPECT_TRUE(task.waitUntilTaskExit(cancelled));
+        EXPECT_THAT(recorder.events, ElementsAre("started"));
+    }
+    TaskWrapper nothing(nullptr, {});
+    nothing.startProcess();
+    nothing.waitUntilTaskExit();
+    nothing.stopProcess();
+    nothing.suspend();
+}
+
+TEST_F(TaskWrapperTest, PassesEveryByteOfEveryArgument)
+{
+    const QByteArrayList plain = {"", "-ss", "a b", "\n", "'\"$(x)`*?\\", "%s%n", "\xc3\xa9 \xf0\x9f\x8e\xac"};
+    const QByteArrayList odd = {"caf\xe9", "\xff\xfe", "\xed\xb2\x80", "plain"};
+    for (const QByteArray tool : {"tool", "t\xf6\xf6l"}) {
+        for (const QByteArrayList &arguments : {plain, odd}) {
+            QStringList list = {scriptedTool(folder, tool, "printf '%s\\0' \"$@\" >\"${0%/*}/recorded\"")};
+            for (const QByteArray &argument : arguments)
+                list.append(PathText::fromBytes(argument));
+            TaskWrapper task(nullptr, list);
+            task.startProcess();
+            task.waitUntilTaskExit();
+            EXPECT_EQ(folder.read("recorded"), arguments.join('\0') + '\0');
+        }
+    }
+}
+
+TEST_F(TaskWrapperTest, StopsTheToolWhenCancelled)
+{
+    const std::pair<const char *, const char *> cases[] = {
+        {"echo ready; exec sleep 1000", "ended 15"},
+        {"trap 'exit 4' TERM; echo ready; while :; do :; done", "ended 4"},
+        {"trap '' TERM; echo ready; while :; do :; done", "ended 9"},
+        {"trap '' TERM; while :; do echo ready; done", "ended 9"},
+        {"echo ready; kill -STOP $$; sleep 1000", "ended 15"},
+    };
+    for (const auto &[script, end] : cases) {
+        SCOPED_TRACE(script);
+        recorder = {};
+        cancelled = false;
+        recorder.onOutput = [this] { cancelled = true; };
+        EXPECT_FALSE(run(script));
+        EXPECT_THAT(recorder.events, ElementsAre("started", "output", "finished", end));
+    }
+}
+
+TEST_F(TaskWrapperTest, StopsAToolThatWillNeverEnd)
+{
+    struct {
+        const char *script;
+        TaskLimits limits;
+        const char *end;
+    } const cases[] = {
+        {"exec sleep 1000", {.silence = 200ms}, "ended 15"},
+        {"trap '' TERM; while read x; do :; done </proc/self/fd/1", {.silence = 200ms}, "ended 9"},
+        {"trap '' TERM; exec >&- 2>&-; while :; do :; done", {.silence = 200ms}, "ended 9"},
+        {"exec yes", {.outputBytes = 1 << 20}, "ended 15"},
+        {"trap '' TERM; while :; do echo flood; done", {.outputBytes = 1 << 16}, "ended 9"},
+    };
+    for (const auto &each : cases) {
+        SCOPED_TRACE(each.script);
+        recorder = {};
+        EXPECT_TRUE(run(each.script, each.limits));
+        EXPECT_EQ(recorder.events.back(), each.end);
+        EXPECT_LE(recorder.output.size(), each.limits.outputBytes + (1 << 20));
+    }
+}
+
+TEST_F(TaskWrapperTest, LeavesABusyToolAlone)
+{
+    // Each stays silent for longer than the limit, the one at work, the other telling of it.
+    for (const char *script : {"i=0; while [ $i -lt 300000 ]; do i=$((i+1)); done; echo done",
+                               "for i in 1 2 3 4 5 6; do sleep 0.1; echo $i; done; echo done"}) {
+        recorder = {};
+        EXPECT_TRUE(run(script, {.silence = 300ms}));
+        EXPECT_TRUE(recorder.output.endsWith(u"done\n")) << script;
+        EXPECT_EQ(recorder.events.back(), "ended 0");
+    }
+}
+
+TEST_F(TaskWrapperTest, SuspendsAndResumes)
+{
+    TaskWrapper task(&recorder, {scriptedTool(folder, "tool", "echo $$; echo more; exit 2")});
+    recorder.onOutput = [&] {
+        recorder.onOutput = nullptr;
+        const QByteArray process = recorder.output.section(u'\n', 0, 0).toLatin1();
+        const auto state = [&process] {
+            std::ifstream file("/proc/" + process.toStdString() + "/stat");
+            const std::string text(std::istreambuf_iterator<char>(file), {});
+            return text.empty() ? '-' : text.at(text.rfind(')') + 2);
+        };
+        task.suspend();
+        const char first = state();
+        while (state() != 'T' && state() != 'Z')
+            std::this_thread::yield();
+        EXPECT_TRUE(state() == 'T' || first == 'Z');
+        task.resume();
+    };
+    task.startProcess();
+    task.waitUntilTaskExit();
+    EXPECT_EQ(recorder.events.back(), "ended 2");
+}
+
+TEST_F(TaskWrapperTest, NeverLeavesAProcessBehind)
+{
+    for (const char *script : {"exec sleep 1000", "trap '' TERM; while :; do :; done", "exit 0"}) {
+        const QString tool = scriptedTool(folder, "tool", script);
+        for (const bool suspended : {false, true}) {
+            TaskWrapper task(nullptr, {tool});
+            task.startProcess();
+            if (suspended)
+                task.suspend();
+        }
+    }
+}
+
+} // namespace
