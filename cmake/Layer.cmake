@@ -13,3 +13,15 @@ function(tessarine_layer name)
   target_include_directories(${target} PUBLIC "${root}")
   target_link_libraries(${target} PUBLIC ${layer_LINKS} PRIVATE tessarine_flags ${layer_PRIVATE_LINKS})
 endfunction()
+
+# tessarine_views(LAYER SOURCES file… [LINKS target…])
+#
+# The part of a layer that needs Qt Widgets, as a library of its own, so that the rest cannot come to need them.
+function(tessarine_views layer)
+  cmake_parse_arguments(views "" "" "SOURCES;LINKS" ${ARGN})
+  string(TOLOWER "tessarine_${layer}_views" target)
+  qt_add_library(${target} STATIC ${views_SOURCES})
+  set_target_properties(${target} PROPERTIES AUTOMOC ON AUTOUIC ON AUTOUIC_OPTIONS "-idbased")
+  target_include_directories(${target} PUBLIC "${CMAKE_BINARY_DIR}/layers/${layer}")
+  target_link_libraries(${target} PUBLIC ${views_LINKS} Qt6::Widgets PRIVATE tessarine_flags)
+endfunction()
