@@ -1,0 +1,136 @@
+#include "app/OutputFolderControls.h"
+
+#include "Shared/FileHelper.h"
+#include "Shared/FolderMaking.h"
+#include "app/DefaultsSeed.h"
+#include "app/SameOrigin.h"
+#include "platform/AlertPanel.h"
+#include "platform/OpenPanel.h"
+#include "platform/PathText.h"
+#include "platform/PreferenceKeys.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
+#include "prefs/TrustedFolders.h"
+#include "render/OutputFile.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QLineEdit>
+
+#include <utility>
+
+OutputFolderControls::OutputFolderControls(Widgets controls, Services controlServices) :
+    widgets(controls), services(std::move(controlServices))
+{
+    connect(widgets.btnBrowser, &QAbstractButton::clicked, this, &OutputFolderControls::browseDown);
+    connect(widgets.btnOpen, &QAbstractButton::clicked, this, &OutputFolderControls::openFinderDown);
+    connect(widgets.chkSameOrigin, &QCheckBox::clicked, this, &OutputFolderControls::sameOriginDown);
+}
+
+void OutputFolderControls::showStoredFolder()
+{
+    const QString stored = services.defaults.textValue(PreferenceKeys::outputFolder);
+    if (!stored.isEmpty() && FileHelper::fileExistsWithPath(stored)) {
+        show(stored);
+    } else {
+        const QString fallback = DefaultsSeed::outputFolderUnder(services.home);
+        GlobalFun::MakeSureFolderExsist(fallback);
+        show(fallback);
+    }
+    widgets.chkSameOrigin->setChecked(false); // whatever was chosen last time
+    sameOriginDown();
+}
+
+void OutputFolderControls::appLaunched()
+{
+    if (!outputPath().isEmpty() && !OutputFile::isWritableFolder(outputPath())) {
+        show(DefaultsSeed::outputFolderUnder(services.home));
+    }
+}
+
+QString OutputFolderControls::outputPath() const
+{
+    return widgets.lblOutputPath->text();
+}
+
+void OutputFolderControls::show(const QString &path)
+{
+    widgets.lblOutputPath->setText(path);
+    widgets.lblOutputPath->setToolTip(PathText::forDisplay(path));
+    widgets.lblOutputPath->setCursorPosition(0);
+}
+
+void OutputFolderControls::browseDown()
+{
+    OpenPanelRequest request;
+    request.title = qtTrId("choose_output_folder");
+    request.folder = outputPath();
+    request.folders = true;
+    services.openPanel.open(request, [self = QPointer(this)](const QStringList &paths) {
+        if (self && !paths.isEmpty()) {
+            self->services.trustedFolders.addToBookmarkWithURL(paths.first());
+            self->show(paths.first());
+            self->services.defaults.setText(PreferenceKeys::outputFolder, paths.first());
+        }
+    });
+}
+
+void OutputFolderControls::openFinderDown()
+{
+    services.workspace.revealFile(outputPath());
+}
+
+void OutputFolderControls::sameOriginDown()
+{
+    const SameOriginRefusals refusals =
+        widgets.chkSameOrigin->isChecked()
+            ? findSameOriginRefusals(services.moviePaths(), OutputFile::isWritableFolder)
+            : SameOriginRefusals();
+    if (refusals.isEmpty()) {
+        applySameOrigin();
+        return;
+    }
+    const QStringList buttons{QStringLiteral("Authorize"), QStringLiteral("Cancel")};
+    services.alert.show(QStringLiteral("Warnning!"), refusals.message(), buttons, [self = QPointer(this), refusals](int answer) {
+        if (!self) {
+            return;
+        }
+        if (answer == 0) {
+            self->authorize(refusals.folders);
+        } else {
+            self->widgets.chkSameOrigin->setChecked(false);
+            self->applySameOrigin();
+        }
+    });
+}
+
+void OutputFolderControls::authorize(const QStringList &folders)
+{
+    if (folders.isEmpty()) {
+        applySameOrigin();
+        return;
+    }
+    OpenPanelRequest request;
+    request.prompt = QStringLiteral("Authorize");
+    request.folder = folders.first();
+    request.folders = true;
+    services.openPanel.open(request, [self = QPointer(this), rest = folders.mid(1)](const QStringList &paths) {
+        if (!self) {
+            return;
+        }
+        if (!paths.isEmpty()) { // any folder that the user picks is granted, asked for or not
+            self->services.trustedFolders.addToBookmarkWithURL(paths.first());
+        }
+        self->authorize(rest);
+    });
+}
+
+void OutputFolderControls::applySameOrigin()
+{
+    const bool isOn = widgets.chkSameOrigin->isChecked();
+    for (QWidget *control : {static_cast<QWidget *>(widgets.lblOutputPath), static_cast<QWidget *>(widgets.btnOpen),
+                             static_cast<QWidget *>(widgets.btnBrowser)}) {
+        control->setEnabled(!isOn);
+    }
+    services.defaults.setBool(PreferenceKeys::sameAsOrigin, isOn);
+}

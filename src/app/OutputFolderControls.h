@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+class AlertPanel;
+class OpenPanel;
+class QAbstractButton;
+class QCheckBox;
+class QLineEdit;
+class TrustedFolders;
+class UserDefaults;
+class Workspace;
+
+/// The output line of the main window: the folder for collages, its two buttons and the choice to write beside the
+/// movies, for which it asks access to their folders. Main thread; the widgets belong to the window.
+class OutputFolderControls final : public QObject {
+    Q_OBJECT
+
+public:
+    struct Widgets {
+        QLineEdit *lblOutputPath;
+        QAbstractButton *btnBrowser;
+        QAbstractButton *btnOpen;
+        QCheckBox *chkSameOrigin;
+    };
+    /// All of it must outlive this.
+    struct Services {
+        UserDefaults &defaults;
+        TrustedFolders &trustedFolders;
+        AlertPanel &alert;
+        OpenPanel &openPanel;
+        Workspace &workspace;
+        QString home;                             ///< the default folder lies under it
+        std::function<QStringList()> moviePaths; ///< of the list, in order
+    };
+
+    OutputFolderControls(Widgets widgets, Services services);
+
+    /// Shows the stored folder, or the default one where that is gone. Beside the movies always starts off.
+    void showStoredFolder();
+    /// Shows the default folder when nothing can be written into the one shown.
+    void appLaunched();
+    /// The folder shown.
+    QString outputPath() const;
+
+    void browseDown();
+    void openFinderDown();
+    /// Takes over the check box: asks for the folders that cannot be written, then stores the choice.
+    void sameOriginDown();
+
+private:
+    void show(const QString &path);
+    void authorize(const QStringList &folders);
+    void applySameOrigin();
+
+    Widgets widgets;
+    Services services;
+};
