@@ -18,21 +18,11 @@ void onInterrupt(int /*signal*/)
 InterruptSignals::InterruptSignals(CancelFlag &flag)
 {
     flagToSet = &flag;
-    struct sigaction action = {};
-    action.sa_handler = onInterrupt;
-    action.sa_flags = SA_RESTART;
-    for (std::size_t index = 0; index < interrupts.size(); ++index) {
-        sigaction(interrupts[index], nullptr, &before[index]);
-        if (before[index].sa_handler != SIG_IGN) { // nohup, or a shell's background job
-            sigaction(interrupts[index], &action, nullptr);
-        }
-    }
+    handler.emplace(onInterrupt);
 }
 
 InterruptSignals::~InterruptSignals()
 {
-    for (std::size_t index = 0; index < interrupts.size(); ++index) {
-        sigaction(interrupts[index], &before[index], nullptr);
-    }
+    handler.reset();
     flagToSet = nullptr;
 }

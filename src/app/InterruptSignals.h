@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/InterruptHandler.h"
 #include "platform/CancelFlag.h"
 
-#include <array>
-#include <csignal>
+#include <optional>
 
 /// While it lives, SIGINT, SIGTERM and SIGHUP set the cancel flag instead of ending the process; those that were
 /// ignored stay so. One at a time; the flag must outlive it.
@@ -15,6 +15,5 @@ public:
     InterruptSignals &operator=(const InterruptSignals &) = delete;
 
 private:
-    static constexpr std::array interrupts{SIGINT, SIGTERM, SIGHUP};
-    std::array<struct sigaction, interrupts.size()> before{};
+    std::optional<InterruptHandler> handler;
 };
