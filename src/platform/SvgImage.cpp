@@ -1,0 +1,18 @@
+#include "platform/SvgImage.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+QImage svgImage(const QString &resource, QSizeF size, qreal devicePixelRatio)
+{
+    QSvgRenderer drawing(resource);
+    if (!drawing.isValid()) {
+        return {};
+    }
+    QImage image((size * devicePixelRatio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(devicePixelRatio);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    drawing.render(&painter, QRectF({}, size));
+    return image;
+}

@@ -1,0 +1,141 @@
+#include "render/CollagePreview.h"
+
+#include "render/CollageLayout.h"
+#include "render/TextBlock.h"
+
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr QRgb ground = qRgb(10, 20, 30);
+constexpr QRgb frame = qRgb(255, 255, 0);
+constexpr QRgb grey = qRgb(128, 128, 128);
+constexpr QRgb mark = qRgb(200, 0, 0);
+
+class CollagePreviewTest : public testing::Test {
+protected:
+    CollagePreviewTest()
+    {
+        settings.gridWidth = 60.0;
+        settings.gridHeight = 40.0;
+        settings.backgroundColor = ground;
+        settings.gridBorderColor = frame;
+        placeholder.fill(mark);
+    }
+
+    QImage render(QSize size = {352, 224}, const QString &text = QString(), qreal ratio = 1.0) const
+    {
+        return renderCollagePreview(size, ratio, settings, text, placeholder);
+    }
+
+    CollageSettings settings;
+    QImage placeholder{16, 16, QImage::Format_ARGB32_Premultiplied};
+};
+
+TEST_F(CollagePreviewTest, ASmallCollageIsCentredAtItsOwnSize)
+{
+    const QImage image = render(); // 228 x 124 at 62, 50
+    EXPECT_EQ(image.pixel(61, 112), 0U);
+    EXPECT_EQ(image.pixel(62, 50), ground);
+    EXPECT_EQ(image.pixel(289, 173), ground);
+    EXPECT_EQ(image.pixel(290, 112), 0U);
+    EXPECT_EQ(image.pixel(82, 70), frame);
+    EXPECT_EQ(image.pixel(84, 72), frame);
+    EXPECT_EQ(image.pixel(85, 73), grey);
+    EXPECT_EQ(image.pixel(138, 106), grey);
+    EXPECT_EQ(image.pixel(139, 106), frame);
+    EXPECT_EQ(image.pixel(142, 70), ground);          // between columns
+    EXPECT_EQ(image.pixel(82 + 128, 70 + 44), frame); // last tile
+    EXPECT_EQ(image.pixel(104, 82), mark);
+    EXPECT_EQ(image.pixel(119, 97), mark);
+    EXPECT_EQ(image.pixel(120, 98), grey);
+}
+
+TEST_F(CollagePreviewTest, ALargeCollageShrinksAndTheTextKeepsItsRoom)
+{
+    settings.gridWidth = 300.0;
+    settings.gridHeight = 200.0;
+    const QString text = QStringLiteral("one\ntwo\nthree\nfour\n");
+    const TextBlock block(text, TextBlock::systemFont(), CollageLayout(settings).textBox());
+    const double high = 444.0 + block.size().height();
+    const double rate = std::max(948.0 / 352.0, high / 224.0);
+    const double top = (224.0 - high / rate) / 2.0;
+
+    const QImage image = render({352, 224}, text);
+    EXPECT_EQ(qAlpha(image.pixel(176, static_cast<int>(top) - 1)), 0);
+    EXPECT_EQ(image.pixel(176, static_cast<int>(top) + 2), ground);
+    const double firstTile = top + (block.size().height() + 20.0) / rate;
+    EXPECT_EQ(image.pixel(20, static_cast<int>(firstTile) - 1), ground);
+    EXPECT_EQ(image.pixel(20, static_cast<int>(firstTile) + 3), grey);
+}
+
+TEST_F(CollagePreviewTest, OnlyTilesWithRoomForItShowThePlaceholder)
+{
+    settings.rowNumber = settings.columeNumber = 1;
+    settings.borderWidth = settings.gridBorderWidth = 0.0;
+    struct Case {
+        double side;
+        QSize view;
+        bool shown;
+    };
+    for (const Case &tile : {Case{16.0, {100, 100}, false}, Case{18.0, {100, 100}, true}, Case{32.0, {16, 16}, false},
+                             Case{300.0, {17, 17}, true}}) {
+        settings.gridWidth = settings.gridHeight = tile.side;
+        const QImage image = render(tile.view);
+        EXPECT_EQ(image.pixel(image.rect().center()) == mark, tile.shown) << tile.side;
+    }
+    settings.gridWidth = settings.gridHeight = 100.0;
+    EXPECT_EQ(render({100, 100}).pixel(0, 0), grey); // no frame
+}
+
+TEST_F(CollagePreviewTest, TwicePixelsShowTwiceTheDetail)
+{
+    const QImage image = render({352, 224}, QString(), 2.0);
+    EXPECT_EQ(image.size(), QSize(704, 448));
+    EXPECT_EQ(image.pixel(2 * 85 - 1, 2 * 73), frame);
+    EXPECT_EQ(image.pixel(2 * 85, 2 * 73), grey);
+    EXPECT_EQ(previewPlaceholder(2.0).size(), QSize(32, 32));
+    EXPECT_NE(previewPlaceholder(1.0), QImage(previewPlaceholder(1.0).size(), QImage::Format_ARGB32_Premultiplied));
+}
+
+TEST_F(CollagePreviewTest, AnySettingsAreDrawnInNoTime)
+{
+    constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
+    constexpr double huge = std::numeric_limits<double>::max();
+    struct Case {
+        const char *what;
+        std::int32_t rows, columns;
+        double tile, gap, margin, frame;
+        QRgb centre;
+    };
+    for (const Case &odd :
+         {Case{"no rows", 0, 3, 60.0, 4.0, 20.0, 3.0, ground}, Case{"negative", -5, -5, 60.0, 4.0, 50.0, 3.0, 0},
+          Case{"10^18 tiles", most, most, 60.0, 4.0, 20.0, 3.0, grey},
+          Case{"10^9 in a row", 1, most, 60.0, 4.0, 0.0, 0.0, 0},
+          Case{"10^18 tiles in one place", most, most, 60.0, -60.0, 100.0, 3.0, grey},
+          Case{"10^18 tiles over each other", most, most, 300.0, -299.0, -1e9, 0.0, 0},
+          Case{"10^18 tiles backwards", most, most, 300.0, -302.0, 1e9, 0.0, 0},
+          Case{"huge", 2, 3, huge, huge, huge, huge, 0}, Case{"tiny", 2, 3, 1e-300, 0.0, 1e-300, 0.0, 0},
+          Case{"endless", 2, 3, INFINITY, 4.0, 20.0, 3.0, 0}, Case{"no number", 2, 3, NAN, 4.0, 20.0, 3.0, 0},
+          Case{"inside out", 1, 1, -60.0, 4.0, 20.0, 3.0, 0}, Case{"all frame", 1, 1, 60.0, 0.0, 0.0, 1e9, frame}}) {
+        settings.rowNumber = odd.rows;
+        settings.columeNumber = odd.columns;
+        settings.gridWidth = settings.gridHeight = odd.tile;
+        settings.columeSpace = settings.rowSpace = odd.gap;
+        settings.borderWidth = odd.margin;
+        settings.gridBorderWidth = odd.frame;
+        placeholder.fill(Qt::transparent);
+        const QImage image = render({352, 224}, QStringLiteral("text\n"));
+        ASSERT_FALSE(image.isNull()) << odd.what;
+        if (odd.centre != 0) {
+            EXPECT_EQ(image.pixel(176, 112), odd.centre) << odd.what;
+        }
+    }
+}
+
+} // namespace
