@@ -1,0 +1,64 @@
+#pragma once
+
+#include "app/MainWindowController.h"
+#include "platform/MainQueue.h"
+#include "platform/NotificationCenter.h"
+#include "prefs/MASPreferencesWindowController.h"
+#include "prefs/TrustedFolders.h"
+
+#include <QStringList>
+
+#include <memory>
+#include <vector>
+
+class FolderBookmarks;
+class FrameGrabber;
+class UserDefaults;
+class VXMediaInfoItem;
+
+/// The program with its window: builds the windows, starts the program in its order, opens what the desktop hands over
+/// and saves the settings at the end. Owned by main; main thread.
+class AppDelegate {
+public:
+    /// All of it must outlive this.
+    struct Services {
+        UserDefaults &defaults; ///< seeded
+        FrameGrabber &grabber;
+        const FolderBookmarks &bookmarks;
+        AlertPanel &alert;
+        OpenPanel &openPanel;
+        Workspace &workspace;
+        MainQueue &mainQueue;
+        QString home;
+    };
+
+    explicit AppDelegate(Services services);
+    ~AppDelegate();
+    AppDelegate(const AppDelegate &) = delete;
+    AppDelegate &operator=(const AppDelegate &) = delete;
+
+    /// The launch: media layer, preferences window with its panes, main window.
+    void applicationDidFinishLaunching();
+    /// Loads one file or folder at the top of the list; true whatever the load will find.
+    bool openFile(const QString &path);
+    /// Closing the main window ends the program.
+    bool applicationShouldTerminateAfterLastWindowClosed() const { return true; }
+    /// Writes the settings to disk.
+    void applicationWillTerminate();
+    /// Shows the preferences window.
+    void preferencesDown();
+    /// The block of facts about the movie, as the settings choose them.
+    QString getMetaStrWithObject(const VXMediaInfoItem &movie) const;
+
+    MainWindowController &mainWindow() { return *window; }
+
+private:
+    void buildPreferencesWindow();
+
+    Services services;
+    NotificationCenter notifications;
+    TrustedFolders trustedFolders;
+    std::unique_ptr<MainWindowController> window;
+    std::vector<std::unique_ptr<PreferencePane>> panes; // the preferences window keeps this very list
+    std::unique_ptr<MASPreferencesWindowController> preferWndCtl;
+};

@@ -1,0 +1,247 @@
+#include "app/MainWindowController.h"
+
+#include "platform/OpenPanel.h"
+#include "platform/PreferenceKeys.h"
+#include "platform/SymbolicIcon.h"
+#include "platform/UserDefaults.h"
+#include "online/SupportedFormats.h"
+#include "ui_MainWindowController.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <utility>
+
+MainWindowController::MainWindowController(Services windowServices) :
+    services(std::move(windowServices)), ui(std::make_unique<Ui::MainWindowController>()), model(aryItems)
+{
+    ui->setupUi(this);
+    addToolbarItems();
+    connectActions();
+    ui->tableView->setMovieModel(model);
+    ui->tableView->setReloadDelegate(this);
+    ui->tableView->setDropDelegate(this);
+    loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services.notifications, this);
+    cancelObservation = services.notifications.observe(QStringLiteral("VXLoadingPrgWndCanceledNotification"),
+                                                       [this] { loadingPrgCanceled(); });
+    jobs = std::make_unique<MovieJobs>(
+        MovieJobs::Services{aryItems, services.defaults, services.grabber, services.trustedFolders, services.alert,
+                            services.workspace, services.mainQueue, services.renderPreview},
+        *this);
+    outputFolder = std::make_unique<OutputFolderControls>(
+        OutputFolderControls::Widgets{ui->lblOutputPath, ui->btnBrowser, ui->btnOpen, ui->chkSameOrigin},
+        OutputFolderControls::Services{services.defaults, services.trustedFolders, services.alert, services.openPanel,
+                                       services.workspace, services.home, [this] { return moviePaths(); }});
+    outputFolder->showStoredFolder();
+    ui->chkSameOrigin->setVisible(services.experimental);
+    restoreLayout();
+    ui->tableView->reloadData();
+    updateActions();
+}
+
+MainWindowController::~MainWindowController() = default;
+
+void MainWindowController::addToolbarItems()
+{
+    auto *space = new QWidget(ui->toolBar);
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    ui->toolBar->addWidget(space);
+    ui->toolBar->addAction(ui->customcollage);
+    ui->toolBar->addAction(ui->preferences);
+    ui->importMovies->setIcon(symbolicIcon(QStringLiteral(":/images/import.svg")));
+    ui->deleteMovies->setIcon(symbolicIcon(QStringLiteral(":/images/delete.svg")));
+    ui->clearlibrary->setIcon(symbolicIcon(QStringLiteral(":/images/clear.svg")));
+    ui->customcollage->setIcon(symbolicIcon(QStringLiteral(":/images/customcollage.svg")));
+    ui->preferences->setIcon(symbolicIcon(QStringLiteral(":/images/preferences.svg")));
+    //% "The editor for single collages is not built yet"
+    ui->customcollage->setToolTip(qtTrId("action_custom_collage_missing"));
+}
+
+void MainWindowController::connectActions()
+{
+    connect(ui->importMovies, &QAction::triggered, this, &MainWindowController::importMoviesDown);
+    connect(ui->deleteMovies, &QAction::triggered, this, &MainWindowController::deleteDown);
+    connect(ui->clearlibrary, &QAction::triggered, this, &MainWindowController::clearDown);
+    connect(ui->selectAll, &QAction::triggered, ui->tableView, &QAbstractItemView::selectAll);
+    connect(ui->preferences, &QAction::triggered, this, &MainWindowController::preferencesDown);
+    connect(ui->start, &QAction::triggered, this, &MainWindowController::startDown);
+    connect(ui->btnStart, &QPushButton::clicked, this, &MainWindowController::startDown);
+    connect(ui->quit, &QAction::triggered, this, &MainWindowController::quit);
+    connect(ui->about, &QAction::triggered, this, &MainWindowController::showAbout);
+    connect(ui->tableView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &MainWindowController::updateActions);
+}
+
+void MainWindowController::appLaunched()
+{
+    outputFolder->appLaunched();
+}
+
+void MainWindowController::loadMediasWithPaths(const QStringList &paths, int index)
+{
+    jobs->loadMediasWithPaths(paths, index);
+}
+
+void MainWindowController::importMoviesDown()
+{
+    OpenPanelRequest request;
+    //% "Import movies"
+    request.title = qtTrId("import_panel_title");
+    request.files = request.folders = request.multiple = true;
+    request.extensions = GlobalFun::getSupportedFmts(services.experimental);
+    services.openPanel.open(request, [this](const QStringList &paths) {
+        if (!paths.isEmpty()) {
+            loadMediasWithPaths(paths, 0);
+        }
+    });
+}
+
+void MainWindowController::deleteDown()
+{
+    aryItems.removeRows(ui->tableView->selectedRows());
+    ui->tableView->reloadData();
+    updateActions();
+}
+
+void MainWindowController::deleteFileDown(MyTableView & /*table*/)
+{
+    deleteDown();
+}
+
+void MainWindowController::clearDown()
+{
+    aryItems.removeAll();
+    ui->tableView->reloadData();
+    updateActions();
+}
+
+void MainWindowController::startDown()
+{
+    ui->lblStatus->clear();
+    jobs->startExport(outputFolder->outputPath());
+}
+
+void MainWindowController::preferencesDown()
+{
+    services.showPreferences();
+}
+
+bool MainWindowController::acceptDrop(const QStringList &paths, int row)
+{
+    loadMediasWithPaths(paths, row);
+    return true;
+}
+
+bool MainWindowController::validateToolbarItem(const QString &identifier)
+{
+    if (identifier == u"delete" || identifier == u"clearlibrary") {
+        const bool hasMovies = aryItems.count() > 0;
+        ui->btnStart->setEnabled(hasMovies);
+        ui->start->setEnabled(hasMovies);
+        return hasMovies;
+    }
+    return identifier != u"customcollage"; // its editor is yet to come
+}
+
+void MainWindowController::updateActions()
+{
+    ui->deleteMovies->setEnabled(validateToolbarItem(QStringLiteral("delete")));
+    ui->clearlibrary->setEnabled(validateToolbarItem(QStringLiteral("clearlibrary")));
+    ui->customcollage->setEnabled(validateToolbarItem(QStringLiteral("customcollage")));
+}
+
+void MainWindowController::jobStarted(Kind kind, const QString &text)
+{
+    loadingWndCtl->setModel(static_cast<int>(kind));
+    loadingWndCtl->startLoading(text, this);
+}
+
+void MainWindowController::jobProgress(double fraction, const QString &main, const QString &ing, const QImage &image,
+                                       const QString &remaining)
+{
+    loadingWndCtl->updateProgress(fraction, main, ing, image);
+    loadingWndCtl->setRemaining(remaining);
+}
+
+void MainWindowController::jobEnded(Kind kind, const QStringList &failures)
+{
+    loadingWndCtl->endLoading();
+    ui->tableView->reloadData();
+    updateActions();
+    if (kind == Kind::Loading) {
+        outputFolder->sameOriginDown();
+    }
+    if (!failures.isEmpty()) {
+        //% "No collage of %n movie(s): %1"
+        ui->lblStatus->setText(qtTrId("status_failures", static_cast<int>(failures.size())).arg(failures.first()));
+        ui->lblStatus->setToolTip(failures.join(u'\n'));
+    }
+    if (closing) {
+        close();
+    }
+}
+
+void MainWindowController::loadingPrgCanceled()
+{
+    jobs->cancel();
+}
+
+void MainWindowController::quit()
+{
+    // A question that is open would keep its job waiting.
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (auto *question = qobject_cast<QMessageBox *>(window)) {
+            question->reject();
+        }
+    }
+    close();
+}
+
+void MainWindowController::closeEvent(QCloseEvent *event)
+{
+    closing = true;
+    if (jobs->isRunning()) {
+        jobs->cancelAll();
+        event->ignore(); // comes again when the job has ended
+        return;
+    }
+    rememberLayout();
+    event->accept();
+    QApplication::quit();
+}
+
+QStringList MainWindowController::moviePaths() const
+{
+    QStringList paths;
+    for (const auto &movie : aryItems.snapshot()) {
+        paths += movie->filePath;
+    }
+    return paths;
+}
+
+void MainWindowController::rememberLayout()
+{
+    services.defaults.setData(PreferenceKeys::mainWindowGeometry, saveGeometry());
+    services.defaults.setData(PreferenceKeys::movieTableColumns, ui->tableView->horizontalHeader()->saveState());
+}
+
+void MainWindowController::restoreLayout()
+{
+    if (const auto geometry = services.defaults.dataValue(PreferenceKeys::mainWindowGeometry)) {
+        restoreGeometry(*geometry);
+    }
+    if (const auto columns = services.defaults.dataValue(PreferenceKeys::movieTableColumns)) {
+        ui->tableView->horizontalHeader()->restoreState(*columns);
+    }
+}
+
+void MainWindowController::showAbout()
+{
+    //% "About Tessarine"
+    //% "Turns movie files into collages: one picture that shows a whole movie."
+    services.alert.show(qtTrId("about_title"), qtTrId("about_text"), {QStringLiteral("OK")}, [](int) {});
+}
