@@ -1,8 +1,8 @@
 #include "Shared/Bookmark.h"
 
-#include "platform/FolderBookmark.h"
+#include "platform/FolderBookmarks.h"
 
-std::optional<QByteArray> GlobalFun::BookmarkDataForURL(const QString &folderPath)
+std::optional<QByteArray> GlobalFun::BookmarkDataForURL(const FolderBookmarks &bookmarks, const QString &folderPath)
 {
-    return folderPath.isEmpty() ? std::nullopt : bookmarkData(folderPath);
+    return folderPath.isEmpty() ? std::nullopt : bookmarks.bookmarkData(folderPath);
 }

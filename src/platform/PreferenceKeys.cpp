@@ -36,6 +36,11 @@ constexpr std::array entries{
 
 } // namespace
 
+QString preferencesFrame(QStringView paneIdentifier)
+{
+    return u"MASPreferences " + paneIdentifier + u" Frame";
+}
+
 std::span<const Entry> all()
 {
     return entries;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLatin1StringView>
+#include <QString>
 
 #include <optional>
 #include <span>
@@ -41,6 +42,12 @@ inline constexpr QLatin1StringView supportVob{"SupportVOBKey"};
 inline constexpr QLatin1StringView experimental{"ExperimentalKey"};
 inline constexpr QLatin1StringView guid{"guid"};
 
+// The preferences window.
+inline constexpr QLatin1StringView preferencesTopLeft{"MASPreferences Frame Top Left"};
+inline constexpr QLatin1StringView preferencesSelection{"MASPreferences Selected Identifier View"};
+/// Where the size of the pane with this identifier is kept.
+QString preferencesFrame(QStringView paneIdentifier);
+
 /// What a key holds.
 enum class Kind { Boolean, Integer, Text, Color, Array };
 
@@ -49,10 +56,10 @@ struct Entry {
     Kind kind;
 };
 
-/// All keys above, in that order.
+/// All keys above but the preferences window's, which are no settings; in that order.
 std::span<const Entry> all();
 
-/// What the key holds; nothing for a text that is no key.
+/// What the key holds; nothing for a text that is no key of all().
 std::optional<Kind> kindOf(QStringView key);
 
 } // namespace PreferenceKeys

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QColor>
+#include <QPointer>
+
+class QColorDialog;
+
+/// A button that shows a colour, over a checkerboard where it lets through what is behind, and lets the user choose
+/// another one: in a colour dialog, whose choice shows at once, or by dropping a colour on it.
+class ColorWell final : public QAbstractButton {
+    Q_OBJECT
+    Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
+
+public:
+    explicit ColorWell(QWidget *parent = nullptr);
+
+    /// White at first; always valid.
+    QColor color() const { return shownColor; }
+    /// An invalid colour is taken for opaque black.
+    void setColor(const QColor &color);
+
+    QSize sizeHint() const override;
+
+Q_SIGNALS:
+    /// Another colour is shown, whoever has chosen it.
+    void colorChanged(const QColor &color);
+    /// The user has chosen another colour; follows colorChanged().
+    void colorChosen(const QColor &color);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void openDialog();
+    void choose(const QColor &color);
+
+    QColor shownColor = Qt::white;
+    QPointer<QColorDialog> dialog;
+};

@@ -1,0 +1,122 @@
+#include "platform/MessageAlertPanel.h"
+
+#include "platform/DispatchQueue.h"
+#include "platform/FrontWindow.h"
+#include "platform/Log.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QThread>
+
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <utility>
+
+namespace {
+
+/// An answer on its way from the main thread to the thread that waits for it. The first one given counts.
+class PendingAnswer {
+public:
+    void give(int index)
+    {
+        {
+            const std::scoped_lock lock(mutex);
+            answer = answer.value_or(index);
+        }
+        given.notify_one();
+    }
+    int wait()
+    {
+        std::unique_lock lock(mutex);
+        given.wait(lock, [this] { return answer.has_value(); });
+        return *answer;
+    }
+
+private:
+    std::mutex mutex;
+    std::condition_variable given;
+    std::optional<int> answer;
+};
+
+/// A thread's question. However it ends, unanswered too, the thread goes on.
+class Question {
+public:
+    Question(std::shared_ptr<PendingAnswer> pendingAnswer, int answerOtherwise) :
+        pending(std::move(pendingAnswer)), otherwise(answerOtherwise)
+    {
+    }
+    ~Question() { pending->give(otherwise); }
+    Question(const Question &) = delete;
+    Question &operator=(const Question &) = delete;
+
+    void answer(int index) { pending->give(index); }
+
+private:
+    std::shared_ptr<PendingAnswer> pending;
+    int otherwise;
+};
+
+int lastOf(const QStringList &buttons)
+{
+    return static_cast<int>(buttons.size()) - 1;
+}
+
+/// Texts are shown as they are: a path may look like markup.
+void setPlainTexts(QMessageBox &box, const QString &title, const QString &message)
+{
+    box.setTextFormat(Qt::PlainText);
+    box.setText(title);
+    box.setInformativeText(message);
+    if (auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))) {
+        label->setTextFormat(Qt::PlainText);
+    }
+}
+
+void addButtons(QMessageBox &box, const QStringList &buttons)
+{
+    for (int index = 0; index <= lastOf(buttons); ++index) {
+        const bool isRefusal = index > 0 && index == lastOf(buttons);
+        QPushButton *button =
+            box.addButton(buttons.at(index), isRefusal ? QMessageBox::RejectRole : QMessageBox::AcceptRole);
+        if (index == 0) {
+            box.setDefaultButton(button);
+        }
+        box.setEscapeButton(button);
+    }
+}
+
+} // namespace
+
+MessageAlertPanel::MessageAlertPanel(DispatchQueue &queue) : mainQueue(queue) {}
+
+int MessageAlertPanel::run(const QString &title, const QString &message, const QStringList &buttons)
+{
+    if (QThread::currentThread() == QCoreApplication::instance()->thread()) {
+        qCCritical(lcTessarine) << "the main thread may not wait for an answer";
+        show(title, message, buttons, [](int) {});
+        return lastOf(buttons);
+    }
+    const auto pending = std::make_shared<PendingAnswer>();
+    mainQueue.async([this, title, message, buttons, question = std::make_shared<Question>(pending, lastOf(buttons))] {
+        show(title, message, buttons, [question](int answer) { question->answer(answer); });
+    });
+    return pending->wait();
+}
+
+void MessageAlertPanel::show(const QString &title, const QString &message, const QStringList &buttons,
+                             std::function<void(int)> answered)
+{
+    auto *box = new QMessageBox(frontWindow());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setIcon(QMessageBox::Warning);
+    setPlainTexts(*box, title, message);
+    addButtons(*box, buttons);
+    QObject::connect(box, &QDialog::finished, box, [box, answered = std::move(answered)] {
+        answered(static_cast<int>(box->buttons().indexOf(box->clickedButton())));
+    });
+    box->open();
+}

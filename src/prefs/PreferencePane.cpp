@@ -1,0 +1,11 @@
+#include "prefs/PreferencePane.h"
+
+QWidget &PreferencePane::view()
+{
+    if (!page) {
+        page = std::make_unique<QWidget>();
+        loadView(*page);
+        awakeFromNib();
+    }
+    return *page;
+}

@@ -1,0 +1,140 @@
+#include "prefs/TrustedFolders.h"
+
+#include "Shared/Bookmark.h"
+#include "Shared/FileHelper.h"
+#include "platform/FolderBookmarks.h"
+#include "platform/Log.h"
+#include "platform/PathText.h"
+#include "platform/PreferenceKeys.h"
+#include "platform/UserDefaults.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <utility>
+
+namespace {
+
+int isReadable(const QString &path)
+{
+    return ::faccessat(AT_FDCWD, PathText::toBytes(path).constData(), R_OK, AT_EACCESS) == 0 ? 1 : 0;
+}
+
+} // namespace
+
+TrustedFolders::TrustedFolders(UserDefaults &store, const FolderBookmarks &folderBookmarks) :
+    defaults(store), bookmarks(folderBookmarks)
+{
+}
+
+QStringList TrustedFolders::items() const
+{
+    const std::scoped_lock lock(mutex);
+    return aryItems;
+}
+
+void TrustedFolders::load()
+{
+    const auto entries = defaults.arrayValue(PreferenceKeys::bookmarks);
+    if (!entries) {
+        return;
+    }
+    for (const QVariant &entry : *entries) {
+        if (entry.typeId() == QMetaType::QByteArray) {
+            loadBookmark(entry.toByteArray());
+        }
+    }
+    tellChanged();
+}
+
+void TrustedFolders::loadBookmark(const QByteArray &data)
+{
+    const auto folder = bookmarks.resolve(data);
+    if (!folder || folder->isStale) {
+        return;
+    }
+    {
+        const std::scoped_lock lock(mutex);
+        if (!append(folder->path)) {
+            return;
+        }
+    }
+    qCInfo(lcTessarine).noquote() << "---" << PathText::forDisplay(folder->path);
+    qCInfo(lcTessarine) << "---" << isReadable(folder->path);
+}
+
+bool TrustedFolders::append(const QString &path)
+{
+    if (aryItems.contains(path)) {
+        qCInfo(lcTessarine).noquote() << QStringLiteral("已经存在");
+        return false;
+    }
+    aryItems << path;
+    return true;
+}
+
+void TrustedFolders::addToBookmarkWithURL(const QString &path)
+{
+    if (path.isEmpty() || !FileHelper::fileExistsWithPath(path)) {
+        return;
+    }
+    {
+        const std::scoped_lock lock(mutex);
+        if (!append(path)) {
+            return;
+        }
+        QVariantList entries = defaults.arrayValue(PreferenceKeys::bookmarks).value_or(QVariantList());
+        if (const auto data = GlobalFun::BookmarkDataForURL(bookmarks, path)) {
+            entries << *data;
+        }
+        defaults.setArray(PreferenceKeys::bookmarks, entries);
+    }
+    defaults.synchronize();
+    tellChanged();
+}
+
+void TrustedFolders::removeRows(const QList<int> &rows)
+{
+    {
+        const std::scoped_lock lock(mutex);
+        QStringList kept;
+        for (int row = 0; row < aryItems.size(); ++row) {
+            if (!rows.contains(row)) {
+                kept << aryItems.at(row);
+            }
+        }
+        aryItems = kept;
+    }
+    tellChanged();
+}
+
+void TrustedFolders::commit()
+{
+    {
+        const std::scoped_lock lock(mutex);
+        QVariantList entries;
+        for (const QString &path : std::as_const(aryItems)) {
+            const bool isThere = FileHelper::fileExistsWithPath(path);
+            const auto data = isThere ? GlobalFun::BookmarkDataForURL(bookmarks, path) : std::nullopt;
+            if (data) {
+                entries << *data;
+            }
+        }
+        defaults.setArray(PreferenceKeys::bookmarks, entries);
+    }
+    defaults.synchronize();
+}
+
+void TrustedFolders::setChangedHandler(std::function<void()> handler)
+{
+    const std::scoped_lock lock(handlerMutex);
+    changed = std::move(handler);
+}
+
+void TrustedFolders::tellChanged()
+{
+    const std::scoped_lock lock(handlerMutex);
+    if (changed) {
+        changed();
+    }
+}

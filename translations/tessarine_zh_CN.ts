@@ -1,0 +1,314 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="choose_output_folder">
+        <source></source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="supported_files">
+        <source>Supported files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="trusted_folder_column">
+        <source>Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="General">
+        <source>General</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="Metadata">
+        <source>Metadata</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="Trusted Paths">
+        <source>Trusted Paths</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="trusted_folders_panel">
+        <source>Add Trusted Folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="trusted_folders_panel_add">
+        <source>Add</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MASPreferencesWindow</name>
+    <message id="preferences_panes">
+        <source>Panes</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MainWindowController</name>
+    <message>
+        <source>Movies</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Output folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Chooses the folder for collages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shows the output folder in the file browser</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Same as origin</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Writes each collage beside its movie</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Makes the collages of all movies</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Collage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Toolbar</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Import</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Adds movies or folders to the list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Takes the selected movies off the list; the files stay</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Takes all movies off the list; the files stay</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Custom Collage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Preferences</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Start Export</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About Tessarine</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RBGeneralPreferViewCtl</name>
+    <message id="general_after_export">
+        <source>After a collage is made:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="general_reveal">
+        <source>Show it in the file browser</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="general_open">
+        <source>Open it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="general_clear">
+        <source>Empty the movie list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="general_format">
+        <source>Image &amp;format:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="general_format_name">
+        <source>Image format</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="general_quality">
+        <source>Quality:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="general_quality_reason">
+        <source>Images are always written in the standard quality of their format.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="general_quality_name">
+        <source>Quality</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>RBMetadataPrefViewCtl</name>
+    <message id="metadata_heading">
+        <source>Heading of the collage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_file_name">
+        <source>File name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_file_size">
+        <source>File size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_resolution">
+        <source>Resolution</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_duration">
+        <source>Duration</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_date">
+        <source>Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_fps">
+        <source>Frame rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_codec">
+        <source>Codec</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_bit_rate">
+        <source>Bit rate</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_text_color">
+        <source>Text &amp;colour:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_text_color_name">
+        <source>Colour of the heading</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_check_all">
+        <source>&amp;All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_uncheck_all">
+        <source>&amp;None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_stamps">
+        <source>Time stamps of the frames</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_time_stamp">
+        <source>Show the time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_milliseconds">
+        <source>With milliseconds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_corner">
+        <source>C&amp;orner:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_corner_name">
+        <source>Corner of the time stamps</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="corner_lower_right">
+        <source>Lower right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="corner_lower_left">
+        <source>Lower left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="corner_upper_right">
+        <source>Upper right</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="corner_upper_left">
+        <source>Upper left</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_stamp_color">
+        <source>Co&amp;lour:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="metadata_stamp_color_name">
+        <source>Colour of the time stamps</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VXTrustedPathViewCtl</name>
+    <message id="trusted_explanation">
+        <source>Tessarine may read movies from these folders and write collages into them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="trusted_table">
+        <source>Trusted folders</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="trusted_add">
+        <source>&amp;Add…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="trusted_remove">
+        <source>&amp;Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+</TS>
