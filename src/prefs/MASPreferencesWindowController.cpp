@@ -16,9 +16,23 @@
 #include <algorithm>
 #include <utility>
 
-MASPreferencesWindowController::MASPreferencesWindowController(std::shared_ptr<const Panes> paneList,
-                                                               const QString &windowTitle, UserDefaults &store) :
-    panes(std::move(paneList)), title(windowTitle), defaults(store)
+namespace {
+
+QSize leastSize(const QWidget &view)
+{
+    return view.minimumSizeHint().expandedTo(view.minimumSize());
+}
+
+QSize naturalSize(const QWidget &view)
+{
+    return view.sizeHint().expandedTo(leastSize(view));
+}
+
+} // namespace
+
+MASPreferencesWindowController::MASPreferencesWindowController(const Panes &paneList, const QString &windowTitle,
+                                                               UserDefaults &store) :
+    panes(paneList), title(windowTitle), defaults(store)
 {
 }
 
@@ -85,14 +99,14 @@ void MASPreferencesWindowController::restoreTopLeft()
 void MASPreferencesWindowController::selectRememberedPane()
 {
     const QString remembered = defaults.textValue(PreferenceKeys::preferencesSelection);
-    const auto pane = std::ranges::find(*panes, remembered, &PreferencePane::identifier);
-    selectControllerAtIndex(pane == panes->end() ? 0 : static_cast<std::size_t>(pane - panes->begin()));
+    const auto pane = std::ranges::find(panes, remembered, &PreferencePane::identifier);
+    selectControllerAtIndex(pane == panes.end() ? 0 : static_cast<std::size_t>(pane - panes.begin()));
 }
 
 void MASPreferencesWindowController::completeToolbar()
 {
-    for (auto index = static_cast<std::size_t>(items->actions().size()); index < panes->size(); ++index) {
-        const PreferencePane &pane = *panes->at(index);
+    for (auto index = static_cast<std::size_t>(items->actions().size()); index < panes.size(); ++index) {
+        const PreferencePane &pane = *panes.at(index);
         QAction *item = ui->toolBar->addAction(pane.toolbarItemImage(), pane.toolbarItemLabel());
         item->setObjectName(pane.identifier());
         item->setCheckable(true);
@@ -105,10 +119,10 @@ bool MASPreferencesWindowController::selectControllerAtIndex(std::size_t index)
 {
     window();
     completeToolbar();
-    if (index >= panes->size()) {
+    if (index >= panes.size()) {
         return false;
     }
-    PreferencePane &wanted = *panes->at(index);
+    PreferencePane &wanted = *panes.at(index);
     if (selected == &wanted) {
         return true;
     }
@@ -132,21 +146,21 @@ void MASPreferencesWindowController::goNextTab()
 
 void MASPreferencesWindowController::goPreviousTab()
 {
-    step(panes->empty() ? 0 : panes->size() - 1);
+    step(panes.empty() ? 0 : panes.size() - 1);
 }
 
 void MASPreferencesWindowController::step(std::size_t distance)
 {
     window();
     if (selected != nullptr) {
-        selectControllerAtIndex((selectedIndex() + distance) % panes->size());
+        selectControllerAtIndex((selectedIndex() + distance) % panes.size());
     }
 }
 
 std::size_t MASPreferencesWindowController::selectedIndex() const
 {
-    const auto pane = std::ranges::find(*panes, selected, &std::unique_ptr<PreferencePane>::get);
-    return static_cast<std::size_t>(pane - panes->begin());
+    const auto pane = std::ranges::find(panes, selected, &std::unique_ptr<PreferencePane>::get);
+    return static_cast<std::size_t>(pane - panes.begin());
 }
 
 void MASPreferencesWindowController::leaveSelectedPane()
@@ -169,24 +183,29 @@ void MASPreferencesWindowController::showPane(PreferencePane &pane)
     preferencesWindow->setCentralWidget(&pane.view());
     pane.view().show();
     preferencesWindow->layout()->activate(); // or the window would keep the least size of the pane before
-    preferencesWindow->resize(size + QSize(0, ui->toolBar->sizeHint().height()));
+    preferencesWindow->resize(size + sizeBeside());
     pane.view().installEventFilter(this);
+}
+
+QSize MASPreferencesWindowController::sizeBeside() const
+{
+    return {0, ui->toolBar->sizeHint().height()};
 }
 
 QSize MASPreferencesWindowController::sizeFor(PreferencePane &pane) const
 {
-    const QSize natural(widestPane(), pane.view().sizeHint().height());
-    const auto remembered =
-        GeometryText::toRect(defaults.textValue(PreferenceKeys::preferencesFrame(pane.identifier())));
-    const QSize wanted = remembered ? remembered->size() : natural;
-    return wanted.boundedTo(preferencesWindow->screen()->availableSize()).expandedTo(pane.view().minimumSizeHint());
+    const QString key = PreferenceKeys::preferencesFrame(pane.identifier());
+    const auto remembered = GeometryText::toRect(defaults.textValue(key));
+    const QSize natural(widestPane(), naturalSize(pane.view()).height());
+    const QSize largest = preferencesWindow->screen()->availableSize() - sizeBeside();
+    return (remembered ? remembered->size() : natural).boundedTo(largest).expandedTo(leastSize(pane.view()));
 }
 
 int MASPreferencesWindowController::widestPane() const
 {
     int widest = ui->toolBar->sizeHint().width();
-    for (const auto &pane : *panes) {
-        widest = std::max(widest, pane->view().sizeHint().width());
+    for (const auto &pane : panes) {
+        widest = std::max(widest, naturalSize(pane->view()).width());
     }
     return widest;
 }

@@ -22,8 +22,8 @@ public:
     using Panes = std::vector<std::unique_ptr<PreferencePane>>;
 
     /// Keeps this very list, not a copy: panes appended later appear too. Without a title the window has the selected
-    /// pane's label for one. The store must outlive this.
-    MASPreferencesWindowController(std::shared_ptr<const Panes> panes, const QString &title, UserDefaults &defaults);
+    /// pane's label for one. List and store must outlive this.
+    MASPreferencesWindowController(const Panes &panes, const QString &title, UserDefaults &defaults);
     ~MASPreferencesWindowController() override;
 
     /// The window, not shown yet by this. At the first call it is made, put where it was in an earlier run, and the
@@ -32,7 +32,7 @@ public:
     /// Shows the window, and brings it to the front.
     void showWindow();
 
-    const Panes &viewControllers() const { return *panes; }
+    const Panes &viewControllers() const { return panes; }
     /// Null before the window is loaded.
     PreferencePane *selectedViewController() const { return selected; }
 
@@ -55,10 +55,12 @@ private:
     std::size_t selectedIndex() const;
     void leaveSelectedPane();
     void showPane(PreferencePane &pane);
+    /// What the window takes in addition to its pane.
+    QSize sizeBeside() const;
     QSize sizeFor(PreferencePane &pane) const;
     int widestPane() const;
 
-    std::shared_ptr<const Panes> panes;
+    const Panes &panes;
     const QString title;
     UserDefaults &defaults;
     std::unique_ptr<QMainWindow> preferencesWindow;

@@ -1,0 +1,133 @@
+#include "platform/ColorWell.h"
+#include "platform/PreferenceKeys.h"
+#include "platform/StoredColor.h"
+#include "prefs/RBGeneralPreferViewCtl.h"
+#include "prefs/RBMetadataPrefViewCtl.h"
+#include "support/ScratchFolder.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class PanesTest : public testing::Test {
+protected:
+    /// The control of this name; the test ends here when it is missing.
+    template<typename Control>
+    static Control &control(PreferencePane &pane, const char *name)
+    {
+        auto *found = pane.view().findChild<Control *>(QLatin1StringView(name));
+        if (found == nullptr) {
+            qFatal("no control %s", name);
+        }
+        return *found;
+    }
+    /// What has reached the disk.
+    std::int64_t stored(QLatin1StringView key) const { return UserDefaults(storePath).int64Value(key); }
+
+    const ScratchFolder scratch;
+    const QString storePath = scratch.path("store.ini");
+    UserDefaults defaults{storePath};
+};
+
+TEST_F(PanesTest, GeneralControlsShowAndWriteTheirOwnKeys)
+{
+    const std::pair<const char *, QLatin1StringView> boxes[] = {
+        {"revealFinder", PreferenceKeys::revealInFinder},
+        {"chkOpenAfter", PreferenceKeys::openAfterFinish},
+        {"chkRemoveAfter", PreferenceKeys::clearAfterFinish},
+    };
+    for (const auto &[name, key] : boxes) {
+        for (const auto &[other, otherKey] : boxes) {
+            defaults.setBool(otherKey, otherKey == key);
+        }
+        RBGeneralPreferViewCtl pane(defaults);
+        for (const auto &[other, otherKey] : boxes) {
+            EXPECT_EQ(control<QCheckBox>(pane, other).isChecked(), otherKey == key) << name << other;
+        }
+        control<QCheckBox>(pane, name).setChecked(false);
+        EXPECT_TRUE(defaults.boolValue(key)) << "written before the commit";
+        EXPECT_TRUE(pane.commitEditing());
+        EXPECT_EQ(stored(key), 0) << name;
+    }
+}
+
+TEST_F(PanesTest, FormatIsTheSelectedItemsTag)
+{
+    const std::pair<std::int64_t, const char *> formats[] = {{0, "JPEG"}, {1, "PNG"},   {2, "BMP"},         {3, "TIFF"},
+                                                             {4, "JPEG"}, {-1, "JPEG"}, {1LL << 32, "JPEG"}};
+    for (const auto &[format, title] : formats) {
+        defaults.setInteger(PreferenceKeys::outputFormat, format);
+        RBGeneralPreferViewCtl pane(defaults);
+        EXPECT_EQ(control<QComboBox>(pane, "pBtnFmts").currentText(), QLatin1StringView(title)) << format;
+        pane.commitEditing();
+        EXPECT_EQ(stored(PreferenceKeys::outputFormat), format > 3 || format < 0 ? 0 : format);
+    }
+}
+
+TEST_F(PanesTest, PaneThatWasNeverSeenWritesNothing)
+{
+    RBGeneralPreferViewCtl pane(defaults);
+    EXPECT_TRUE(pane.commitEditing());
+    EXPECT_FALSE(defaults.contains(PreferenceKeys::outputFormat));
+}
+
+TEST_F(PanesTest, MetadataBoxesAreTheBitsOfTheNumber)
+{
+    const std::pair<const char *, int> bits[] = {
+        {"chkTimestamp", 1}, {"chkMilisec", 2}, {"chkFilename", 4}, {"chkFilesize", 8},    {"chkResolution", 16},
+        {"chkDuration", 32}, {"chkDate", 64},   {"chkFPS", 128},    {"chkCodecname", 256}, {"chkBitrate", 512}};
+    for (const auto &[name, bit] : bits) {
+        defaults.setInteger(PreferenceKeys::metadataText, bit | 1024);
+        RBMetadataPrefViewCtl pane(defaults);
+        EXPECT_TRUE(control<QCheckBox>(pane, name).isChecked()) << name;
+        pane.commitEditing();
+        EXPECT_EQ(stored(PreferenceKeys::metadataText), bit) << name;
+    }
+}
+
+TEST_F(PanesTest, AllAndNoneLeaveTheTimeStampsAlone)
+{
+    const std::tuple<int, const char *, int> cases[] = {
+        {1023, "btnUncheckAll", 3}, {0, "btnCheckAll", 1020}, {2, "btnCheckAll", 1022}};
+    for (const auto &[before, button, after] : cases) {
+        defaults.setInteger(PreferenceKeys::metadataText, before);
+        RBMetadataPrefViewCtl pane(defaults);
+        QTest::mouseClick(&control<QPushButton>(pane, button), Qt::LeftButton);
+        EXPECT_EQ(defaults.int32Value(PreferenceKeys::metadataText), before) << "written before the commit";
+        pane.commitEditing();
+        EXPECT_EQ(stored(PreferenceKeys::metadataText), after) << before << button;
+    }
+}
+
+TEST_F(PanesTest, CornerThatIsNoneKeepsTheFirstOne)
+{
+    for (const int corner : {0, 1, 2, 3, 4, -1}) {
+        defaults.setInteger(PreferenceKeys::gridTextPosition, corner);
+        RBMetadataPrefViewCtl pane(defaults);
+        pane.view();
+        pane.commitEditing();
+        EXPECT_EQ(stored(PreferenceKeys::gridTextPosition), corner > 3 || corner < 0 ? 0 : corner);
+    }
+}
+
+TEST_F(PanesTest, ColoursThatCannotBeReadShowWhiteAndBlackAndAreReplaced)
+{
+    defaults.setData(PreferenceKeys::metadataTextColor, "nonsense");
+    defaults.setData(PreferenceKeys::gridTextColor, "nonsense");
+    RBMetadataPrefViewCtl pane(defaults);
+    EXPECT_EQ(control<ColorWell>(pane, "colorWellText").color(), QColor(Qt::white));
+    EXPECT_EQ(control<ColorWell>(pane, "colorWellGridText").color(), QColor(Qt::black));
+    const QColor green(1, 255, 3, 77);
+    control<ColorWell>(pane, "colorWellGridText").setColor(green);
+    pane.commitEditing();
+    const UserDefaults read(storePath);
+    EXPECT_EQ(storedColor(read, PreferenceKeys::metadataTextColor, Qt::red), QColor(Qt::white));
+    EXPECT_EQ(storedColor(read, PreferenceKeys::gridTextColor, Qt::red), green);
+}
+
+} // namespace

@@ -1,0 +1,166 @@
+#include "prefs/TrustedFolders.h"
+
+#include "platform/FolderBookmarks.h"
+#include "platform/MainQueue.h"
+#include "platform/OpenPanel.h"
+#include "platform/PreferenceKeys.h"
+#include "platform/UserDefaults.h"
+#include "prefs/FolderTableModel.h"
+#include "prefs/VXTrustedPathViewCtl.h"
+#include "support/ScratchFolder.h"
+
+#include <QCoreApplication>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+using testing::ElementsAre;
+
+namespace {
+
+/// Chooses in the user's place.
+class ChosenBefore final : public OpenPanel {
+public:
+    QStringList paths;
+    OpenPanelRequest asked;
+
+    void open(const OpenPanelRequest &request, Chosen chosen) override
+    {
+        asked = request;
+        chosen(paths);
+    }
+};
+
+class TrustedFoldersTest : public testing::Test {
+protected:
+    /// The folders that the store remembers, stale ones too.
+    QStringList remembered() const
+    {
+        QStringList paths;
+        const UserDefaults read(storePath);
+        for (const QVariant &entry : read.arrayValue(PreferenceKeys::bookmarks).value_or(QVariantList())) {
+            const auto folder = bookmarks.resolve(entry.toByteArray());
+            paths << (folder ? folder->path : QStringLiteral("?"));
+        }
+        return paths;
+    }
+
+    const ScratchFolder scratch;
+    const QString storePath = scratch.path("store.ini");
+    const QString a = scratch.makeFolder("a");
+    const QString b = scratch.makeFolder("b \xFF%"); // no text, and in need of escaping
+    UserDefaults defaults{storePath};
+    const PathBookmarks bookmarks;
+    TrustedFolders folders{defaults, bookmarks};
+};
+
+TEST_F(TrustedFoldersTest, AreRememberedOnceInTheOrderGranted)
+{
+    for (const QString &path : {b, a, b, scratch.path("missing"), QString()}) {
+        folders.addToBookmarkWithURL(path);
+    }
+    EXPECT_THAT(folders.items(), ElementsAre(b, a));
+    EXPECT_THAT(remembered(), ElementsAre(b, a));
+
+    UserDefaults later(storePath);
+    TrustedFolders afterRestart(later, bookmarks);
+    afterRestart.load();
+    EXPECT_THAT(afterRestart.items(), ElementsAre(b, a));
+}
+
+TEST_F(TrustedFoldersTest, WhatLeadsNowhereIsLeftOutAndForgottenAtTheNextCommit)
+{
+    const QByteArray good = *bookmarks.bookmarkData(a);
+    const QByteArray gone = *bookmarks.bookmarkData(scratch.makeFolder("gone"));
+    std::filesystem::remove(scratch.bytes("gone").toStdString());
+    const QVariantList entries{
+        QStringLiteral("text"), QByteArray("{"), QByteArray("{\"kind\":\"path\"}"), gone, good, good};
+    defaults.setArray(PreferenceKeys::bookmarks, entries);
+    folders.load();
+    EXPECT_THAT(folders.items(), ElementsAre(a));
+
+    folders.addToBookmarkWithURL(b); // keeps the entries that it does not understand
+    EXPECT_EQ(remembered().size(), entries.size() + 1);
+    std::filesystem::remove(scratch.bytes("a").toStdString());
+    folders.commit();
+    EXPECT_THAT(folders.items(), ElementsAre(a, b));
+    EXPECT_THAT(remembered(), ElementsAre(b));
+}
+
+TEST_F(TrustedFoldersTest, StoreThatHoldsNoArrayLeavesThePresentList)
+{
+    folders.addToBookmarkWithURL(a);
+    defaults.setText(PreferenceKeys::bookmarks, QStringLiteral("none"));
+    folders.load();
+    EXPECT_THAT(folders.items(), ElementsAre(a));
+}
+
+TEST_F(TrustedFoldersTest, MayBeAddedOnSeveralThreadsAtOnce)
+{
+    std::vector<std::jthread> threads;
+    for (const char number : {'1', '2', '3'}) {
+        threads.emplace_back([this, path = scratch.makeFolder(QByteArray("t") + number)] {
+            folders.addToBookmarkWithURL(path);
+            folders.addToBookmarkWithURL(a);
+        });
+    }
+    threads.clear();
+    EXPECT_EQ(folders.items().size(), 4);
+    EXPECT_EQ(remembered(), folders.items());
+}
+
+class TrustedPathPaneTest : public TrustedFoldersTest {
+protected:
+    QStringList shown()
+    {
+        QStringList rows;
+        const QAbstractItemModel &model = *pane.view().findChild<QTableView *>(QStringLiteral("tableView"))->model();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            rows << model.index(row, 0).data().toString();
+        }
+        return rows;
+    }
+    void click(const char *name)
+    {
+        QTest::mouseClick(pane.view().findChild<QPushButton *>(QLatin1StringView(name)), Qt::LeftButton);
+    }
+
+    ChosenBefore panel;
+    MainQueue mainQueue;
+    VXTrustedPathViewCtl pane{folders, panel, mainQueue};
+};
+
+TEST_F(TrustedPathPaneTest, ShowsWhatIsRememberedAndWhatIsAddedLater)
+{
+    defaults.setArray(PreferenceKeys::bookmarks, {*bookmarks.bookmarkData(a)});
+    EXPECT_THAT(shown(), ElementsAre(a));
+    std::jthread([this] { folders.addToBookmarkWithURL(b); }).join();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(shown().size(), 2);
+    EXPECT_TRUE(shown().last().contains(QChar(QChar::ReplacementCharacter)));
+}
+
+TEST_F(TrustedPathPaneTest, AddsChosenFoldersAtOnceAndRemovesSelectedOnesAtTheCommit)
+{
+    panel.paths = {b, a};
+    click("btnAdd");
+    EXPECT_TRUE(panel.asked.folders && panel.asked.multiple && !panel.asked.files);
+    EXPECT_THAT(remembered(), ElementsAre(b, a));
+
+    auto *remove = pane.view().findChild<QPushButton *>(QStringLiteral("btnRemove"));
+    EXPECT_FALSE(remove->isEnabled());
+    pane.view().findChild<QTableView *>(QStringLiteral("tableView"))->selectRow(0);
+    EXPECT_TRUE(remove->isEnabled());
+    click("btnRemove");
+    EXPECT_THAT(shown(), ElementsAre(a));
+    EXPECT_FALSE(remove->isEnabled());
+    EXPECT_THAT(remembered(), ElementsAre(b, a));
+    EXPECT_TRUE(pane.commitEditing());
+    EXPECT_THAT(remembered(), ElementsAre(a));
+}
+
+} // namespace
