@@ -56,7 +56,7 @@ DesktopService::DesktopService(QDBusConnection sessionBus, QString busName, Requ
 
 DesktopService::~DesktopService()
 {
-    leaveBus();
+    stop();
 }
 
 DesktopService::Outcome DesktopService::start(const QStringList &paths, std::chrono::milliseconds patience)
@@ -70,13 +70,13 @@ DesktopService::Outcome DesktopService::start(const QStringList &paths, std::chr
         return Outcome::First;
     }
     if (handOver(paths, patience)) {
-        leaveBus();
+        stop();
         return Outcome::HandedOver;
     }
     if (takeName()) { // it has ended meanwhile
         return Outcome::First;
     }
-    leaveBus();
+    stop();
     qCWarning(lcTessarine) << "another Tessarine runs but does not answer; this one goes on by itself";
     return Outcome::Alone;
 }
@@ -141,7 +141,7 @@ bool DesktopService::handOver(const QStringList &paths, std::chrono::millisecond
     return reply.type() == QDBusMessage::ReplyMessage;
 }
 
-void DesktopService::leaveBus()
+void DesktopService::stop()
 {
     if (std::exchange(isOnBus, false)) {
         bus.unregisterObject(objectPath());

@@ -11,9 +11,6 @@
 
 /// The program on the session bus: the desktop hands it files and calls its window forward, and a second start hands
 /// its files to the first and ends. Main thread.
-///
-/// Destroy it as the first step of quitting. Files are then no longer taken, and a start at that moment becomes an
-/// instance of its own instead of handing its files to one that will not load them.
 class DesktopService final : public QObject {
     Q_OBJECT
 
@@ -41,6 +38,10 @@ public:
     /// What has been asked for so far is passed on now, in order, and all else at once.
     void setReady();
 
+    /// Leaves the bus, as the first step of quitting: files are no longer taken, and a program started now goes its own
+    /// way instead of handing its files to one that will not load them.
+    void stop();
+
     // The calls of org.freedesktop.Application, by their names there. Unknown actions are ignored.
     void Open(const QStringList &uris, const QVariantMap &platformData);
     void Activate(const QVariantMap &platformData);
@@ -50,7 +51,6 @@ private:
     QString objectPath() const;
     bool takeName();
     bool handOver(const QStringList &paths, std::chrono::milliseconds patience);
-    void leaveBus();
     void passOn(std::function<void()> request);
 
     QDBusConnection bus;

@@ -81,10 +81,9 @@ TEST(DesktopServiceTest, AFrozenFirstDoesNotHoldTheSecond)
 TEST(DesktopServiceTest, AFirstThatQuitsLeavesItsPlaceAndNoBusIsNoHindrance)
 {
     const SessionBus bus;
-    {
-        Program first(bus);
-        EXPECT_EQ(first.service.start({}), Outcome::First);
-    }
+    Program first(bus);
+    EXPECT_EQ(first.service.start({}), Outcome::First);
+    first.service.stop();
     Program second(bus);
     EXPECT_EQ(second.service.start({}), Outcome::First);
 
