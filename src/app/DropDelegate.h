@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QStringList>
+
+/// Decides on files that are dragged over the table and takes those that are dropped. Main thread.
+class DropDelegate {
+public:
+    virtual ~DropDelegate() = default;
+
+    /// Whether files may be dropped before `row` (the number of rows: at the end), or onto it when not `between`.
+    virtual bool validateDrop(int /*row*/, bool between) { return between; }
+    /// Files and folders, at least one, were dropped before `row`. False when they are not taken.
+    virtual bool acceptDrop(const QStringList &paths, int row) = 0;
+};

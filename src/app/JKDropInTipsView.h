@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <QWidget>
+
+/// The hint over an empty list: a dashed square with an arrow and a line of text, brighter while files are held over
+/// it. Its colours are its own, whatever the theme. Made and owned by the table; main thread. Lengths are points.
+class JKDropInTipsView final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit JKDropInTipsView(QWidget *parent = nullptr);
+
+    /// Back to the usual colours and lengths; the text stays.
+    void setDefaultValue();
+
+    QString strPromot() const { return promot; }
+    void setStrPromot(const QString &text);
+
+    QColor clrNorBg() const { return normal.background; }
+    void setClrNorBg(const QColor &color);
+    QColor clrHlBg() const { return highlight.background; }
+    void setClrHlBg(const QColor &color);
+    QColor clrNorArrowFill() const { return normal.arrow; }
+    void setClrNorArrowFill(const QColor &color);
+    QColor clrHlArrowFill() const { return highlight.arrow; }
+    void setClrHlArrowFill(const QColor &color);
+
+    double fArrowWidth() const { return arrowWidth; }
+    void setFArrowWidth(double width);
+    /// The side of the square.
+    double fArrowRectWidth() const { return arrowRectWidth; }
+    void setFArrowRectWidth(double width);
+
+    bool bHighlighted() const { return highlighted; }
+    void setBHighlighted(bool highlighted);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    struct Colors {
+        QColor background;
+        QColor arrow;
+    };
+
+    template<typename Value>
+    void change(Value &value, const Value &to);
+    void drawText(QPainter &painter, const QRectF &square, const QColor &color) const;
+
+    QString promot;
+    Colors normal;
+    Colors highlight;
+    double arrowWidth = 0.0;
+    double arrowRectWidth = 0.0;
+    bool highlighted = false;
+};
