@@ -54,6 +54,7 @@ void AppDelegate::buildPreferencesWindow()
     panes.push_back(
         std::make_unique<VXTrustedPathViewCtl>(trustedFolders, services.openPanel, services.mainQueue));
     // Showing the third pane once makes it resolve the remembered folders before any work needs them.
+    preferWndCtl->window();
     if (preferWndCtl->selectedViewController() != panes.back().get()) {
         preferWndCtl->selectControllerAtIndex(2);
         preferWndCtl->selectControllerAtIndex(0);

@@ -1,10 +1,12 @@
 #include "app/MainWindowController.h"
 
+#include "collage/KTMovieObject.h"
+#include "online/SupportedFormats.h"
+#include "platform/AlertPanel.h"
 #include "platform/OpenPanel.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/SymbolicIcon.h"
 #include "platform/UserDefaults.h"
-#include "online/SupportedFormats.h"
 #include "ui_MainWindowController.h"
 
 #include <QApplication>
@@ -21,16 +23,16 @@ MainWindowController::MainWindowController(Services windowServices) :
     ui->setupUi(this);
     addToolbarItems();
     connectActions();
-    ui->tableView->setMovieModel(model);
+    ui->tableView->setMovies(model);
     ui->tableView->setReloadDelegate(this);
     ui->tableView->setDropDelegate(this);
     loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services.notifications, this);
-    cancelObservation = services.notifications.observe(QStringLiteral("VXLoadingPrgWndCanceledNotification"),
+    cancelObservation = services.notifications.observe(VXLoadingWndCtl::canceledNotification,
                                                        [this] { loadingPrgCanceled(); });
     jobs = std::make_unique<MovieJobs>(
         MovieJobs::Services{aryItems, services.defaults, services.grabber, services.trustedFolders, services.alert,
                             services.workspace, services.mainQueue, services.renderPreview},
-        *this);
+        static_cast<JobsView &>(*this));
     outputFolder = std::make_unique<OutputFolderControls>(
         OutputFolderControls::Widgets{ui->lblOutputPath, ui->btnBrowser, ui->btnOpen, ui->chkSameOrigin},
         OutputFolderControls::Services{services.defaults, services.trustedFolders, services.alert, services.openPanel,
@@ -51,11 +53,11 @@ void MainWindowController::addToolbarItems()
     ui->toolBar->addWidget(space);
     ui->toolBar->addAction(ui->customcollage);
     ui->toolBar->addAction(ui->preferences);
-    ui->importMovies->setIcon(symbolicIcon(QStringLiteral(":/images/import.svg")));
-    ui->deleteMovies->setIcon(symbolicIcon(QStringLiteral(":/images/delete.svg")));
-    ui->clearlibrary->setIcon(symbolicIcon(QStringLiteral(":/images/clear.svg")));
-    ui->customcollage->setIcon(symbolicIcon(QStringLiteral(":/images/customcollage.svg")));
-    ui->preferences->setIcon(symbolicIcon(QStringLiteral(":/images/preferences.svg")));
+    ui->importMovies->setIcon(symbolicIcon(QStringLiteral("import")));
+    ui->deleteMovies->setIcon(symbolicIcon(QStringLiteral("delete")));
+    ui->clearlibrary->setIcon(symbolicIcon(QStringLiteral("clear")));
+    ui->customcollage->setIcon(symbolicIcon(QStringLiteral("customcollage")));
+    ui->preferences->setIcon(symbolicIcon(QStringLiteral("preferences")));
     //% "The editor for single collages is not built yet"
     ui->customcollage->setToolTip(qtTrId("action_custom_collage_missing"));
 }
@@ -101,7 +103,7 @@ void MainWindowController::importMoviesDown()
 
 void MainWindowController::deleteDown()
 {
-    aryItems.removeRows(ui->tableView->selectedRows());
+    aryItems.remove(ui->tableView->selectedMovies());
     ui->tableView->reloadData();
     updateActions();
 }
@@ -127,6 +129,11 @@ void MainWindowController::startDown()
 void MainWindowController::preferencesDown()
 {
     services.showPreferences();
+}
+
+bool MainWindowController::validateDrop(int /*row*/, bool between)
+{
+    return between;
 }
 
 bool MainWindowController::acceptDrop(const QStringList &paths, int row)
@@ -187,6 +194,14 @@ void MainWindowController::jobEnded(Kind kind, const QStringList &failures)
 void MainWindowController::loadingPrgCanceled()
 {
     jobs->cancel();
+}
+
+void MainWindowController::bringForward()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
 }
 
 void MainWindowController::quit()

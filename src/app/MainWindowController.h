@@ -1,10 +1,12 @@
 #pragma once
 
+#include "app/DropDelegate.h"
 #include "app/MovieJobs.h"
 #include "app/MovieList.h"
 #include "app/MovieTableModel.h"
 #include "app/MyTableView.h"
 #include "app/OutputFolderControls.h"
+#include "app/TableReloadDelegate.h"
 #include "app/VXLoadingWndCtl.h"
 #include "platform/NotificationCenter.h"
 
@@ -48,6 +50,8 @@ public:
     void appLaunched();
     /// Loads paths into the list at the index, the last one first.
     void loadMediasWithPaths(const QStringList &paths, int index);
+    /// Shows the window before all others.
+    void bringForward();
     /// Closes the window as its close button does: what runs is cancelled and waited for first.
     void quit();
 
@@ -79,6 +83,7 @@ private:
     void jobEnded(Kind kind, const QStringList &failures) override;
 
     void deleteFileDown(MyTableView &table) override;
+    bool validateDrop(int row, bool between) override;
     bool acceptDrop(const QStringList &paths, int row) override;
 
     Services services;

@@ -48,14 +48,10 @@ void OutputFolderControls::appLaunched()
     }
 }
 
-QString OutputFolderControls::outputPath() const
-{
-    return widgets.lblOutputPath->text();
-}
-
 void OutputFolderControls::show(const QString &path)
 {
-    widgets.lblOutputPath->setText(path);
+    folder = path;
+    widgets.lblOutputPath->setText(PathText::forDisplay(path));
     widgets.lblOutputPath->setToolTip(PathText::forDisplay(path));
     widgets.lblOutputPath->setCursorPosition(0);
 }

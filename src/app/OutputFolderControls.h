@@ -46,7 +46,7 @@ public:
     /// Shows the default folder when nothing can be written into the one shown.
     void appLaunched();
     /// The folder shown.
-    QString outputPath() const;
+    QString outputPath() const { return folder; }
 
     void browseDown();
     void openFinderDown();
@@ -60,4 +60,5 @@ private:
 
     Widgets widgets;
     Services services;
+    QString folder; // the field shows it as well as text can
 };

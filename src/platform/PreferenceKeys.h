@@ -45,6 +45,8 @@ inline constexpr QLatin1StringView guid{"guid"};
 // The preferences window.
 inline constexpr QLatin1StringView preferencesTopLeft{"MASPreferences Frame Top Left"};
 inline constexpr QLatin1StringView preferencesSelection{"MASPreferences Selected Identifier View"};
+inline constexpr QLatin1StringView mainWindowGeometry{"MainWindowGeometry"};
+inline constexpr QLatin1StringView movieTableColumns{"MovieTableColumns"};
 /// Where the size of the pane with this identifier is kept.
 QString preferencesFrame(QStringView paneIdentifier);
 

@@ -1,0 +1,82 @@
+#include "app/ExportFront.h"
+
+#include "Shared/FrameGrabber.h"
+#include "Shared/HostIdentity.h"
+#include "app/Console.h"
+#include "app/ExportCommand.h"
+#include "app/InterruptSignals.h"
+#include "app/ProgramSetup.h"
+#include "platform/Log.h"
+#include "platform/UserDefaults.h"
+
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <utility>
+
+namespace {
+
+/// A script's standard error holds progress and errors, nothing else: of the log only our warnings pass. Everything is
+/// shown to those who ask with QT_LOGGING_RULES.
+void quietenLog()
+{
+    if (qEnvironmentVariableIsEmpty("QT_LOGGING_RULES")) {
+        qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &context, const QString &text) {
+            const bool isOurs = qstrcmp(context.category, lcTessarine().categoryName()) == 0;
+            if (type == QtFatalMsg || (isOurs && (type == QtWarningMsg || type == QtCriticalMsg))) {
+                std::fprintf(stderr, "tessarine: %s\n", qUtf8Printable(text));
+            }
+        });
+    }
+}
+
+/// No display is needed, and a desktop's theme plug-in would look for one. Where the session has no run-time folder, Qt
+/// would make one in the temporary folder and leave it there.
+void prepareForNoDisplay(const QString &runtimeFolder)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qunsetenv("QT_QPA_PLATFORMTHEME");
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeFolder));
+    }
+}
+
+void makeAbsolute(ExportOptions &options)
+{
+    for (QString &path : options.paths) {
+        path = ProgramSetup::absolutePath(path);
+    }
+    if (options.outputFolder) {
+        options.outputFolder = ProgramSetup::absolutePath(*options.outputFolder);
+    }
+}
+
+} // namespace
+
+int runExportFront(ExportOptions options, int argc, char **argv)
+{
+    quietenLog();
+    CancelFlag cancelled = false;
+    const InterruptSignals interrupts(cancelled);
+    Console console(stdout, stderr, options.quiet);
+    const QTemporaryDir temporaryFolder(QDir::tempPath() + u"/tessarine-XXXXXX");
+    if (!temporaryFolder.isValid()) {
+        console.printMessage(QStringLiteral("no temporary folder: ") + temporaryFolder.errorString());
+        return ExportCommand::SomeFailed;
+    }
+    prepareForNoDisplay(temporaryFolder.path());
+    const QGuiApplication application(argc, argv);
+    const QString toolPath = ProgramSetup::toolPath();
+    ProgramSetup::warnOfMissingParts(toolPath);
+
+    UserDefaults defaults(ProgramSetup::storePath());
+    ProgramSetup::seed(defaults);
+    FrameGrabber grabber(toolPath, temporaryFolder.path());
+    makeAbsolute(options);
+    return ExportCommand(std::move(options),
+                         {defaults, grabber, console, GlobalFun::RealHomeDirectory(), cancelled})
+        .run();
+}

@@ -1,0 +1,78 @@
+#include "app/ProgramSetup.h"
+
+#include "Shared/FileHelper.h"
+#include "Shared/FrameGrabber.h"
+#include "Shared/HostIdentity.h"
+#include "app/DefaultsSeed.h"
+#include "platform/Log.h"
+#include "platform/PathText.h"
+
+#include <QFontDatabase>
+#include <QStandardPaths>
+
+#include <langinfo.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <climits>
+#include <clocale>
+
+void ProgramSetup::ensureUtf8Locale()
+{
+    std::setlocale(LC_ALL, "");
+    if (qstrcmp(nl_langinfo(CODESET), "UTF-8") != 0) {
+        qputenv("LC_ALL", "C.UTF-8");
+    }
+}
+
+QStringList ProgramSetup::arguments(int argc, char **argv)
+{
+    QStringList texts;
+    std::transform(argv, argv + argc, std::back_inserter(texts),
+                   [](const char *argument) { return PathText::fromBytes(argument); });
+    return texts;
+}
+
+QString ProgramSetup::absolutePath(const QString &path)
+{
+    if (path.startsWith(u'/')) {
+        return path;
+    }
+    std::array<char, PATH_MAX> buffer{};
+    const char *current = getcwd(buffer.data(), buffer.size());
+    qsizetype start = 0;
+    while (QStringView(path).mid(start).startsWith(u"./")) {
+        start += 2;
+    }
+    return PathText::fromBytes(current == nullptr ? "" : current) + u'/' + path.mid(start);
+}
+
+QString ProgramSetup::toolPath()
+{
+    std::array<char, PATH_MAX> buffer{};
+    const ssize_t length = readlink("/proc/self/exe", buffer.data(), buffer.size());
+    const QByteArrayView executable(buffer.data(), std::max<ssize_t>(length, 0));
+    return FrameGrabber::toolPathBeside(PathText::fromBytes(executable));
+}
+
+QString ProgramSetup::storePath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/Tessarine/Tessarine.ini";
+}
+
+void ProgramSetup::seed(UserDefaults &defaults)
+{
+    DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), GlobalFun::RealHomeDirectory());
+}
+
+void ProgramSetup::warnOfMissingParts(const QString &toolPath)
+{
+    if (!FileHelper::fileExistsWithPath(toolPath)) {
+        qCWarning(lcTessarine).noquote() << "ffmpeg is missing, expected at" << PathText::forDisplay(toolPath)
+                                         << "- collages will have no pictures";
+    }
+    if (QFontDatabase::families().isEmpty()) {
+        qCWarning(lcTessarine) << "no fonts are installed, texts will show as boxes";
+    }
+}
