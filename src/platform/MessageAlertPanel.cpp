@@ -115,8 +115,9 @@ void MessageAlertPanel::show(const QString &title, const QString &message, const
     box->setIcon(QMessageBox::Warning);
     setPlainTexts(*box, title, message);
     addButtons(*box, buttons);
-    QObject::connect(box, &QDialog::finished, box, [box, answered = std::move(answered)] {
-        answered(static_cast<int>(box->buttons().indexOf(box->clickedButton())));
+    QObject::connect(box, &QDialog::finished, box, [box, answered = std::move(answered), last = lastOf(buttons)] {
+        const auto index = static_cast<int>(box->buttons().indexOf(box->clickedButton()));
+        answered(index < 0 ? last : index); // no button when the box was closed by the window's own means
     });
     box->open();
 }

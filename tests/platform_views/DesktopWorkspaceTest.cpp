@@ -1,0 +1,127 @@
+#include "platform/DesktopWorkspace.h"
+
+#include "platform/MainQueue.h"
+#include "support/ScratchFolder.h"
+#include "support/SessionBus.h"
+
+#include <QCoreApplication>
+#include <QDBusMessage>
+#include <QDBusUnixFileDescriptor>
+#include <QDBusVirtualObject>
+#include <QDesktopServices>
+#include <QTest>
+#include <QUrl>
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <thread>
+
+using testing::ElementsAre;
+
+namespace {
+
+/// A file browser or portal that writes down what it is asked for.
+class FakeDesktop final : public QDBusVirtualObject {
+public:
+    FakeDesktop(const SessionBus &bus, const QString &service) : connection(bus.connect())
+    {
+        connection.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath);
+        connection.registerService(service);
+    }
+    QString introspect(const QString & /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
+    {
+        calls.push_back(message);
+        return bus.send(message.createReply());
+    }
+
+    std::vector<QDBusMessage> calls;
+
+private:
+    QDBusConnection connection;
+};
+
+/// Opens addresses in the desktop's place.
+class OpenedUrls : public QObject {
+    Q_OBJECT
+public:
+    OpenedUrls() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
+    ~OpenedUrls() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
+
+    std::vector<std::string> urls;
+
+public Q_SLOTS:
+    void open(const QUrl &url) { urls.push_back(url.toEncoded().toStdString()); }
+};
+
+class DesktopWorkspaceTest : public testing::Test {
+protected:
+    const ScratchFolder scratch;
+    const QString file = scratch.write("a \xFF#%.jpg");
+    const std::string encodedFolder = "file://" + scratch.bytes().toStdString();
+    const SessionBus bus;
+    MainQueue mainQueue;
+    OpenedUrls opened;
+};
+
+TEST_F(DesktopWorkspaceTest, OpensFilesOnTheMainThreadWhoeverAsks)
+{
+    DesktopWorkspace workspace(mainQueue, bus.connect(), false);
+    std::jthread([&] { workspace.openFile(file); }).join();
+    EXPECT_TRUE(opened.urls.empty());
+    QCoreApplication::processEvents();
+    EXPECT_THAT(opened.urls, ElementsAre(encodedFolder + "/a%20%FF%23%25.jpg"));
+}
+
+TEST_F(DesktopWorkspaceTest, HasTheFileBrowserSelectTheFile)
+{
+    FakeDesktop browser(bus, QStringLiteral("org.freedesktop.FileManager1"));
+    DesktopWorkspace workspace(mainQueue, bus.connect(), false);
+    workspace.revealFile(file);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !browser.calls.empty(); }));
+    EXPECT_EQ(browser.calls.front().member(), u"ShowItems");
+    EXPECT_EQ(browser.calls.front().arguments().at(0).toStringList().join(u'|').toStdString(),
+              encodedFolder + "/a%20%FF%23%25.jpg");
+    EXPECT_TRUE(opened.urls.empty());
+}
+
+TEST_F(DesktopWorkspaceTest, OpensTheFolderWhereNobodyCanSelect)
+{
+    for (const bool sandboxed : {false, true}) {
+        DesktopWorkspace workspace(mainQueue, bus.connect(), sandboxed);
+        opened.urls.clear();
+        workspace.revealFile(file);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !opened.urls.empty(); }));
+        EXPECT_THAT(opened.urls, ElementsAre(encodedFolder));
+    }
+}
+
+TEST_F(DesktopWorkspaceTest, HandsThePortalTheFileItselfInASandbox)
+{
+    FakeDesktop portal(bus, QStringLiteral("org.freedesktop.portal.Desktop"));
+    DesktopWorkspace workspace(mainQueue, bus.connect(), true);
+    workspace.revealFile(file);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !portal.calls.empty(); }));
+    EXPECT_EQ(portal.calls.front().member(), u"OpenDirectory");
+    const auto handed = portal.calls.front().arguments().at(1).value<QDBusUnixFileDescriptor>();
+    struct stat given = {};
+    struct stat expected = {};
+    ASSERT_EQ(::fstat(handed.fileDescriptor(), &given), 0);
+    ASSERT_EQ(::stat(PathText::toBytes(file).constData(), &expected), 0);
+    EXPECT_EQ(given.st_ino, expected.st_ino);
+}
+
+TEST_F(DesktopWorkspaceTest, WorkThatComesTooLateIsNotDone)
+{
+    {
+        DesktopWorkspace workspace(mainQueue, bus.connect(), false);
+        workspace.openFile(file);
+    }
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(opened.urls.empty());
+}
+
+} // namespace
+
+#include "DesktopWorkspaceTest.moc"

@@ -1,0 +1,160 @@
+#include "platform/FileOpenPanel.h"
+#include "platform/MainQueue.h"
+#include "platform/MessageAlertPanel.h"
+#include "support/ScratchFolder.h"
+
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+
+#include <gmock/gmock.h>
+
+#include <future>
+
+using testing::ElementsAre;
+using testing::UnorderedElementsAre;
+
+namespace {
+
+class PanelsTest : public testing::Test {
+protected:
+    PanelsTest() { window.show(); }
+
+    template<typename Dialog>
+    Dialog *dialog() const
+    {
+        return window.findChild<Dialog *>();
+    }
+    QMessageBox *waitForAlert()
+    {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return dialog<QMessageBox>() != nullptr; }));
+        return dialog<QMessageBox>();
+    }
+
+    QWidget window;
+    MainQueue mainQueue;
+    MessageAlertPanel alert{mainQueue};
+    const QStringList buttons{QStringLiteral("Authorize"), QStringLiteral("Other"), QStringLiteral("Cancel")};
+};
+
+TEST_F(PanelsTest, AlertAnswersWithTheButtonsIndex)
+{
+    const std::pair<std::function<void(QMessageBox &)>, int> answers[] = {
+        {[](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Return); }, 0},
+        {[](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Escape); }, 2},
+        {[](QMessageBox &box) { box.close(); }, 2},
+        {[](QMessageBox &box) { QTest::mouseClick(box.buttons().at(1), Qt::LeftButton); }, 1},
+    };
+    for (const auto &[give, expected] : answers) {
+        std::vector<int> given;
+        alert.show(QStringLiteral("<b>Title"), QStringLiteral("<i>/a/b"), buttons,
+                   [&given](int answer) { given.push_back(answer); });
+        EXPECT_TRUE(given.empty()) << "it must not wait";
+        QMessageBox *box = dialog<QMessageBox>();
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->windowModality(), Qt::WindowModal);
+        EXPECT_EQ(box->text(), u"<b>Title");
+        EXPECT_EQ(box->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))->textFormat(), Qt::PlainText);
+        give(*box);
+        EXPECT_THAT(given, ElementsAre(expected));
+        delete dialog<QMessageBox>();
+    }
+}
+
+TEST_F(PanelsTest, ThreadThatAsksWaitsForTheAnswerOfTheMainThread)
+{
+    auto answer = std::async(std::launch::async, [this] { return alert.run({}, {}, buttons); });
+    QTest::mouseClick(waitForAlert()->buttons().at(1), Qt::LeftButton);
+    EXPECT_EQ(answer.get(), 1);
+}
+
+TEST_F(PanelsTest, ThreadIsNotLeftWaitingWhenItsQuestionGoesAway)
+{
+    auto answer = std::async(std::launch::async, [this] { return alert.run({}, {}, buttons); });
+    delete waitForAlert();
+    EXPECT_EQ(answer.get(), 2);
+}
+
+TEST_F(PanelsTest, QuestionOfTheMainThreadIsShownWithoutWaiting)
+{
+    EXPECT_EQ(alert.run({}, {}, buttons), 2);
+    EXPECT_NE(dialog<QMessageBox>(), nullptr);
+}
+
+class FileOpenPanelTest : public PanelsTest {
+protected:
+    FileOpenPanelTest()
+    {
+        scratch.write("one.mkv");
+        scratch.write("TWO.MKV");
+        scratch.write("other.txt");
+        scratch.makeFolder("folder");
+    }
+
+    /// Opens the panel in the scratch folder and waits until it shows this many names.
+    QFileDialog &open(OpenPanelRequest request, int names)
+    {
+        request.folder = scratch.path();
+        panel.open(request, [this](const QStringList &paths) { chosen.push_back(paths); });
+        auto *opened = dialog<QFileDialog>();
+        EXPECT_NE(opened, nullptr);
+        const auto *list = opened->findChild<QTreeView *>(QStringLiteral("treeView"));
+        EXPECT_TRUE(QTest::qWaitFor([list, names] { return list->model()->rowCount(list->rootIndex()) == names; }));
+        return *opened;
+    }
+    /// Types names as the user would and ends the panel.
+    void choose(QFileDialog &opened, const QString &names)
+    {
+        opened.findChild<QLineEdit *>()->setText(names);
+        static_cast<QDialog &>(opened).accept();
+    }
+
+    const ScratchFolder scratch;
+    FileOpenPanel panel{false};
+    std::vector<QStringList> chosen;
+};
+
+TEST_F(FileOpenPanelTest, TakesFilesAndFoldersTogether)
+{
+    const OpenPanelRequest request{.title = QStringLiteral("Import"),
+                                   .prompt = QStringLiteral("Import it"),
+                                   .folder = {},
+                                   .files = true,
+                                   .folders = true,
+                                   .multiple = true,
+                                   .extensions = {QStringLiteral("mkv")}};
+    QFileDialog &opened = open(request, 3); // the text file is not offered
+    EXPECT_EQ(opened.windowTitle(), u"Import");
+    EXPECT_EQ(opened.labelText(QFileDialog::Accept), u"Import it");
+    choose(opened, QStringLiteral("\"one.mkv\" \"folder\""));
+    ASSERT_EQ(chosen.size(), 1U);
+    EXPECT_THAT(chosen.front(), UnorderedElementsAre(scratch.path("one.mkv"), scratch.path("folder")));
+}
+
+TEST_F(FileOpenPanelTest, TakesSeveralFolders)
+{
+    scratch.makeFolder("second");
+    const OpenPanelRequest request{
+        .title = {}, .prompt = {}, .folder = {}, .files = false, .folders = true, .multiple = true, .extensions = {}};
+    QFileDialog &opened = open(request, 2);
+    auto *list = opened.findChild<QTreeView *>(QStringLiteral("treeView"));
+    list->selectAll();
+    static_cast<QDialog &>(opened).accept();
+    ASSERT_EQ(chosen.size(), 1U);
+    EXPECT_THAT(chosen.front(), UnorderedElementsAre(scratch.path("folder"), scratch.path("second")));
+}
+
+TEST_F(FileOpenPanelTest, CancelChoosesNothing)
+{
+    open(
+        {.title = {}, .prompt = {}, .folder = {}, .files = true, .folders = false, .multiple = false, .extensions = {}},
+        4)
+        .reject();
+    EXPECT_THAT(chosen, ElementsAre(QStringList()));
+}
+
+} // namespace
