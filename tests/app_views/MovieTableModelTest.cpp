@@ -1,0 +1,110 @@
+#include "app/MovieTableModel.h"
+
+#include "collage/KTMovieObject.h"
+#include "platform/PathText.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace {
+
+std::shared_ptr<KTMovieObject> movieAt(const QString &path)
+{
+    auto movie = std::make_shared<KTMovieObject>();
+    movie->filePath = path;
+    return movie;
+}
+
+QStringList paths(const MovieList::Movies &movies)
+{
+    QStringList found;
+    for (const auto &movie : movies) {
+        found += movie->filePath;
+    }
+    return found;
+}
+
+TEST(MovieList, KeepsTheOrderOfItsInsertions)
+{
+    MovieList list;
+    for (const auto &[index, path] : {std::pair(0, u"/a"), {0, u"/b"}, {1, u"/c"}, {99, u"/d"}, {-5, u"/e"}}) {
+        list.insert(index, movieAt(QString::fromUtf16(path)));
+    }
+    EXPECT_EQ(paths(list.snapshot()).join(u' '), u"/e /b /c /a /d");
+    const auto removed = list.movieAt(1);
+    list.remove({removed, list.movieAt(4), removed, movieAt(QStringLiteral("/a"))});
+    EXPECT_EQ(paths(list.snapshot()).join(u' '), u"/e /c /a");
+    EXPECT_EQ(list.movieAt(3), nullptr);
+    EXPECT_EQ(list.movieAt(-1), nullptr);
+    list.removeAll();
+    EXPECT_EQ(list.count(), 0);
+}
+
+TEST(MovieList, ThreadsMayShareIt)
+{
+    MovieList list;
+    MovieTableModel model(list);
+    std::jthread loading([&list] {
+        for (int index = 0; index < 500; ++index) {
+            list.insert(0, movieAt(QString::number(index)));
+        }
+    });
+    while (list.count() < 500) {
+        model.reloadData();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            ASSERT_TRUE(model.index(row, MovieTableModel::Title).data().isValid());
+        }
+    }
+}
+
+TEST(MovieTableModel, EveryColumnShowsItsPartOfTheMovie)
+{
+    const auto movie = movieAt(QStringLiteral("/films/holiday.mkv"));
+    movie->pixWidth = 1280;
+    movie->pixHeight = 720;
+    movie->videoBitrate = 2'500'000.0;
+    QImage picture(4, 3, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    movie->setImgThumbnail(picture);
+    picture.fill(Qt::blue);
+    movie->setImgPreview(picture);
+
+    const auto value = [&movie](const char16_t *column) {
+        return objectValueForTableColumn(QString::fromUtf16(column), *movie);
+    };
+    EXPECT_EQ(value(u"Thumbnail").value<QImage>(), movie->imgThumbnail());
+    EXPECT_EQ(value(u"Summary").value<QImage>(), picture);
+    EXPECT_EQ(value(u"Title").toString(), u"holiday.mkv\n/films/holiday.mkv");
+    EXPECT_EQ(value(u"Grids").toString(), u"2 * 3");
+    EXPECT_EQ(value(u"Description").toString(), u"Resolution: 1280 * 720\nData Rate:2500.0Kbps");
+    EXPECT_FALSE(value(u"Other").isValid());
+}
+
+TEST(MovieTableModel, ShowsTheListOfTheLastReload)
+{
+    MovieList list;
+    MovieTableModel model(list);
+    list.insert(0, movieAt(QStringLiteral("/a")));
+    EXPECT_EQ(model.rowCount(), 0);
+    model.reloadData();
+    list.removeAll();
+    ASSERT_EQ(model.rowCount(), 1);
+    EXPECT_EQ(model.index(0, MovieTableModel::Title).data().toString(), u"a\n/a");
+}
+
+TEST(MovieTableModel, NoNameOfAFileBreaksACell)
+{
+    MovieList list;
+    list.insert(0, movieAt(PathText::fromBytes("/f/<b>\n\xff&.mkv")));
+    MovieTableModel model(list);
+    model.reloadData();
+    const QModelIndex title = model.index(0, MovieTableModel::Title);
+    EXPECT_EQ(title.data().toString().count(u'\n'), 1);
+    EXPECT_TRUE(title.data(Qt::ToolTipRole).toString().contains(u"&lt;b&gt;"));
+    for (int column = 0; column < model.columnCount(); ++column) {
+        EXPECT_FALSE(model.index(0, column).data(Qt::AccessibleTextRole).toString().isEmpty()) << column;
+    }
+}
+
+} // namespace
