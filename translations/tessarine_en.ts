@@ -4,7 +4,7 @@
 <context>
     <name></name>
     <message id="choose_output_folder">
-        <source></source>
+        <source>Choose the Output Folder</source>
         <translation type="unfinished"></translation>
     </message>
     <message id="supported_files">
@@ -35,6 +35,85 @@
         <source>Add</source>
         <translation type="unfinished"></translation>
     </message>
+    <message id="Preferences">
+        <source>Preferences</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="action_custom_collage_missing">
+        <source>The editor for single collages is not built yet</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="import_panel_title">
+        <source>Import movies</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="status_failures" numerus="yes">
+        <source>No collage of %n movie(s): %1</source>
+        <translation>
+            <numerusform>No collage of %n movie: %1</numerusform>
+            <numerusform>No collage of %n movies: %1</numerusform>
+        </translation>
+    </message>
+    <message id="about_title">
+        <source>About Tessarine</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="about_text">
+        <source>Turns movie files into collages: one picture that shows a whole movie.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="column_thumbnail">
+        <source>Thumbnail</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="cell_thumbnail">
+        <source>Picture from %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="column_summary">
+        <source>Summary</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="cell_summary">
+        <source>Preview of the collage of %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="column_title">
+        <source>Title</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="column_grids">
+        <source>Grids</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="cell_grids">
+        <source>Rows: %1, columns: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="column_description">
+        <source>Description</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="library_drag_tip">
+        <source>Drop movies or folders here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="progress_title_loading">
+        <source>Loading Movies</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="progress_title_export">
+        <source>Making Collages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="preview_name">
+        <source>Preview of the collage</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="OK">
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MASPreferencesWindow</name>
@@ -45,111 +124,111 @@
 </context>
 <context>
     <name>MainWindowController</name>
-    <message>
+    <message id="main_movie_list">
         <source>Movies</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="main_output_folder">
         <source>Output folder</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="main_choose">
         <source>Choose…</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="main_choose_description">
         <source>Chooses the folder for collages</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="main_open">
         <source>Open</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="main_open_description">
         <source>Shows the output folder in the file browser</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="main_same_as_origin">
         <source>Same as origin</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="main_same_as_origin_tip">
         <source>Writes each collage beside its movie</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="main_start">
         <source>Start</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="main_start_description">
         <source>Makes the collages of all movies</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="menu_file">
         <source>&amp;File</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="menu_edit">
         <source>&amp;Edit</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="menu_collage">
         <source>&amp;Collage</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="menu_help">
         <source>&amp;Help</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="main_toolbar">
         <source>Toolbar</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_import">
         <source>Import</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_import_tip">
         <source>Adds movies or folders to the list</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_delete">
         <source>Delete</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_delete_tip">
         <source>Takes the selected movies off the list; the files stay</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_clear">
         <source>Clear</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_clear_tip">
         <source>Takes all movies off the list; the files stay</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_select_all">
         <source>Select All</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_custom_collage">
         <source>Custom Collage</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_preferences">
         <source>Preferences</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_start">
         <source>Start Export</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_quit">
         <source>Quit</source>
         <translation type="unfinished"></translation>
     </message>
-    <message>
+    <message id="action_about">
         <source>About Tessarine</source>
         <translation type="unfinished"></translation>
     </message>
@@ -289,6 +368,21 @@
     </message>
     <message id="metadata_stamp_color_name">
         <source>Colour of the time stamps</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VXLoadingWndCtl</name>
+    <message id="progress_image">
+        <source>Picture in progress</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="progress_bar">
+        <source>Progress</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="progress_cancel">
+        <source>Cancel</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

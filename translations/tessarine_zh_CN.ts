@@ -4,311 +4,404 @@
 <context>
     <name></name>
     <message id="choose_output_folder">
-        <source></source>
-        <translation type="unfinished"></translation>
+        <source>Choose the Output Folder</source>
+        <translation>选择输出文件夹</translation>
     </message>
     <message id="supported_files">
         <source>Supported files</source>
-        <translation type="unfinished"></translation>
+        <translation>支持的文件</translation>
     </message>
     <message id="trusted_folder_column">
         <source>Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>文件夹</translation>
     </message>
     <message id="General">
         <source>General</source>
-        <translation type="unfinished"></translation>
+        <translation>通用</translation>
     </message>
     <message id="Metadata">
         <source>Metadata</source>
-        <translation type="unfinished"></translation>
+        <translation>元数据</translation>
     </message>
     <message id="Trusted Paths">
         <source>Trusted Paths</source>
-        <translation type="unfinished"></translation>
+        <translation>受信任的路径</translation>
     </message>
     <message id="trusted_folders_panel">
         <source>Add Trusted Folders</source>
-        <translation type="unfinished"></translation>
+        <translation>添加受信任的文件夹</translation>
     </message>
     <message id="trusted_folders_panel_add">
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>添加</translation>
+    </message>
+    <message id="Preferences">
+        <source>Preferences</source>
+        <translation>偏好设置</translation>
+    </message>
+    <message id="action_custom_collage_missing">
+        <source>The editor for single collages is not built yet</source>
+        <translation>单个拼图的编辑器尚未完成</translation>
+    </message>
+    <message id="import_panel_title">
+        <source>Import movies</source>
+        <translation>导入影片</translation>
+    </message>
+    <message id="status_failures" numerus="yes">
+        <source>No collage of %n movie(s): %1</source>
+        <translation>
+            <numerusform>%n 部影片未能生成拼图：%1</numerusform>
+        </translation>
+    </message>
+    <message id="about_title">
+        <source>About Tessarine</source>
+        <translation>关于 Tessarine</translation>
+    </message>
+    <message id="about_text">
+        <source>Turns movie files into collages: one picture that shows a whole movie.</source>
+        <translation>把影片文件制成拼图：用一张图片呈现整部影片。</translation>
+    </message>
+    <message id="column_thumbnail">
+        <source>Thumbnail</source>
+        <translation>缩略图</translation>
+    </message>
+    <message id="cell_thumbnail">
+        <source>Picture from %1</source>
+        <translation>%1 的画面</translation>
+    </message>
+    <message id="column_summary">
+        <source>Summary</source>
+        <translation>概览</translation>
+    </message>
+    <message id="cell_summary">
+        <source>Preview of the collage of %1</source>
+        <translation>%1 的拼图预览</translation>
+    </message>
+    <message id="column_title">
+        <source>Title</source>
+        <translation>标题</translation>
+    </message>
+    <message id="column_grids">
+        <source>Grids</source>
+        <translation>网格</translation>
+    </message>
+    <message id="cell_grids">
+        <source>Rows: %1, columns: %2</source>
+        <translation>%1 行，%2 列</translation>
+    </message>
+    <message id="column_description">
+        <source>Description</source>
+        <translation>说明</translation>
+    </message>
+    <message id="library_drag_tip">
+        <source>Drop movies or folders here</source>
+        <translation>将影片或文件夹拖放到这里</translation>
+    </message>
+    <message id="progress_title_loading">
+        <source>Loading Movies</source>
+        <translation>正在载入影片</translation>
+    </message>
+    <message id="progress_title_export">
+        <source>Making Collages</source>
+        <translation>正在生成拼图</translation>
+    </message>
+    <message id="preview_name">
+        <source>Preview of the collage</source>
+        <translation>拼图预览</translation>
+    </message>
+    <message id="OK">
+        <source>OK</source>
+        <translation>好</translation>
     </message>
 </context>
 <context>
     <name>MASPreferencesWindow</name>
     <message id="preferences_panes">
         <source>Panes</source>
-        <translation type="unfinished"></translation>
+        <translation>页面</translation>
     </message>
 </context>
 <context>
     <name>MainWindowController</name>
-    <message>
+    <message id="main_movie_list">
         <source>Movies</source>
-        <translation type="unfinished"></translation>
+        <translation>影片</translation>
     </message>
-    <message>
+    <message id="main_output_folder">
         <source>Output folder</source>
-        <translation type="unfinished"></translation>
+        <translation>输出文件夹</translation>
     </message>
-    <message>
+    <message id="main_choose">
         <source>Choose…</source>
-        <translation type="unfinished"></translation>
+        <translation>选择…</translation>
     </message>
-    <message>
+    <message id="main_choose_description">
         <source>Chooses the folder for collages</source>
-        <translation type="unfinished"></translation>
+        <translation>选择存放拼图的文件夹</translation>
     </message>
-    <message>
+    <message id="main_open">
         <source>Open</source>
-        <translation type="unfinished"></translation>
+        <translation>打开</translation>
     </message>
-    <message>
+    <message id="main_open_description">
         <source>Shows the output folder in the file browser</source>
-        <translation type="unfinished"></translation>
+        <translation>在文件管理器中显示输出文件夹</translation>
     </message>
-    <message>
+    <message id="main_same_as_origin">
         <source>Same as origin</source>
-        <translation type="unfinished"></translation>
+        <translation>与原文件相同</translation>
     </message>
-    <message>
+    <message id="main_same_as_origin_tip">
         <source>Writes each collage beside its movie</source>
-        <translation type="unfinished"></translation>
+        <translation>把每张拼图存放在其影片旁边</translation>
     </message>
-    <message>
+    <message id="main_start">
         <source>Start</source>
-        <translation type="unfinished"></translation>
+        <translation>开始</translation>
     </message>
-    <message>
+    <message id="main_start_description">
         <source>Makes the collages of all movies</source>
-        <translation type="unfinished"></translation>
+        <translation>为所有影片生成拼图</translation>
     </message>
-    <message>
+    <message id="menu_file">
         <source>&amp;File</source>
-        <translation type="unfinished"></translation>
+        <translation>文件(&amp;F)</translation>
     </message>
-    <message>
+    <message id="menu_edit">
         <source>&amp;Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>编辑(&amp;E)</translation>
     </message>
-    <message>
+    <message id="menu_collage">
         <source>&amp;Collage</source>
-        <translation type="unfinished"></translation>
+        <translation>拼图(&amp;C)</translation>
     </message>
-    <message>
+    <message id="menu_help">
         <source>&amp;Help</source>
-        <translation type="unfinished"></translation>
+        <translation>帮助(&amp;H)</translation>
     </message>
-    <message>
+    <message id="main_toolbar">
         <source>Toolbar</source>
-        <translation type="unfinished"></translation>
+        <translation>工具栏</translation>
     </message>
-    <message>
+    <message id="action_import">
         <source>Import</source>
-        <translation type="unfinished"></translation>
+        <translation>导入</translation>
     </message>
-    <message>
+    <message id="action_import_tip">
         <source>Adds movies or folders to the list</source>
-        <translation type="unfinished"></translation>
+        <translation>把影片或文件夹添加到列表</translation>
     </message>
-    <message>
+    <message id="action_delete">
         <source>Delete</source>
-        <translation type="unfinished"></translation>
+        <translation>移除</translation>
     </message>
-    <message>
+    <message id="action_delete_tip">
         <source>Takes the selected movies off the list; the files stay</source>
-        <translation type="unfinished"></translation>
+        <translation>从列表中移除所选影片；文件保留</translation>
     </message>
-    <message>
+    <message id="action_clear">
         <source>Clear</source>
-        <translation type="unfinished"></translation>
+        <translation>清空</translation>
     </message>
-    <message>
+    <message id="action_clear_tip">
         <source>Takes all movies off the list; the files stay</source>
-        <translation type="unfinished"></translation>
+        <translation>从列表中移除所有影片；文件保留</translation>
     </message>
-    <message>
+    <message id="action_select_all">
         <source>Select All</source>
-        <translation type="unfinished"></translation>
+        <translation>全选</translation>
     </message>
-    <message>
+    <message id="action_custom_collage">
         <source>Custom Collage</source>
-        <translation type="unfinished"></translation>
+        <translation>自定义拼图</translation>
     </message>
-    <message>
+    <message id="action_preferences">
         <source>Preferences</source>
-        <translation type="unfinished"></translation>
+        <translation>偏好设置</translation>
     </message>
-    <message>
+    <message id="action_start">
         <source>Start Export</source>
-        <translation type="unfinished"></translation>
+        <translation>开始导出</translation>
     </message>
-    <message>
+    <message id="action_quit">
         <source>Quit</source>
-        <translation type="unfinished"></translation>
+        <translation>退出</translation>
     </message>
-    <message>
+    <message id="action_about">
         <source>About Tessarine</source>
-        <translation type="unfinished"></translation>
+        <translation>关于 Tessarine</translation>
     </message>
 </context>
 <context>
     <name>RBGeneralPreferViewCtl</name>
     <message id="general_after_export">
         <source>After a collage is made:</source>
-        <translation type="unfinished"></translation>
+        <translation>生成拼图之后：</translation>
     </message>
     <message id="general_reveal">
         <source>Show it in the file browser</source>
-        <translation type="unfinished"></translation>
+        <translation>在文件管理器中显示</translation>
     </message>
     <message id="general_open">
         <source>Open it</source>
-        <translation type="unfinished"></translation>
+        <translation>打开拼图</translation>
     </message>
     <message id="general_clear">
         <source>Empty the movie list</source>
-        <translation type="unfinished"></translation>
+        <translation>清空影片列表</translation>
     </message>
     <message id="general_format">
         <source>Image &amp;format:</source>
-        <translation type="unfinished"></translation>
+        <translation>图片格式(&amp;F)：</translation>
     </message>
     <message id="general_format_name">
         <source>Image format</source>
-        <translation type="unfinished"></translation>
+        <translation>图片格式</translation>
     </message>
     <message id="general_quality">
         <source>Quality:</source>
-        <translation type="unfinished"></translation>
+        <translation>质量：</translation>
     </message>
     <message id="general_quality_reason">
         <source>Images are always written in the standard quality of their format.</source>
-        <translation type="unfinished"></translation>
+        <translation>图片始终以其格式的标准质量保存。</translation>
     </message>
     <message id="general_quality_name">
         <source>Quality</source>
-        <translation type="unfinished"></translation>
+        <translation>质量</translation>
     </message>
 </context>
 <context>
     <name>RBMetadataPrefViewCtl</name>
     <message id="metadata_heading">
         <source>Heading of the collage</source>
-        <translation type="unfinished"></translation>
+        <translation>拼图的标题区</translation>
     </message>
     <message id="metadata_file_name">
         <source>File name</source>
-        <translation type="unfinished"></translation>
+        <translation>文件名</translation>
     </message>
     <message id="metadata_file_size">
         <source>File size</source>
-        <translation type="unfinished"></translation>
+        <translation>文件大小</translation>
     </message>
     <message id="metadata_resolution">
         <source>Resolution</source>
-        <translation type="unfinished"></translation>
+        <translation>分辨率</translation>
     </message>
     <message id="metadata_duration">
         <source>Duration</source>
-        <translation type="unfinished"></translation>
+        <translation>时长</translation>
     </message>
     <message id="metadata_date">
         <source>Date</source>
-        <translation type="unfinished"></translation>
+        <translation>日期</translation>
     </message>
     <message id="metadata_fps">
         <source>Frame rate</source>
-        <translation type="unfinished"></translation>
+        <translation>帧率</translation>
     </message>
     <message id="metadata_codec">
         <source>Codec</source>
-        <translation type="unfinished"></translation>
+        <translation>编码</translation>
     </message>
     <message id="metadata_bit_rate">
         <source>Bit rate</source>
-        <translation type="unfinished"></translation>
+        <translation>码率</translation>
     </message>
     <message id="metadata_text_color">
         <source>Text &amp;colour:</source>
-        <translation type="unfinished"></translation>
+        <translation>文字颜色(&amp;C)：</translation>
     </message>
     <message id="metadata_text_color_name">
         <source>Colour of the heading</source>
-        <translation type="unfinished"></translation>
+        <translation>标题区的颜色</translation>
     </message>
     <message id="metadata_check_all">
         <source>&amp;All</source>
-        <translation type="unfinished"></translation>
+        <translation>全选(&amp;A)</translation>
     </message>
     <message id="metadata_uncheck_all">
         <source>&amp;None</source>
-        <translation type="unfinished"></translation>
+        <translation>全不选(&amp;N)</translation>
     </message>
     <message id="metadata_stamps">
         <source>Time stamps of the frames</source>
-        <translation type="unfinished"></translation>
+        <translation>画面的时间戳</translation>
     </message>
     <message id="metadata_time_stamp">
         <source>Show the time</source>
-        <translation type="unfinished"></translation>
+        <translation>显示时间</translation>
     </message>
     <message id="metadata_milliseconds">
         <source>With milliseconds</source>
-        <translation type="unfinished"></translation>
+        <translation>包含毫秒</translation>
     </message>
     <message id="metadata_corner">
         <source>C&amp;orner:</source>
-        <translation type="unfinished"></translation>
+        <translation>位置(&amp;O)：</translation>
     </message>
     <message id="metadata_corner_name">
         <source>Corner of the time stamps</source>
-        <translation type="unfinished"></translation>
+        <translation>时间戳的位置</translation>
     </message>
     <message id="corner_lower_right">
         <source>Lower right</source>
-        <translation type="unfinished"></translation>
+        <translation>右下</translation>
     </message>
     <message id="corner_lower_left">
         <source>Lower left</source>
-        <translation type="unfinished"></translation>
+        <translation>左下</translation>
     </message>
     <message id="corner_upper_right">
         <source>Upper right</source>
-        <translation type="unfinished"></translation>
+        <translation>右上</translation>
     </message>
     <message id="corner_upper_left">
         <source>Upper left</source>
-        <translation type="unfinished"></translation>
+        <translation>左上</translation>
     </message>
     <message id="metadata_stamp_color">
         <source>Co&amp;lour:</source>
-        <translation type="unfinished"></translation>
+        <translation>颜色(&amp;L)：</translation>
     </message>
     <message id="metadata_stamp_color_name">
         <source>Colour of the time stamps</source>
-        <translation type="unfinished"></translation>
+        <translation>时间戳的颜色</translation>
+    </message>
+</context>
+<context>
+    <name>VXLoadingWndCtl</name>
+    <message id="progress_image">
+        <source>Picture in progress</source>
+        <translation>正在处理的画面</translation>
+    </message>
+    <message id="progress_bar">
+        <source>Progress</source>
+        <translation>进度</translation>
+    </message>
+    <message id="progress_cancel">
+        <source>Cancel</source>
+        <translation>取消</translation>
     </message>
 </context>
 <context>
     <name>VXTrustedPathViewCtl</name>
     <message id="trusted_explanation">
         <source>Tessarine may read movies from these folders and write collages into them.</source>
-        <translation type="unfinished"></translation>
+        <translation>Tessarine 可以读取这些文件夹中的影片，并把拼图存放到其中。</translation>
     </message>
     <message id="trusted_table">
         <source>Trusted folders</source>
-        <translation type="unfinished"></translation>
+        <translation>受信任的文件夹</translation>
     </message>
     <message id="trusted_add">
         <source>&amp;Add…</source>
-        <translation type="unfinished"></translation>
+        <translation>添加(&amp;A)…</translation>
     </message>
     <message id="trusted_remove">
         <source>&amp;Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>移除(&amp;R)</translation>
     </message>
 </context>
 </TS>

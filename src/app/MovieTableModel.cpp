@@ -59,9 +59,9 @@ const std::array<ColumnKind, MovieTableModel::ColumnCount> columns{{
     {u"Grids", [](const KTMovieObject &movie) { return QVariant(grids(movie.settings())); },
      //% "Grids"
      [] { return qtTrId("column_grids"); },
-     //% "Rows: %1, columns: %2"
      [](const KTMovieObject &movie) {
          const CollageSettings settings = movie.settings();
+         //% "Rows: %1, columns: %2"
          return qtTrId("cell_grids").arg(settings.rowNumber).arg(settings.columeNumber);
      }},
     {u"Description", [](const KTMovieObject &movie) { return QVariant(description(movie)); },

@@ -59,6 +59,7 @@ void OutputFolderControls::show(const QString &path)
 void OutputFolderControls::browseDown()
 {
     OpenPanelRequest request;
+    //% "Choose the Output Folder"
     request.title = qtTrId("choose_output_folder");
     request.folder = outputPath();
     request.folders = true;

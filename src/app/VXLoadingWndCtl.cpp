@@ -31,9 +31,10 @@ void VXLoadingWndCtl::setModel(int model)
 {
     layoutModel = model;
     //% "Loading Movies"
-    setWindowTitle(model == 0 ? qtTrId("progress_title_loading")
-                              //% "Making Collages"
-                              : qtTrId("progress_title_export"));
+    const QString loadingTitle = qtTrId("progress_title_loading");
+    //% "Making Collages"
+    const QString exportTitle = qtTrId("progress_title_export");
+    setWindowTitle(model == 0 ? loadingTitle : exportTitle);
     layOut();
 }
 

@@ -58,7 +58,7 @@ struct Entry {
     Kind kind;
 };
 
-/// All keys above but the preferences window's, which are no settings; in that order.
+/// All keys above but those of windows, which are no settings; in that order.
 std::span<const Entry> all();
 
 /// What the key holds; nothing for a text that is no key of all().
