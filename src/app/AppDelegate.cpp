@@ -50,15 +50,17 @@ void AppDelegate::buildPreferencesWindow()
 {
     panes.push_back(std::make_unique<RBGeneralPreferViewCtl>(services.defaults));
     panes.push_back(std::make_unique<RBMetadataPrefViewCtl>(services.defaults));
+    //% "Preferences"
     preferWndCtl = std::make_unique<MASPreferencesWindowController>(panes, qtTrId("Preferences"), services.defaults);
     panes.push_back(
         std::make_unique<VXTrustedPathViewCtl>(trustedFolders, services.openPanel, services.mainQueue));
-    // Showing the third pane once makes it resolve the remembered folders before any work needs them.
+    // Showing the third pane once makes it resolve the remembered folders before any work needs them. The window opens
+    // with the first one, whatever was selected last time.
     preferWndCtl->window();
     if (preferWndCtl->selectedViewController() != panes.back().get()) {
         preferWndCtl->selectControllerAtIndex(2);
-        preferWndCtl->selectControllerAtIndex(0);
     }
+    preferWndCtl->selectControllerAtIndex(0);
 }
 
 bool AppDelegate::openFile(const QString &path)

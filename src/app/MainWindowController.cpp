@@ -21,9 +21,9 @@ MainWindowController::MainWindowController(Services windowServices) :
     services(std::move(windowServices)), ui(std::make_unique<Ui::MainWindowController>()), model(aryItems)
 {
     ui->setupUi(this);
+    ui->tableView->setMovies(model);
     addToolbarItems();
     connectActions();
-    ui->tableView->setMovies(model);
     ui->tableView->setReloadDelegate(this);
     ui->tableView->setDropDelegate(this);
     loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services.notifications, this);
@@ -257,6 +257,9 @@ void MainWindowController::restoreLayout()
 void MainWindowController::showAbout()
 {
     //% "About Tessarine"
+    const QString title = qtTrId("about_title");
     //% "Turns movie files into collages: one picture that shows a whole movie."
-    services.alert.show(qtTrId("about_title"), qtTrId("about_text"), {QStringLiteral("OK")}, [](int) {});
+    const QString text = qtTrId("about_text");
+    //% "OK"
+    services.alert.show(title, text, {qtTrId("OK")}, [](int) {});
 }
