@@ -5,6 +5,7 @@
 
 #include <QProcess>
 
+#include <chrono>
 #include <random>
 #include <vector>
 
@@ -197,4 +198,20 @@ TEST(StoreFile, IsSharedWithOtherProcesses)
     for (int i = 1; i < 100; ++i)
         EXPECT_TRUE(defaults.int32Value(u"one%1"_s.arg(i)) == i && defaults.int32Value(u"two%1"_s.arg(i)) == i) << i;
     EXPECT_EQ(folder.names(), QStringList{u"s.ini"_s});
+}
+
+TEST(StoreFile, IsLaterThanTheOneItReplaces)
+{
+    const TestFolder folder;
+    UserDefaults defaults(folder.file(u"s.ini"_s));
+    const std::filesystem::path path(folder.path("s.ini").toStdString());
+    for (const auto ahead : {std::chrono::hours(0), std::chrono::hours(1)}) { // also when the clock was set back
+        defaults.setInteger(u"hours", ahead.count());
+        ASSERT_TRUE(defaults.synchronize());
+        const auto previous = std::filesystem::last_write_time(path) + ahead;
+        std::filesystem::last_write_time(path, previous);
+        defaults.setInteger(u"hours", ahead.count());
+        ASSERT_TRUE(defaults.synchronize());
+        EXPECT_GE(std::filesystem::last_write_time(path), previous + std::chrono::milliseconds(1));
+    }
 }
