@@ -133,8 +133,9 @@ TEST_F(CollagePainterTest, StampsStandWhereThePositionSays)
     items.metadataBits = 1;
     settings.gridBorderWidth = 0.0;
     settings.borderWidth = 70.0;
+    settings.gridWidth = 160.0;
     settings.backgroundColor = content;
-    const std::vector<QPoint> places{{110, 110}, {70, 110}, {110, 70}, {70, 70}, {0, 0}};
+    const std::vector<QPoint> places{{170, 110}, {70, 110}, {170, 70}, {70, 70}, {0, 0}};
     for (std::size_t position = 0; position < places.size(); ++position) {
         items.stampPosition = static_cast<std::int64_t>(position);
         const QImage canvas = paint();
