@@ -7,6 +7,7 @@
 #include <sys/syscall.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -61,10 +62,8 @@ pid_t spawn(const QStringList &arguments, int outputs)
 {
     std::vector<QByteArray> bytes;
     std::vector<char *> list;
-    for (const QString &argument : arguments)
-        bytes.push_back(PathText::toBytes(argument));
-    for (QByteArray &argument : bytes)
-        list.push_back(argument.data());
+    std::ranges::transform(arguments, std::back_inserter(bytes), &PathText::toBytes);
+    std::ranges::transform(bytes, std::back_inserter(list), [](QByteArray &argument) { return argument.data(); });
     list.push_back(nullptr);
 
     pid_t process = 0;

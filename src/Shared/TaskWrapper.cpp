@@ -92,6 +92,8 @@ bool TaskWrapper::waitUntilTaskExit(const CancelFlag &cancelled)
         }
         while (getData()) {
         }
+        if (killTime.isForever()) // what the tool has left running may hold its output open still
+            stopProcess();
         FFMpegDidTerminate();
     }
     return !wasCancelled;

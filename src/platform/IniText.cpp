@@ -243,6 +243,22 @@ QString writtenValue(const QVariant &value)
     return out;
 }
 
+/// Takes in "key=value"; false when something of it is lost.
+bool readEntry(QStringView line, const QString &prefix, QSettings::SettingsMap &values)
+{
+    const qsizetype equals = line.indexOf(u'=');
+    if (equals < 1)
+        return false;
+    bool complete = true;
+    const QString key = prefix + keyFrom(line.first(equals).trimmed(), complete);
+    if (key.isEmpty())
+        return false;
+    ValueReader reader(line.sliced(equals + 1));
+    complete &= !values.contains(key); // the later line counts
+    values.insert(key, reader.read());
+    return complete && reader.isComplete();
+}
+
 } // namespace
 
 Content parse(const QByteArray &text)
@@ -250,23 +266,15 @@ Content parse(const QByteArray &text)
     static constexpr QByteArrayView byteOrderMark = "\xEF\xBB\xBF";
     Content content;
     QString prefix;
-    const auto lines = (text.startsWith(byteOrderMark) ? text.sliced(byteOrderMark.size()) : text).split('\n');
-    for (const QByteArray &bytes : lines) {
+    for (const QByteArray &bytes : text.sliced(text.startsWith(byteOrderMark) ? byteOrderMark.size() : 0).split('\n')) {
         const QString whole = PathText::fromBytes(bytes.trimmed());
         const QStringView line(whole);
-        const qsizetype equals = line.indexOf(u'=');
         if (line.isEmpty() || line.startsWith(u';'))
             continue;
         if (line.startsWith(u'[') && line.endsWith(u']')) {
             prefix = prefixFrom(line.sliced(1).chopped(1).trimmed(), content.complete);
-        } else if (equals > 0 && !line.startsWith(u'[')) {
-            const QString key = prefix + keyFrom(line.first(equals).trimmed(), content.complete);
-            ValueReader reader(line.sliced(equals + 1));
-            content.complete &= !content.values.contains(key); // the later line counts
-            content.values.insert(key, reader.read());
-            content.complete &= reader.isComplete();
         } else {
-            content.complete = false;
+            content.complete &= !line.startsWith(u'[') && readEntry(line, prefix, content.values);
         }
     }
     return content;

@@ -1,7 +1,6 @@
 #include "platform/PropertyList.h"
 
 #include <QDateTime>
-#include <QTimeZone>
 
 #include <plist/plist.h>
 
@@ -101,7 +100,7 @@ QString dateOf(plist_t node)
     std::int32_t seconds = 0; // since the first moment of 2001
     std::int32_t microseconds = 0;
     plist_get_date_val(node, &seconds, &microseconds);
-    return QDateTime(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc()).addSecs(seconds).toString(Qt::ISODate);
+    return QDateTime(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC).addSecs(seconds).toString(Qt::ISODate);
 }
 
 QVariant valueOf(plist_t node)

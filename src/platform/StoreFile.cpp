@@ -4,6 +4,7 @@
 #include "platform/Log.h"
 #include "platform/NewFile.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileDevice>
 #include <QFileInfo>
@@ -56,16 +57,24 @@ std::optional<Loaded> load(QIODevice &device, const QString &path)
     return Loaded{.values = content.values, .expendable = content.complete || keepAside(path, text)};
 }
 
-QString pathOf(const QIODevice &device)
+/// QSettings reads and writes files only.
+QFileDevice &asFile(QIODevice &device)
 {
-    const auto *file = qobject_cast<const QFileDevice *>(&device);
-    return file ? file->fileName() : QString();
+    return dynamic_cast<QFileDevice &>(device);
+}
+
+/// Gives the file a time behind `previous`, where the file system lets it. Other processes' QSettings take a file of
+/// the same size and millisecond for the one they know, and would write their old values over ours.
+void setLaterTime(QFileDevice &file, const QDateTime &previous)
+{
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    file.setFileTime(qMax(now, previous.addMSecs(1)), QFileDevice::FileModificationTime);
 }
 
 /// QSettings' way to read a file.
 bool readFile(QIODevice &device, QSettings::SettingsMap &values)
 {
-    const auto loaded = load(device, pathOf(device));
+    const auto loaded = load(device, asFile(device).fileName());
     if (loaded)
         values = loaded->values;
     return loaded.has_value();
@@ -74,16 +83,21 @@ bool readFile(QIODevice &device, QSettings::SettingsMap &values)
 /// QSettings' way to write one: it holds the lock now, and the file that is about to be replaced is still there.
 bool writeFile(QIODevice &device, const QSettings::SettingsMap &values)
 {
-    QFile present(pathOf(device));
+    QFileDevice &file = asFile(device);
+    QFile present(file.fileName());
+    QDateTime previous = QDateTime::fromMSecsSinceEpoch(0);
     if (present.exists()) {
         if (!present.open(QIODevice::ReadOnly))
             return false;
         const auto loaded = load(present, present.fileName());
         if (!loaded || !loaded->expendable)
             return false;
+        previous = present.fileTime(QFileDevice::FileModificationTime);
     }
     const QByteArray text = IniText::write(values);
-    return device.write(text) == text.size();
+    const bool written = file.write(text) == text.size() && file.flush();
+    setLaterTime(file, previous);
+    return written;
 }
 
 QSettings::Format storeFormat()

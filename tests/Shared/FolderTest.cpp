@@ -47,9 +47,10 @@ TEST(MovieScan, FindsMoviesByTheirExtensionAnywhereBelow)
 TEST(MovieScan, KeepsTheOrderOfTheListingsDepthFirst)
 {
     const ScratchFolder folder;
-    for (int i = 0; i < 40; ++i)
+    for (int i = 0; i < 40; ++i) {
         folder.write("d" + QByteArray::number(i % 7) + "/e" + QByteArray::number(i % 3) + "/" + QByteArray::number(i) +
                      ".mp4");
+    }
     for (int i = 0; i < 20; ++i)
         folder.write(QByteArray::number(i) + ".mkv");
     std::vector<std::string> expected;

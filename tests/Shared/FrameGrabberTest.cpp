@@ -123,6 +123,7 @@ TEST_F(FrameGrabberTest, GrabsOneAfterTheOther)
     FrameGrabber grabber(scriptedTool(folder, "tool", script), folder.path());
     {
         std::vector<std::jthread> threads;
+        threads.reserve(2);
         for (int i = 0; i < 2; ++i) {
             threads.emplace_back([&grabber] {
                 for (int grab = 0; grab < 6; ++grab)

@@ -21,11 +21,11 @@ TEST(HostIdentity, ReadsTheSystemsVersion)
         const char *version;
         std::int64_t packed;
     } const cases[] = {
-        {"NAME=x\nVERSION_ID=\"12\"\n", "12.0.0", 12 * 65536},
-        {"VERSION_ID=22.04", "22.4.0", 22 * 65536 + 4 * 256},
-        {"VERSION_ID='3.18.4.9'\r\nX=1\n", "3.18.4", 3 * 65536 + 18 * 256 + 4},
-        {"VERSION_ID=20250101\n", "20250101.0.0", std::int64_t{20250101} * 65536},
-        {"VERSION_ID=7.rolling.3\n", "7.0.0", 7 * 65536},
+        {"NAME=x\nVERSION_ID=\"12\"\n", "12.0.0", 0xc0000},
+        {"VERSION_ID=22.04", "22.4.0", 0x160400},
+        {"VERSION_ID='3.18.4.9'\r\nX=1\n", "3.18.4", 0x31204},
+        {"VERSION_ID=20250101\n", "20250101.0.0", 0x134fdf50000},
+        {"VERSION_ID=7.rolling.3\n", "7.0.0", 0x70000},
         {"VERSION_ID=sid\n", "0.0.0", 0},
         {"VERSION_ID=\n", "0.0.0", 0},
         {"VERSION_ID=\"\n", "0.0.0", 0},

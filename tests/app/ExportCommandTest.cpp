@@ -4,25 +4,20 @@
 #include "app/Console.h"
 #include "app/DefaultsSeed.h"
 #include "movies/ColorClock.h"
-#include "platform/PathText.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/UserDefaults.h"
+#include "support/CapturedStream.h"
+#include "support/ScratchFolder.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include <QImage>
 
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 
-#include <filesystem>
-#include <memory>
 #include <vector>
 
 namespace {
-
-using File = std::unique_ptr<std::FILE, int (*)(std::FILE *)>;
 
 /// Runs the command in this process with the real tool, a home and a store of its own.
 class ExportCommandTest : public testing::Test {
@@ -31,56 +26,38 @@ protected:
     {
         return QStringLiteral(TESSARINE_TEST_MOVIES "/") + QString::fromUtf8(name);
     }
-    QString path(const char *name) const { return folder.filePath(QString::fromUtf8(name)); }
 
     /// Runs it with options, separated by blanks, on paths; "-o" is added where `output` is set.
     int run(const QByteArray &optionText, const QStringList &paths)
     {
-        const File out(std::tmpfile(), std::fclose);
-        const File err(std::tmpfile(), std::fclose);
-        UserDefaults defaults(path("store.ini"));
-        DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), path("home"));
+        const CapturedStream out;
+        const CapturedStream err;
+        UserDefaults defaults(folder.path("store.ini"));
+        DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), folder.path("home"));
         FrameGrabber grabber(QStringLiteral(TESSARINE_FFMPEG), folder.path());
-        QStringList words = QString::fromLatin1(optionText).split(u' ', Qt::SkipEmptyParts);
+        QStringList words = QString::fromLatin1("tessarine --export -q " + optionText).split(u' ', Qt::SkipEmptyParts);
         if (!output.isEmpty()) {
             words += {QStringLiteral("-o"), output};
         }
-        const ExportOptions options = ExportOptions::parse(
-            QStringList{QStringLiteral("tessarine"), QStringLiteral("--export"), QStringLiteral("-q")} + words +
-            QStringList{QStringLiteral("--")} + paths);
+        const ExportOptions options = ExportOptions::parse(words + QStringList{QStringLiteral("--")} + paths);
         EXPECT_EQ(options.action, ExportOptions::Action::Export) << options.problem.toStdString();
-        Console console(out.get(), err.get(), options.quiet);
-        const int status = ExportCommand(options, {defaults, grabber, console, path("home"), cancelled}).run();
-        results = lines(out);
-        messages = lines(err);
+        Console console(out.stream(), err.stream(), options.quiet);
+        const int status = ExportCommand(options, {defaults, grabber, console, folder.path("home"), cancelled}).run();
+        results = out.lines();
+        messages = err.lines();
         return status;
     }
 
-    QImage onlyImage() const
-    {
-        EXPECT_EQ(results.size(), 1) << messages.join('\n').constData();
-        return QImage(PathText::fromBytes(results.value(0)));
-    }
-
-    QTemporaryDir folder;
-    QString output = path("out");
+    ScratchFolder folder;
+    QString output = folder.path("out");
     CancelFlag cancelled = false;
     QByteArrayList results;
     QByteArrayList messages;
-
-private:
-    static QByteArrayList lines(const File &file)
-    {
-        std::rewind(file.get());
-        QByteArray bytes(1 << 16, '\0');
-        bytes.resize(static_cast<qsizetype>(std::fread(bytes.data(), 1, 1 << 16, file.get())));
-        return bytes.isEmpty() ? QByteArrayList() : bytes.chopped(1).split('\n');
-    }
 };
 
 TEST_F(ExportCommandTest, EachTileShowsItsSecond)
 {
-    output = path("new/deep");
+    output = folder.path("new/deep");
     struct Case {
         const char *range;
         std::array<int, 6> seconds;
@@ -93,7 +70,7 @@ TEST_F(ExportCommandTest, EachTileShowsItsSecond)
                 {movie("clock.mp4")}),
             0)
             << messages.join('\n').constData();
-        const QImage image = onlyImage();
+        const QImage image(QString::fromUtf8(results.value(0)));
         ASSERT_EQ(image.size(), QSize(3 * 80 + 2 * 4 + 40, 2 * 60 + 4 + 40));
         for (int tile = 0; tile < 6; ++tile) {
             const QPoint middle(20 + 84 * (tile % 3) + 40, 20 + 64 * (tile / 3) + 30);
@@ -112,85 +89,79 @@ TEST_F(ExportCommandTest, TilesHaveTheShapeOfThePictureThatTheToolWrites)
     for (const Case &shape :
          {Case{"portrait.mp4", {120, 160}}, Case{"anamorphic.mp4", {120, 96}}, Case{"two-sizes.mkv", {120, 90}}}) {
         ASSERT_EQ(run("--rows 1 --columns 1 --tile-width 120 --set MetadataTextKey=0", {movie(shape.name)}), 0);
-        EXPECT_EQ(onlyImage().size(), shape.tile + QSize(40, 40)) << shape.name;
+        EXPECT_EQ(QImage(QString::fromUtf8(results.value(0))).size(), shape.tile + QSize(40, 40)) << shape.name;
     }
 }
 
 TEST_F(ExportCommandTest, BadMoviesAreToldAndTheGoodOnesMade)
 {
-    ASSERT_EQ(mkfifo(qPrintable(path("fifo.mp4")), 0600), 0);
-    QDir(folder.path()).mkpath(QStringLiteral("empty"));
-    QDir(folder.path()).mkpath(QStringLiteral("loop"));
-    QFile::link(path("nowhere"), path("dangling.mp4"));
-    QFile::link(path("self.mp4"), path("self.mp4"));
-    QFile::link(path("loop"), path("loop/a"));
-    QFile::link(path("loop"), path("loop/b"));
-    QFile::copy(movie("short.mp4"), path("loop/x.mp4"));
-    QFile::link(path("loop"), path("folder-link"));
-    const QStringList bad{path("fifo.mp4"),     path("empty"),        path("dangling.mp4"), path("missing.mp4"),
-                          path("self.mp4"),     path("folder-link"),  movie("text.mp4"),    movie("empty.mp4"),
-                          movie("cut-off.mp4"), movie("noise.mp4"),   movie("sound.m4a"),   movie("cover.m4a"),
-                          movie("picture.mp4"), movie("terminal.ans")};
-    EXPECT_EQ(run("--rows 1", bad + QStringList{path("loop"), movie("short.mp4")}), 1);
+    ASSERT_EQ(mkfifo(folder.bytes("fifo.mp4").constData(), 0600), 0);
+    folder.makeFolder("empty");
+    folder.makeFolder("loop");
+    for (const auto &[target, link] : {std::pair{"nowhere", "dangling.mp4"},
+                                       {"self.mp4", "self.mp4"},
+                                       {"loop", "folder-link"},
+                                       {"../loop", "loop/a"},
+                                       {"../loop", "loop/b"}}) {
+        folder.link(target, link);
+    }
+    folder.link(movie("short.mp4").toUtf8(), "loop/x.mp4");
+    QStringList bad;
+    for (const char *name : {"fifo.mp4", "empty", "dangling.mp4", "missing.mp4", "self.mp4", "folder-link"}) {
+        bad += folder.path(name);
+    }
+    for (const char *name : {"text.mp4", "empty.mp4", "cut-off.mp4", "noise.mp4", "sound.m4a", "cover.m4a",
+                             "picture.mp4", "terminal.ans"}) {
+        bad += movie(name);
+    }
+    EXPECT_EQ(run("--rows 1", bad + QStringList{folder.path("loop"), movie("short.mp4")}), 1);
     EXPECT_EQ(messages.size(), bad.size()) << messages.join('\n').constData();
     for (const QString &one : bad) {
-        EXPECT_TRUE(std::ranges::any_of(messages, [&](const QByteArray &line) {
-            return line.startsWith(QByteArray("tessarine: " + one.toUtf8() + ": "));
-        })) << one.toStdString();
+        EXPECT_TRUE(messages.join('\n').contains(QByteArray("tessarine: " + one.toUtf8() + ": "))) << one.toStdString();
     }
-    EXPECT_EQ(results, (QByteArrayList{path("out/x.jpg").toUtf8(), path("out/short.jpg").toUtf8()}));
+    EXPECT_EQ(results, (QByteArrayList{folder.bytes("out/x.jpg"), folder.bytes("out/short.jpg")}));
 }
 
 TEST_F(ExportCommandTest, HostileNamesLoadAndExport)
 {
     output.clear();
-    const std::string longName = std::string(251, 'x') + ".mp4";
-    const std::vector<std::string> names{" spaced name .mp4",
-                                         "new\nline.mp4",
-                                         "'quotes\".mp4",
-                                         "%s%d%n %20.mp4",
-                                         "-y.mp4",
-                                         "http:name.mp4",
-                                         "img%03d.mp4",
-                                         "🎬.mp4",
-                                         "bad\xff\xfe"
-                                         "bytes.mp4",
-                                         longName,
-                                         std::string(252, 'y') + ".ts",
-                                         "no extension"};
-    const std::filesystem::path films = folder.filePath(QStringLiteral("films")).toStdString();
-    std::filesystem::create_directory(films);
+    const QByteArrayList names{" spaced name .mp4",
+                               "new\nline.mp4",
+                               "'quotes\".mp4",
+                               "%s%d%n %20.mp4",
+                               "-y.mp4",
+                               "http:name.mp4",
+                               "img%03d.mp4",
+                               "🎬.mp4",
+                               "bad\xff\xfe bytes.mp4",
+                               QByteArray(251, 'x') + ".mp4",
+                               QByteArray(252, 'y') + ".ts",
+                               "no extension"};
     QStringList paths;
-    for (const std::string &name : names) {
-        std::filesystem::copy_file(movie("short.mp4").toStdString(), films / name);
-        paths += PathText::fromBytes(QByteArray::fromStdString((films / name).string()));
+    for (const QByteArray &name : names) {
+        folder.makeFolder("films");
+        paths += folder.link(movie("short.mp4").toUtf8(), "films/" + name);
     }
-    EXPECT_EQ(run("--beside --rows 1 --columns 1", paths), 0) << messages.join('\n').constData();
-    EXPECT_EQ(messages.size(), 0) << messages.join('\n').constData();
-    std::size_t images = 0;
-    for (const auto &entry : std::filesystem::directory_iterator(films)) {
-        images += entry.path().extension() == ".jpg" ? 1U : 0U;
-    }
-    EXPECT_EQ(images, names.size());
-    EXPECT_TRUE(std::filesystem::exists(films / "bad\xff\xfe"
-                                                "bytes.jpg"));
-    std::filesystem::remove_all(films); // Qt cannot name all of it
+    EXPECT_EQ(run("--beside --rows 1 --columns 1", paths), 0);
+    EXPECT_TRUE(messages.isEmpty()) << messages.join('\n').constData();
+    EXPECT_EQ(folder.names("films").filter(QStringLiteral(".jpg")).size(), names.size());
+    EXPECT_TRUE(folder.has("films/bad\xff\xfe bytes.jpg"));
 }
 
 TEST_F(ExportCommandTest, TheDefaultFolderIsMadeOnlyForAnImage)
 {
     output.clear();
     EXPECT_EQ(run("", {movie("text.mp4")}), 1);
-    EXPECT_FALSE(QDir(path("home")).exists());
+    EXPECT_FALSE(folder.has("home"));
     EXPECT_EQ(run("--rows 1", {movie("short.mp4")}), 0);
-    EXPECT_EQ(results, QByteArrayList{path("home/Pictures/Tessarine/short.jpg").toUtf8()});
+    EXPECT_EQ(results, QByteArrayList{folder.bytes("home/Pictures/Tessarine/short.jpg")});
 }
 
 TEST_F(ExportCommandTest, StoredSettingsHoldAndOptionsLieOverThem)
 {
     output.clear();
     {
-        UserDefaults stored(path("store.ini"));
+        UserDefaults stored(folder.path("store.ini"));
         stored.setInteger(PreferenceKeys::rowNumber, 1);
         stored.setInteger(PreferenceKeys::columeNumber, 4);
         stored.setInteger(PreferenceKeys::metadataText, 0);
@@ -199,9 +170,9 @@ TEST_F(ExportCommandTest, StoredSettingsHoldAndOptionsLieOverThem)
         stored.setText(PreferenceKeys::outputFolder, folder.path());
     }
     EXPECT_EQ(run("--columns 1 --tile-width 100", {movie("short.mp4"), movie("short.mp4")}), 0);
-    EXPECT_EQ(results, (QByteArrayList{path("short.jpg").toUtf8(), path("short(1).jpg").toUtf8()}));
-    EXPECT_EQ(QImage(path("short.jpg")).size(), QSize(140, 115));
-    EXPECT_EQ(UserDefaults(path("store.ini")).int32Value(PreferenceKeys::columeNumber), 4);
+    EXPECT_EQ(results, (QByteArrayList{folder.bytes("short.jpg"), folder.bytes("short(1).jpg")}));
+    EXPECT_EQ(QImage(folder.path("short.jpg")).size(), QSize(140, 115));
+    EXPECT_EQ(UserDefaults(folder.path("store.ini")).int32Value(PreferenceKeys::columeNumber), 4);
 }
 
 TEST_F(ExportCommandTest, OddSettingsNeverCrash)
@@ -224,25 +195,22 @@ TEST_F(ExportCommandTest, OddSettingsNeverCrash)
 
 TEST_F(ExportCommandTest, AFolderThatCannotBeWrittenIsToldAtOnce)
 {
-    output = path("file");
-    QFile file(path("file"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    output = folder.write("file");
     EXPECT_EQ(run("", {movie("short.mp4"), movie("clock.mp4")}), 1);
-    EXPECT_EQ(messages,
-              QByteArrayList{"tessarine: " + path("file").toUtf8() + ": images cannot be written into this folder"});
+    EXPECT_EQ(messages.size(), 1);
+    EXPECT_TRUE(messages.value(0).startsWith(QByteArray("tessarine: " + folder.bytes("file") + ": ")));
 }
 
 TEST_F(ExportCommandTest, AFullDiskLeavesNoPartialImage)
 {
-    const QString disk = output = path("disk");
-    QDir().mkpath(disk);
-    if (mount("tmpfs", qPrintable(disk), "tmpfs", 0, "size=16k") != 0) {
+    folder.makeFolder("out");
+    if (mount("tmpfs", folder.bytes("out").constData(), "tmpfs", 0, "size=16k") != 0) {
         GTEST_SKIP() << "this machine lets nobody mount a small disk";
     }
     EXPECT_EQ(run("--rows 4", {movie("clock.mp4")}), 1);
-    EXPECT_TRUE(QDir(disk).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+    EXPECT_EQ(folder.names("out"), QStringList());
     EXPECT_TRUE(messages.value(0).endsWith("No space left on device")) << messages.join('\n').constData();
-    EXPECT_EQ(umount(qPrintable(disk)), 0);
+    EXPECT_EQ(umount(folder.bytes("out").constData()), 0);
 }
 
 TEST_F(ExportCommandTest, AnInterruptEndsItBeforeTheFirstMovie)

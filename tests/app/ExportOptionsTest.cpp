@@ -26,17 +26,13 @@ TEST(ExportOptions, ReadsEveryOption)
     EXPECT_EQ(options.start, 90.0);
     EXPECT_EQ(options.end, 3723.5);
 
-    QVariantMap settings;
+    QMap<QString, QString> settings;
     for (const SettingOption &setting : options.settings) {
-        settings.insert(setting.key, setting.value);
+        settings.insert(setting.key, setting.value.toString());
     }
-    const QVariantMap expected{{QStringLiteral("DefaultRowNumber"), 4},
-                               {QStringLiteral("DefaultColumeNumber"), 5},
-                               {QStringLiteral("DefaultTileWidth"), 120},
-                               {QStringLiteral("OutputFormatKey"), 3},
-                               {QStringLiteral("DefaultHGaps"), QStringLiteral("7.9")},
-                               {QStringLiteral("DefultBkgColor"), ColorArchive::archive(QColor(255, 0, 0, 128))}};
-    EXPECT_EQ(settings, expected);
+    EXPECT_EQ(settings.values(), // by key: columns, gaps, rows, width, ground, format
+              (QStringList{u"5"_qs, u"7.9"_qs, u"4"_qs, u"120"_qs,
+                           QString::fromUtf8(ColorArchive::archive(QColor(255, 0, 0, 128))), u"3"_qs}));
 }
 
 TEST(ExportOptions, ChoosesWhatToDo)

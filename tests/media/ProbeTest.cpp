@@ -152,6 +152,7 @@ TEST(Probe, RunsOnSeveralThreadsAndLeavesNothingOpen)
     const int before = openFiles();
     {
         std::vector<std::jthread> threads;
+        threads.reserve(3);
         for (int i = 0; i < 3; ++i) {
             threads.emplace_back([] {
                 for (const Readable &movie : readable) {

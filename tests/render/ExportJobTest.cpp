@@ -8,11 +8,11 @@
 #include "platform/Workspace.h"
 #include "render/ExportObserver.h"
 #include "render/MovieSource.h"
+#include "support/ScriptedTool.h"
 
-#include <QDir>
+#include <QBuffer>
 #include <QFile>
 #include <QImage>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -70,160 +70,128 @@ private:
     static QString name(const QString &path) { return path.section(u'/', -1); }
 };
 
+/// Exports movies "a", "b" … of one row with a tool that copies one red picture, whatever it is asked for.
 class ExportJobTest : public testing::Test {
 protected:
     ExportJobTest()
     {
-        // The tool copies one picture, whatever it is asked for.
         QImage picture(32, 24, QImage::Format_RGB32);
         picture.fill(Qt::red);
-        picture.save(path(QStringLiteral("picture.jpg")));
-        writeTool("cp \"$(dirname \"$0\")/picture.jpg\" \"$8\"");
-        QDir(folder.path()).mkpath(QStringLiteral("out"));
+        QByteArray jpeg;
+        QBuffer buffer(&jpeg);
+        picture.save(&buffer, "jpg");
+        folder.write("picture.jpg", jpeg);
+        folder.makeFolder("out");
     }
 
-    QString path(const QString &name) const { return folder.filePath(name); }
-
-    void writeTool(const QByteArray &command)
+    void add(const QByteArray &name, std::int32_t columns = 1, double tileWidth = 32.0)
     {
-        QFile tool(path(QStringLiteral("tool")));
-        ASSERT_TRUE(tool.open(QIODevice::WriteOnly));
-        tool.write("#!/bin/sh\n" + command + "\n");
-        tool.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
-
-    std::shared_ptr<KTMovieObject> add(const QString &name, std::int32_t rows = 1, std::int32_t columns = 2)
-    {
-        auto movie = std::make_shared<KTMovieObject>();
-        movie->filePath = path(name);
+        diary.movies.push_back(std::make_shared<KTMovieObject>());
+        diary.movies.back()->filePath = folder.path(name);
         CollageSettings settings;
-        settings.rowNumber = rows;
+        settings.rowNumber = 1;
         settings.columeNumber = columns;
-        settings.gridWidth = 32.0;
+        settings.gridWidth = tileWidth;
         settings.gridHeight = 24.0;
-        movie->setSettings(settings);
-        diary.movies.push_back(movie);
-        return movie;
+        diary.movies.back()->setSettings(settings);
     }
 
     void exportAll()
     {
-        FrameGrabber grabber(path(QStringLiteral("tool")), folder.path());
+        FrameGrabber grabber(tool, folder.path());
         ExportJob job({diary, grabber, defaults, diary, diary, diary, [this] { return outputFolder; }, cancelled});
         job.run();
         job.run(); // a second time does nothing
         EXPECT_EQ(job.state(), ExportJob::State::Finished);
     }
 
-    QStringList images() const { return QDir(outputFolder).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
-
-    QTemporaryDir folder;
-    QString outputFolder = folder.filePath(QStringLiteral("out"));
-    UserDefaults defaults{folder.filePath(QStringLiteral("store.ini"))};
+    ScratchFolder folder;
+    QString tool = scriptedTool(folder, "tool", "cp \"${0%/*}/picture.jpg\" \"$8\"");
+    QString outputFolder = folder.path("out");
+    UserDefaults defaults{folder.path("store.ini")};
     Diary diary;
     CancelFlag cancelled = false;
 };
 
 TEST_F(ExportJobTest, EachMovieIsWrittenBeforeTheNextBegins)
 {
-    add(QStringLiteral("a.mov"));
-    add(QStringLiteral("a.mp4"));
+    add("a.mov", 2);
+    add("a.mp4", 2);
     exportAll();
     EXPECT_THAT(diary.entries, ElementsAre("movie 0/2 tile 1/2", "movie 0/2 tile 2/2", "written a.jpg",
                                            "movie 1/2 tile 1/2", "movie 1/2 tile 2/2", "written a(1).jpg", "end"));
-    EXPECT_EQ(images(), (QStringList{QStringLiteral("a(1).jpg"), QStringLiteral("a.jpg")}));
-    const QImage image(outputFolder + QStringLiteral("/a.jpg"));
+    EXPECT_EQ(folder.names("out"), (QStringList{QStringLiteral("a(1).jpg"), QStringLiteral("a.jpg")}));
+    const QImage image(folder.path("out/a.jpg"));
     EXPECT_EQ(image.size(), QSize(2 * 32 + 4 + 40, 24 + 40));
     EXPECT_GT(qRed(image.pixel(36, 32)), 240);
 }
 
 TEST_F(ExportJobTest, TheFormatKeyChoosesExtensionAndEncoder)
 {
-    struct Case {
-        int key;
-        const char *image;
-        const char *magic;
-    };
-    for (const Case &format : {Case{0, "a.jpg", "\xff\xd8"}, Case{1, "a.png", "\x89PNG"}, Case{2, "a.bmp", "BM"},
-                               Case{3, "a.tiff", "II*"}}) {
-        diary.movies.clear();
-        add(QStringLiteral("a.mov"));
-        defaults.setInteger(PreferenceKeys::outputFormat, format.key);
+    add("a.mov");
+    for (const auto &[key, image, magic] : {std::tuple{0, "out/a.jpg", "\xff\xd8"},
+                                            {1, "out/a.png", "\x89PNG"},
+                                            {2, "out/a.bmp", "BM"},
+                                            {3, "out/a.tiff", "II*"}}) {
+        defaults.setInteger(PreferenceKeys::outputFormat, key);
         exportAll();
-        QFile file(outputFolder + u'/' + QString::fromLatin1(format.image));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << format.image;
-        EXPECT_TRUE(file.readAll().startsWith(format.magic)) << format.image;
+        EXPECT_TRUE(folder.read(image).startsWith(magic)) << image;
     }
-    diary.entries.clear();
     defaults.setInteger(PreferenceKeys::outputFormat, 7);
     exportAll();
     EXPECT_THAT(diary.entries, testing::Contains("failed a.mov"));
-    EXPECT_EQ(images().size(), 4);
+    EXPECT_EQ(folder.names("out").size(), 4);
 }
 
 TEST_F(ExportJobTest, TheActionsFollowEachMovieAndClearingEndsTheExport)
 {
-    add(QStringLiteral("a.mov"), 1, 1);
-    add(QStringLiteral("b.mov"), 1, 1);
-    defaults.setBool(PreferenceKeys::openAfterFinish, true);
-    defaults.setBool(PreferenceKeys::revealInFinder, true);
-    defaults.setBool(PreferenceKeys::clearAfterFinish, true);
+    add("a.mov");
+    add("b.mov");
+    for (const auto key : {PreferenceKeys::openAfterFinish, PreferenceKeys::revealInFinder,
+                           PreferenceKeys::clearAfterFinish, PreferenceKeys::sameAsOrigin}) {
+        defaults.setBool(key, true);
+    }
     exportAll();
     EXPECT_THAT(diary.entries,
                 ElementsAre("movie 0/2 tile 1/1", "written a.jpg", "open a.jpg", "reveal a.jpg", "clear", "end"));
+    EXPECT_TRUE(folder.has("a.jpg")); // beside the movie
 }
 
 TEST_F(ExportJobTest, AnUnwritableFolderAsksAndItsDefaultAnswerSkipsTheMovie)
 {
-    add(QStringLiteral("a.mov"), 1, 1);
-    add(QStringLiteral("b.mov"), 1, 1);
-    outputFolder = path(QStringLiteral("missing"));
+    add("a.mov");
+    outputFolder = folder.path("missing");
     defaults.setBool(PreferenceKeys::openAfterFinish, true);
+    exportAll();
+    diary.alertAnswer = 1; // go on all the same: the write fails, the actions run
     exportAll();
     const std::string alert = "alert Alert!|The output path " + outputFolder.toStdString() +
                               " is not writable,Please set up the priviledge at the Finder|Continue";
-    EXPECT_THAT(diary.entries, ElementsAre("movie 0/2 tile 1/1", alert, "movie 1/2 tile 1/1", alert, "end"));
-
-    diary.entries.clear();
-    diary.movies.pop_back();
-    diary.alertAnswer = 1; // go on all the same: the write fails, the actions run
-    exportAll();
-    EXPECT_THAT(diary.entries, ElementsAre("movie 0/1 tile 1/1", alert, "failed a.mov", "open a.jpg", "end"));
-}
-
-TEST_F(ExportJobTest, BesideTheMovieMeansItsOwnFolder)
-{
-    add(QStringLiteral("a.mov"), 1, 1);
-    defaults.setBool(PreferenceKeys::sameAsOrigin, true);
-    exportAll();
-    EXPECT_TRUE(QFile::exists(path(QStringLiteral("a.jpg"))));
-    EXPECT_TRUE(images().isEmpty());
+    EXPECT_THAT(diary.entries, ElementsAre("movie 0/1 tile 1/1", alert, "end", "movie 0/1 tile 1/1", alert,
+                                           "failed a.mov", "open a.jpg", "end"));
 }
 
 TEST_F(ExportJobTest, CancellingLeavesTheFinishedImagesAndNothingElse)
 {
-    add(QStringLiteral("a.mov"), 1, 4);
-    add(QStringLiteral("b.mov"), 1, 4);
-    add(QStringLiteral("c.mov"), 1, 4);
-    diary.onProgress = [this](const ExportProgress &progress) {
-        cancelled = progress.movie == 1 && progress.tile == 3;
-    };
+    for (const char *name : {"a.mov", "b.mov", "c.mov"}) {
+        add(name, 4);
+    }
+    diary.onProgress = [this](const ExportProgress &at) { cancelled = at.movie == 1 && at.tile == 3; };
     exportAll();
-    EXPECT_EQ(images(), QStringList{QStringLiteral("a.jpg")});
+    EXPECT_EQ(folder.names("out"), QStringList{QStringLiteral("a.jpg")});
     EXPECT_EQ(diary.entries.back(), "end");
     EXPECT_EQ(diary.entries.at(diary.entries.size() - 2), "movie 1/3 tile 3/4");
 }
 
 TEST_F(ExportJobTest, ANameTakenMeanwhileIsNotOverwritten)
 {
-    add(QStringLiteral("a.mov"), 1, 1);
+    add("a.mov");
     static QString taken;
-    taken = outputFolder + QStringLiteral("/a.jpg");
+    taken = folder.path("out/a.jpg");
     // The log line stands between choosing the name and writing: the moment to take it.
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &line) {
         if (line.startsWith(QStringLiteral("image write to path"))) {
-            QFile file(taken);
-            EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::NewOnly));
+            EXPECT_TRUE(QFile(taken).open(QIODevice::WriteOnly | QIODevice::NewOnly));
         }
     });
     exportAll();
@@ -232,24 +200,15 @@ TEST_F(ExportJobTest, ANameTakenMeanwhileIsNotOverwritten)
     EXPECT_THAT(diary.entries, testing::Contains("written a(1).jpg"));
 }
 
-TEST_F(ExportJobTest, ImpossibleSettingsFailThatMovieOnly)
+TEST_F(ExportJobTest, OneMoviesTroubleStaysItsOwn)
 {
-    CollageSettings huge = add(QStringLiteral("huge.mov"))->settings();
-    huge.gridWidth = 1e6;
-    huge.rowNumber = huge.columeNumber = 1000;
-    diary.movies.back()->setSettings(huge);
-    add(QStringLiteral("empty.mov"), 0, 0);
+    add("huge.mov", 1000, 1e6);
+    add("empty.mov", 0);
+    add("a.mov", 2);
+    tool = scriptedTool(folder, "failing", "exit 1");
     exportAll();
-    EXPECT_THAT(diary.entries, ElementsAre("failed huge.mov", "written empty.jpg", "end"));
-}
-
-TEST_F(ExportJobTest, TilesWithoutANewFrameAreCounted)
-{
-    add(QStringLiteral("a.mov"), 1, 2);
-    writeTool("exit 1");
-    exportAll();
-    EXPECT_THAT(diary.entries,
-                ElementsAre("movie 0/1 tile 1/2", "movie 0/1 tile 2/2", "missing 2 of 2", "written a.jpg", "end"));
+    EXPECT_THAT(diary.entries, ElementsAre("failed huge.mov", "written empty.jpg", "movie 2/3 tile 1/2",
+                                           "movie 2/3 tile 2/2", "missing 2 of 2", "written a.jpg", "end"));
 }
 
 } // namespace

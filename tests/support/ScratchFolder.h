@@ -3,11 +3,12 @@
 #include "platform/PathText.h"
 
 #include <QByteArray>
-#include <QString>
+#include <QStringList>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 /// A temporary folder of a test, removed with all that is in it, names included that are no text.
 class ScratchFolder {
@@ -57,9 +58,18 @@ public:
     /// The contents of a file; empty when there is none.
     QByteArray read(const QByteArray &name) const
     {
-        std::ifstream file(bytes(name).toStdString());
-        const std::string contents(std::istreambuf_iterator<char>(file), {});
-        return QByteArray::fromStdString(contents);
+        std::ostringstream contents;
+        contents << std::ifstream(bytes(name).toStdString()).rdbuf();
+        return QByteArray::fromStdString(contents.str());
+    }
+    /// What is in the folder, or in one below it, hidden files too, sorted.
+    QStringList names(const QByteArray &name = {}) const
+    {
+        QStringList names;
+        for (const auto &entry : std::filesystem::directory_iterator(bytes(name).toStdString()))
+            names << PathText::fromBytes(entry.path().filename().native());
+        names.sort();
+        return names;
     }
     bool has(const QByteArray &name) const
     {

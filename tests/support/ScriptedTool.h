@@ -5,7 +5,7 @@
 /// A shell script that stands for an external tool.
 inline QString scriptedTool(const ScratchFolder &folder, const QByteArray &name, const QByteArray &script)
 {
-    const QString path = folder.write(name, "#!/bin/sh\n" + script + "\n");
+    QString path = folder.write(name, "#!/bin/sh\n" + script + "\n");
     std::filesystem::permissions(folder.bytes(name).toStdString(), std::filesystem::perms(0755));
     return path;
 }

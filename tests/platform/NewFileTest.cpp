@@ -1,0 +1,169 @@
+#include "platform/NewFile.h"
+
+#include "TestFolder.h"
+#include "platform/PathText.h"
+
+#include <gtest/gtest.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <cstddef>
+#include <linux/audit.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <thread>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray picture = QByteArray("\xFF\xD8\0picture", 10).repeated(20000);
+
+/// Makes renameat2 fail in this process, for good, as a file system does that does not know its flags.
+bool loseRenameFlags()
+{
+    std::array filter{
+        sock_filter BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        sock_filter BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_renameat2, 0, 1),
+        sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EINVAL),
+        sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    const sock_fprog program{.len = filter.size(), .filter = filter.data()};
+    return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program) == 0;
+}
+
+} // namespace
+
+TEST(NewFile, WritesUnderAnyName)
+{
+    const TestFolder folder;
+    for (const QByteArray &name : {QByteArray("a.jpg"), QByteArray(255, 'n'), QByteArray("-\xFF\xFE \n'\"%41"),
+                                   QByteArray(".tessarine-"), QByteArray("🎬")}) {
+        const QString path = PathText::fromBytes(folder.path(name));
+        ASSERT_FALSE(writeNewFile(path, picture)) << name.constData();
+        ASSERT_EQ(::access(folder.path(name).constData(), F_OK), 0) << name.constData();
+    }
+    EXPECT_FALSE(writeNewFile(folder.file(u"empty"_s), {}));
+    EXPECT_EQ(folder.names().size(), 6);
+    EXPECT_EQ(folder.read(u"a.jpg"_s), picture);
+    EXPECT_EQ(folder.read(u"empty"_s), QByteArray());
+}
+
+TEST(NewFile, RefusesWithoutTrace)
+{
+    const TestFolder folder;
+    folder.write(u"taken"_s, "mine");
+    ASSERT_EQ(::symlink("nowhere", folder.path("dangling").constData()), 0);
+    ASSERT_EQ(::mkdir(folder.path("folder").constData(), 0700), 0);
+    const QStringList before = folder.names();
+    const std::vector<std::pair<QString, std::errc>> cases{
+        {u"taken"_s, std::errc::file_exists},
+        {u"dangling"_s, std::errc::file_exists},
+        {u"folder"_s, std::errc::file_exists},
+        {u"taken/x"_s, std::errc::not_a_directory},
+        {u"missing/x"_s, std::errc::no_such_file_or_directory},
+        {u"folder/"_s, std::errc::invalid_argument},
+        {u"cut\0short"_s, std::errc::invalid_argument},
+        {QString(256, u'n'), std::errc::filename_too_long},
+    };
+    for (const auto &[name, error] : cases)
+        EXPECT_EQ(writeNewFile(folder.file(name), picture), error) << qPrintable(name);
+    EXPECT_EQ(writeNewFile(QString(), picture), std::errc::invalid_argument);
+
+    folder.setMode(0555);
+    {
+        const PlainUser user;
+        EXPECT_EQ(writeNewFile(folder.file(u"new"_s), picture), std::errc::permission_denied);
+    }
+    EXPECT_EQ(folder.names(), before);
+    EXPECT_EQ(folder.read(u"taken"_s), "mine");
+}
+
+TEST(NewFile, LeavesNothingWhenTheDiskIsFull)
+{
+    const TestFolder folder;
+    const SmallDisk disk(folder);
+    if (!disk.isMounted())
+        GTEST_SKIP() << "mounting a tmpfs is refused here";
+    EXPECT_EQ(writeNewFile(folder.file(u"a.jpg"_s), picture), std::errc::no_space_on_device);
+    EXPECT_EQ(folder.names(), QStringList());
+    EXPECT_FALSE(writeNewFile(folder.file(u"a.jpg"_s), "small"));
+}
+
+TEST(NewFile, LeavesNothingWhenAWriteFailsHalfway)
+{
+    const TestFolder folder;
+    rlimit before = {};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{.rlim_cur = 4096, .rlim_max = before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    const std::error_code error = writeNewFile(folder.file(u"a.jpg"_s), picture);
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(error, std::errc::file_too_large);
+    EXPECT_EQ(folder.names(), QStringList());
+}
+
+TEST(NewFile, HasThePermissionsOfAnyNewFile)
+{
+    const TestFolder folder;
+    for (const auto &[mask, mode] : {std::pair<mode_t, mode_t>{022, 0644}, {077, 0600}}) {
+        const QString path = folder.file(QString::number(mask));
+        const mode_t before = ::umask(mask);
+        EXPECT_FALSE(writeNewFile(path, picture));
+        ::umask(before);
+        struct stat status = {};
+        ASSERT_EQ(::stat(QFile::encodeName(path).constData(), &status), 0);
+        EXPECT_EQ(status.st_mode & 07777U, mode);
+    }
+}
+
+TEST(NewFile, GivesANameToOneOfManyOnly)
+{
+    const TestFolder folder;
+    for (int round = 0; round < 20; ++round) {
+        const QString name = QString::number(round);
+        std::array<std::error_code, 4> results;
+        std::array<std::jthread, 4> writers;
+        for (std::size_t i = 0; i < writers.size(); ++i) {
+            writers.at(i) = std::jthread(
+                [&, i] { results.at(i) = writeNewFile(folder.file(name), QByteArray(99, char('0' + i))); });
+        }
+        std::ranges::for_each(writers, &std::jthread::join);
+        const auto winner = std::ranges::find(results, std::error_code{});
+        ASSERT_NE(winner, results.end());
+        EXPECT_EQ(folder.read(name), QByteArray(99, char('0' + (winner - results.begin()))));
+        EXPECT_EQ(std::ranges::count(results, std::make_error_code(std::errc::file_exists)), 3);
+    }
+    EXPECT_EQ(folder.names().size(), 20);
+}
+
+TEST(NewFile, ManagesWithoutTheFileSystemsHelp)
+{
+    const TestFolder folder;
+    folder.write(u"taken"_s, "mine");
+    const pid_t child = ::fork();
+    if (child == 0) {
+        if (!loseRenameFlags())
+            ::_exit(77);
+        const bool written = !writeNewFile(folder.file(u"new"_s), picture);
+        const bool refused = writeNewFile(folder.file(u"taken"_s), picture) == std::errc::file_exists;
+        ::_exit(written && refused ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFEXITED(status));
+    if (WEXITSTATUS(status) == 77)
+        GTEST_SKIP() << "filtering system calls is refused here";
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(folder.names(), (QStringList{u"new"_s, u"taken"_s}));
+    EXPECT_EQ(folder.read(u"new"_s), picture);
+    EXPECT_EQ(folder.read(u"taken"_s), "mine");
+}

@@ -1,0 +1,84 @@
+#include "platform/PathText.h"
+
+#include <QList>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+qsizetype loneSurrogates(const QString &text)
+{
+    return std::ranges::count_if(text.toUcs4(), [](uint unit) { return unit == QChar::ReplacementCharacter; });
+}
+
+} // namespace
+
+TEST(PathText, TakesOnlyWellFormedUtf8AsText)
+{
+    struct Case {
+        QByteArray bytes;
+        qsizetype escaped; ///< how many of them are no text
+    };
+    const std::vector<Case> cases{
+        {"\xC0\x80", 2},                 // overlong NUL
+        {"\xC1\xBF", 2},                 // overlong ASCII
+        {"\xE0\x9F\xBF", 3},             // overlong, three bytes
+        {"\xF0\x8F\xBF\xBF", 4},         // overlong, four bytes
+        {"\xED\xA0\x80", 3},             // a surrogate
+        {"\xED\xBF\xBF", 3},             //
+        {"\xED\xA0\xBD\xED\xB8\x80", 6}, // a pair of surrogates in three bytes each
+        {"\xF4\x90\x80\x80", 4},         // behind the last code point
+        {"\xF5\x80\x80\x80", 4},         //
+        {"\xFE\xFF", 2},                 //
+        {"a\x80z", 1},                   // continuation without a lead
+        {"\xE2\x82", 2},                 // cut short by the end
+        {"\xE2\x82/x", 2},               // cut short by a slash
+        {"\xC3\xC3\xA9", 1},             // a lead where a continuation belongs: the next character is whole
+    };
+    for (const auto &[bytes, escaped] : cases) {
+        SCOPED_TRACE(bytes.toHex().constData());
+        const QString text = PathText::fromBytes(bytes);
+        EXPECT_EQ(loneSurrogates(text), escaped);
+        EXPECT_EQ(PathText::toBytes(text), bytes);
+        EXPECT_EQ(PathText::forDisplay(text).count(QChar::ReplacementCharacter), escaped);
+    }
+}
+
+TEST(PathText, KeepsEverySequenceOfTheBytesAtWhichUtf8Decides)
+{
+    constexpr std::array edges{0x00, 0x2F, 0x7F, 0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF, 0xC0,
+                               0xC1, 0xC2, 0xDF, 0xE0, 0xED, 0xEF, 0xF0, 0xF4, 0xF5, 0xFF};
+    const std::size_t count = edges.size() * edges.size() * edges.size() * edges.size();
+    for (std::size_t n = 0; n < count; ++n) {
+        QByteArray bytes;
+        for (std::size_t rest = n, i = 0; i < 4; ++i, rest /= edges.size())
+            bytes += static_cast<char>(edges.at(rest % edges.size()));
+        const QString text = PathText::fromBytes(bytes);
+        ASSERT_EQ(PathText::toBytes(text), bytes) << bytes.toHex().constData();
+        ASSERT_EQ(text.isValidUtf16(), QByteArrayView(bytes).isValidUtf8()) << bytes.toHex().constData();
+    }
+}
+
+TEST(PathText, LeavesOrdinaryTextAlone)
+{
+    for (const QString &text :
+         {u""_s, u"/home/ada/Füße/映画/🎬.mkv"_s, u"\uFEFFbom"_s, u"\uFFFE\uFFFF"_s, u"%41\\n"_s}) {
+        EXPECT_EQ(PathText::toBytes(text), text.toUtf8());
+        EXPECT_EQ(PathText::fromBytes(text.toUtf8()), text);
+    }
+    const QString noEscape = QString(QChar(0xD800)) + u'a' + QChar(0xDC7F);
+    EXPECT_EQ(PathText::toBytes(noEscape), "\xEF\xBF\xBD"
+                                           "a\xEF\xBF\xBD");
+}
+
+TEST(PathText, ShowsNoControlCharacters)
+{
+    EXPECT_EQ(PathText::forDisplay(u"a\nb\r\t\u0085\u2028\u2029\u007Fc 🎬\u200D"_s),
+              u"a\uFFFDb\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFDc 🎬\u200D"_s);
+}

@@ -1,0 +1,217 @@
+// The settings file: its syntax, and what becomes of a file that is broken, out of reach or shared.
+#include "StoreDump.h"
+#include "TestFolder.h"
+#include "platform/IniText.h"
+
+#include <QProcess>
+
+#include <chrono>
+#include <random>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Random values, rich in what the syntax treats specially. The same ones at every run.
+class Values {
+public:
+    QString text()
+    {
+        static constexpr QStringView special = u"@\\\"\",;=[]#% \t\n\r/()xabfA019\0\x1B\u00A0\u0085\uFEFF\uFFFF\u2028";
+        QString out;
+        for (auto length = below(12); length > 0; --length)
+            out += below(4) ? special[qsizetype(below(std::size_t(special.size())))] : QChar(char16_t(below(0x10000)));
+        return below(8) ? out : u"@ByteArray("_s + out + u')';
+    }
+    QByteArray bytes()
+    {
+        QByteArray out;
+        for (auto length = below(12); length > 0; --length)
+            out += static_cast<char>(below(256));
+        return out;
+    }
+    QVariant scalar() { return below(2) ? QVariant(text()) : QVariant(bytes()); }
+    QVariant any()
+    {
+        const QVariantList list{scalar(), scalar()};
+        return below(2) ? scalar() : list.first(qsizetype(below(3)));
+    }
+
+private:
+    std::size_t below(std::size_t bound) { return std::uniform_int_distribution<std::size_t>(0, bound - 1)(random); }
+
+    std::mt19937 random{20240229};
+};
+
+} // namespace
+
+TEST(IniText, ReadsWhatItWroteAndSurvivesTheRest)
+{
+    Values random;
+    for (int round = 0; round < 3000; ++round) {
+        const QSettings::SettingsMap values{{u'k' + random.text(), random.any()}, {u"l"_s, random.any()}};
+        const auto content = IniText::parse(IniText::write(values));
+        ASSERT_TRUE(content.complete && content.values == values) << IniText::write(values).constData();
+        const QByteArray hostile = "a=" + random.text().toUtf8() + '\n' + random.bytes() + "\n[" + random.bytes();
+        const auto rest = IniText::parse(hostile).values;
+        ASSERT_EQ(IniText::parse(IniText::write(rest)).values, rest) << hostile.toHex().constData();
+    }
+}
+
+TEST(IniText, IsTheSyntaxOfQSettings)
+{
+    const QSettings::SettingsMap values{
+        {u"plain"_s, u"/home/ada/Füße 🎬"_s},
+        {u"MASPreferences Frame Top Left"_s, u"10, 20; \"30\" = \\x1f"_s},
+        {u"group/ключ%"_s, u"@home"_s},
+        {u"control"_s, u"\1f\nline\r\t\x7F"_s},
+        {u"bytes"_s, QByteArray("\0\x01\xFF\"),;\x80z", 9)},
+        {u"empty"_s, QString()},
+    };
+    const QVariantList list{u"a,b"_s, QByteArray("\xFF"), QString()};
+    const TestFolder folder;
+    QSettings theirs(folder.file(u"theirs.ini"_s), QSettings::IniFormat);
+    folder.write(u"ours.ini"_s, IniText::write(values));
+    const QSettings ours(folder.file(u"ours.ini"_s), QSettings::IniFormat);
+    theirs.setValue(u"list"_s, list);
+    for (auto value = values.cbegin(); value != values.cend(); ++value) {
+        theirs.setValue(value.key(), *value);
+        EXPECT_EQ(ours.value(value.key()), *value) << qPrintable(value.key());
+    }
+    theirs.sync();
+    auto read = IniText::parse(folder.read(u"theirs.ini"_s));
+    EXPECT_TRUE(read.complete);
+    EXPECT_EQ(read.values.take(u"list"_s), QVariant(list));
+    EXPECT_EQ(read.values, values);
+}
+
+TEST(StoreFile, IsKeptAsideWhenNotUnderstood)
+{
+    const std::vector<std::pair<QByteArray, bool>> cases{
+        {"; comment\r\n[General]\r\nguid=x\r\n\r\n", true},
+        {"\xEF\xBB\xBFguid=x\nOutputFolderKey=/mnt/\xFF", true}, // a path may be anything
+        {"guid=x\n" + QByteArray(512, '\0'), false},             // what a power failure leaves
+        {"guid=x\nOutputFolderKey", false},
+        {"guid=x\n=1", false},
+        {"guid=x\nOutputFolderKey=\"/home/ad", false},
+        {"guid=x\nOutputFolderKey=\\q", false},
+        {"guid=x\nOutputFolderKey=C:\\", false},
+        {"guid=x\nkey=1\nkey=2", false},
+        {"guid=x\n%4=1", false},
+        {"guid=x\nlist=@ByteArray(映)", false},
+        {"guid=x\n[Sect", false},
+        // nested so deep that whoever builds it runs out of stack
+        {"guid=x\nlist=@Variant(" + QByteArray("\\0\\0\\0\\x9\\0\\0\\0\\x1").repeated(400000) + ")", false},
+    };
+    for (const auto &[contents, understood] : cases) {
+        SCOPED_TRACE(contents.left(40).constData());
+        const TestFolder folder;
+        folder.write(u"s.ini"_s, contents);
+        UserDefaults defaults(folder.file(u"s.ini"_s));
+        EXPECT_EQ(defaults.textValue(u"guid"), u"x");
+        EXPECT_EQ(folder.read(u"s.ini"_s), contents);
+        EXPECT_EQ(folder.names().contains(u"s.ini.broken"), !understood);
+        defaults.setBool(u"more", true);
+        EXPECT_TRUE(defaults.synchronize());
+        EXPECT_EQ(folder.names().size(), understood ? 1 : 2); // one copy is enough
+        EXPECT_TRUE(understood || folder.read(u"s.ini.broken"_s) == contents);
+        EXPECT_EQ(defaults.textValue(u"guid"), u"x");
+    }
+}
+
+TEST(StoreFile, IsKeptAsideWhenItBreaksWhileInUse)
+{
+    const TestFolder folder;
+    folder.write(u"s.ini"_s, "first break");
+    UserDefaults defaults(folder.file(u"s.ini"_s));
+    folder.write(u"s.ini"_s, "second, longer break");
+    testing::internal::CaptureStderr();
+    defaults.setBool(u"k", true);
+    EXPECT_TRUE(defaults.synchronize());
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("s.ini.broken(1)"), std::string::npos);
+    EXPECT_EQ(folder.read(u"s.ini.broken"_s), "first break");
+    EXPECT_EQ(folder.read(u"s.ini.broken(1)"_s), "second, longer break");
+}
+
+TEST(StoreFile, StaysWhenBrokenAndNoCopyFits)
+{
+    const TestFolder folder;
+    const SmallDisk disk(folder);
+    if (!disk.isMounted())
+        GTEST_SKIP() << "mounting a tmpfs is refused here";
+    const QByteArray broken = "guid=x\nbroken" + QByteArray(40000, '.');
+    folder.write(u"s.ini"_s, broken);
+    UserDefaults defaults(folder.file(u"s.ini"_s));
+    defaults.setBool(u"k", true); // would fit
+    EXPECT_FALSE(defaults.synchronize());
+    EXPECT_EQ(folder.read(u"s.ini"_s), broken);
+    EXPECT_EQ(folder.names(), QStringList{u"s.ini"_s});
+}
+
+TEST(StoreFile, MayBeReadOnly)
+{
+    const TestFolder folder;
+    folder.write(u"s.ini"_s, "guid=x\n");
+    folder.setMode(0555);
+    UserDefaults defaults(folder.file(u"s.ini"_s));
+    {
+        const PlainUser user;
+        defaults.setText(u"k", u"new"_s);
+        EXPECT_FALSE(defaults.synchronize());
+    }
+    EXPECT_EQ(defaults.textValue(u"k"), u"new");
+    EXPECT_EQ(folder.read(u"s.ini"_s), "guid=x\n");
+    EXPECT_TRUE(defaults.synchronize()); // what could not be written is not forgotten
+    EXPECT_EQ(folder.read(u"s.ini"_s), "[General]\nguid=x\nk=new\n");
+}
+
+TEST(StoreFile, IsNotReplacedWhenItCannotBeRead)
+{
+    const TestFolder folder;
+    folder.write(u"secret.ini"_s, "guid=x\n");
+    ASSERT_EQ(::chmod(folder.path("secret.ini").constData(), 0), 0);
+    ASSERT_EQ(::mkfifo(folder.path("fifo.ini").constData(), 0666), 0);
+    ASSERT_EQ(::mkdir(folder.path("folder.ini").constData(), 0777), 0);
+    const PlainUser user;
+    for (const QString &name : folder.names()) {
+        UserDefaults defaults(folder.file(name));
+        defaults.setText(u"k", u"new"_s);
+        EXPECT_FALSE(defaults.synchronize()) << qPrintable(name);
+        EXPECT_EQ(defaults.textValue(u"k"), u"new");
+    }
+    EXPECT_EQ(folder.names().size(), 3);
+}
+
+TEST(StoreFile, IsSharedWithOtherProcesses)
+{
+    const TestFolder folder;
+    const QString path = folder.file(u"s.ini"_s);
+    UserDefaults defaults(path);
+    QProcess one;
+    QProcess two;
+    one.start(QStringLiteral(STORE_CHILD), {u"count"_s, path, u"one"_s});
+    two.start(QStringLiteral(STORE_CHILD), {u"count"_s, path, u"two"_s});
+    EXPECT_TRUE(one.waitForFinished(-1) && two.waitForFinished(-1));
+    EXPECT_EQ(one.exitCode() + two.exitCode(), 0);
+    EXPECT_TRUE(defaults.synchronize());
+    for (int i = 1; i < 100; ++i)
+        EXPECT_TRUE(defaults.int32Value(u"one%1"_s.arg(i)) == i && defaults.int32Value(u"two%1"_s.arg(i)) == i) << i;
+    EXPECT_EQ(folder.names(), QStringList{u"s.ini"_s});
+}
+
+TEST(StoreFile, IsLaterThanTheOneItReplaces)
+{
+    const TestFolder folder;
+    UserDefaults defaults(folder.file(u"s.ini"_s));
+    const std::filesystem::path path(folder.path("s.ini").toStdString());
+    for (const auto ahead : {std::chrono::hours(0), std::chrono::hours(1)}) { // also when the clock was set back
+        defaults.setInteger(u"hours", ahead.count());
+        ASSERT_TRUE(defaults.synchronize());
+        const auto previous = std::filesystem::last_write_time(path) + ahead;
+        std::filesystem::last_write_time(path, previous);
+        defaults.setInteger(u"hours", ahead.count());
+        ASSERT_TRUE(defaults.synchronize());
+        EXPECT_GE(std::filesystem::last_write_time(path), previous + std::chrono::milliseconds(1));
+    }
+}

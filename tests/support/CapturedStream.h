@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <cstdio>
+#include <memory>
+
+/// A stream whose text a test can read back.
+class CapturedStream {
+public:
+    explicit CapturedStream(std::FILE *opened = std::tmpfile()) : file(opened, std::fclose) {}
+
+    std::FILE *stream() const { return file.get(); }
+    QByteArray contents() const
+    {
+        std::rewind(file.get());
+        QByteArray bytes(1 << 16, '\0');
+        bytes.resize(static_cast<qsizetype>(std::fread(bytes.data(), 1, 1 << 16, file.get())));
+        return bytes;
+    }
+    QByteArrayList lines() const
+    {
+        const QByteArray text = contents();
+        return text.isEmpty() ? QByteArrayList() : text.chopped(1).split('\n');
+    }
+
+private:
+    std::unique_ptr<std::FILE, int (*)(std::FILE *)> file;
+};
