@@ -1,3 +1,4 @@
 #include "platform/Log.h"
 
-Q_LOGGING_CATEGORY(lcTessarine, "tessarine")
+// Debug lines, several for each frame grabbed, are for those who ask with QT_LOGGING_RULES.
+Q_LOGGING_CATEGORY(lcTessarine, "tessarine", QtInfoMsg)
