@@ -64,16 +64,14 @@ void ColorWell::paintEvent(QPaintEvent * /*event*/)
     option.initFrom(this);
     option.state |= isDown() ? QStyle::State_Sunken : QStyle::State_Raised;
     painter.drawControl(QStyle::CE_PushButton, option);
-    const QRect well = rect().adjusted(frameWidth, frameWidth, -frameWidth, -frameWidth);
+    const QRect frame = rect().adjusted(frameWidth, frameWidth, -frameWidth, -frameWidth);
+    const QRect well = frame.adjusted(1, 1, -1, -1);
     if (!isEnabled()) {
         painter.setOpacity(0.4);
     }
-    if (shownColor.alpha() < 255) {
-        drawCheckerboard(painter, well);
-    }
+    painter.fillRect(frame, palette().color(QPalette::Mid));
+    drawCheckerboard(painter, well);
     painter.fillRect(well, shownColor);
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(well.adjusted(0, 0, -1, -1));
 }
 
 void ColorWell::dragEnterEvent(QDragEnterEvent *event)
