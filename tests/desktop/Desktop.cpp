@@ -1,4 +1,4 @@
-#include "Desktop.h"
+#include "desktop/Desktop.h"
 
 #include <QProcessEnvironment>
 
@@ -42,7 +42,7 @@ void Desktop::start(QProcess &program, const QString &path, const QStringList &a
 
 QByteArray Desktop::awaitWindow(const QString &title) const
 {
-    const QByteArray window = xdotool({QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--all"),
+    QByteArray window = xdotool({QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--all"),
                                        QStringLiteral("--onlyvisible"), QStringLiteral("--name"), u'^' + title + u'$'});
     xdotool({QStringLiteral("windowactivate"), QStringLiteral("--sync"), QString::fromLatin1(window)});
     return window;

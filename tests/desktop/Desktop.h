@@ -1,6 +1,7 @@
 #pragma once
 
-#include "XServer.h"
+#include "desktop/AccessibilityBus.h"
+#include "desktop/XServer.h"
 #include "support/ScratchFolder.h"
 #include "support/SessionBus.h"
 
@@ -34,5 +35,6 @@ public:
 private:
     QByteArray xdotool(const QStringList &arguments) const;
 
+    const AccessibilityBus accessibility{bus};
     const XServer screen;
 };

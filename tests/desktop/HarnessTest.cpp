@@ -11,7 +11,7 @@ TEST(HarnessTest, AFileIsDraggedFromOneProgramToAnother)
     const QString uri = QStringLiteral("file:///m/a%20%FF.mkv");
     DragPeer source(desktop, QStringLiteral("Source"), {700, 500}, {uri, QStringLiteral("file:///m/b")});
 
-    const ScreenReader reader(desktop.bus, target.programId());
+    const ScreenReader reader(desktop.bus.connect(), target.programId());
     const QPoint place =
         reader.await([](const ScreenReader::Object &object) { return object.name == u"Target"; }).rectangle.center();
     EXPECT_TRUE(QRect(100, 100, 200, 130).contains(place)) << place.x() << ' ' << place.y();

@@ -1,6 +1,5 @@
-#include "ScreenReader.h"
+#include "desktop/ScreenReader.h"
 
-#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
@@ -19,6 +18,7 @@ namespace {
 using Object = ScreenReader::Object;
 using Filter = std::function<bool(const Object &)>;
 
+constexpr std::chrono::seconds patience(30);
 constexpr unsigned enabledState = 8; // of the accessibility protocol's list of states
 constexpr unsigned showingState = 25;
 
@@ -129,29 +129,9 @@ std::optional<Object> findBelow(const Node &node, const Filter &isWanted)
 
 } // namespace
 
-ScreenReader::ScreenReader(const SessionBus &sessionBus, qint64 programId) :
-    address(sessionBus.address()), bus(sessionBus.connect()), program(programId)
+ScreenReader::ScreenReader(QDBusConnection accessibilityBus, qint64 programId) :
+    bus(std::move(accessibilityBus)), program(programId)
 {
-    EXPECT_TRUE(bus.registerVirtualObject(QStringLiteral("/org/a11y/bus"), this));
-    EXPECT_TRUE(bus.registerService(QStringLiteral("org.a11y.Bus"))); // from now on programs describe themselves
-}
-
-ScreenReader::~ScreenReader()
-{
-    bus.unregisterService(QStringLiteral("org.a11y.Bus"));
-}
-
-QString ScreenReader::introspect(const QString & /*path*/) const
-{
-    return {};
-}
-
-/// Programs ask whether somebody listens, and where.
-bool ScreenReader::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
-{
-    const bool asksWhere = message.member() == u"GetAddress";
-    return connection.send(
-        message.createReply(asksWhere ? QVariant(address) : QVariant::fromValue(QDBusVariant(QVariant(true)))));
 }
 
 std::optional<Object> ScreenReader::find(const Filter &isWanted) const
@@ -163,8 +143,7 @@ std::optional<Object> ScreenReader::find(const Filter &isWanted) const
 Object ScreenReader::await(const Filter &isWanted) const
 {
     // No event tells of all changes; the program's answers set the pace.
-    for (const QDeadlineTimer deadline(std::chrono::seconds(30)); !deadline.hasExpired();) {
-        QCoreApplication::processEvents();
+    for (const QDeadlineTimer deadline(patience); !deadline.hasExpired();) {
         if (const std::optional<Object> found = find(isWanted)) {
             return *found;
         }
@@ -182,4 +161,13 @@ Object ScreenReader::await(const QString &role, const QString &name) const
 {
     SCOPED_TRACE(QString(role + u": " + name).toStdString());
     return await([&](const Object &object) { return object.role == role && object.name == name; });
+}
+
+void ScreenReader::awaitNone(const QString &role) const
+{
+    const auto isThere = [&role](const Object &object) { return object.role == role; };
+    const QDeadlineTimer deadline(patience);
+    while (find(isThere) && !deadline.hasExpired()) {
+    }
+    EXPECT_FALSE(deadline.hasExpired()) << role.toStdString() << " stays";
 }

@@ -1,18 +1,14 @@
 #pragma once
 
-#include "support/SessionBus.h"
-
 #include <QDBusConnection>
-#include <QDBusVirtualObject>
 #include <QRect>
 #include <QString>
 
 #include <functional>
 #include <optional>
 
-/// A screen reader as far as programs can tell, which learns of one running program what such a reader does: its
-/// widgets by their accessible names. One at a time on a bus; it answers programs only while it waits.
-class ScreenReader final : private QDBusVirtualObject {
+/// What a screen reader learns of one running program: its widgets by their accessible names.
+class ScreenReader {
 public:
     struct Object {
         QString name;
@@ -21,8 +17,7 @@ public:
         QRect rectangle; ///< on the screen
     };
 
-    ScreenReader(const SessionBus &sessionBus, qint64 programId);
-    ~ScreenReader() override;
+    ScreenReader(QDBusConnection accessibilityBus, qint64 programId);
 
     /// The first showing object of which this is true, parents before their children; nothing when there is none now.
     std::optional<Object> find(const std::function<bool(const Object &)> &isWanted) const;
@@ -30,12 +25,10 @@ public:
     /// Waits for an object and answers it; fails the test, with a list of what is there, when it does not come.
     Object await(const std::function<bool(const Object &)> &isWanted) const;
     Object await(const QString &role, const QString &name) const;
+    /// Waits until nothing of this role is showing.
+    void awaitNone(const QString &role) const;
 
 private:
-    QString introspect(const QString &path) const override;
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
-
-    QString address;
     QDBusConnection bus;
     qint64 program;
 };

@@ -1,4 +1,4 @@
-#include "XServer.h"
+#include "desktop/XServer.h"
 
 #include <QProcessEnvironment>
 

@@ -1,0 +1,110 @@
+#include "desktop/DragPeer.h"
+#include "desktop/ScreenReader.h"
+#include "platform/FileUri.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace {
+
+/// The real program on a desktop, used as a user does: by pointer, keyboard and the desktop's own ways.
+class JourneyTest : public testing::Test {
+public:
+    JourneyTest()
+    {
+        desktop.folder.makeFolder("out");
+        desktop.folder.write("config/Tessarine/Tessarine.ini",
+                             "[General]\nOutputFolderKey=" + desktop.folder.bytes("out") + '\n');
+    }
+
+    ~JourneyTest() override
+    {
+        program.kill();
+        program.waitForFinished();
+    }
+
+    static QString executable() { return QStringLiteral(TESSARINE_EXECUTABLE); }
+
+    QString movie(const QByteArray &name) const
+    {
+        std::filesystem::copy_file(TESSARINE_TEST_MOVIES "/clock.mp4", desktop.folder.bytes(name).toStdString());
+        return desktop.folder.path(name);
+    }
+
+    /// Starts the program and waits until its window can be used.
+    void start(const QStringList &arguments = {})
+    {
+        desktop.start(program, executable(), arguments);
+        desktop.moveToCorner(desktop.awaitWindow(QStringLiteral("Tessarine")));
+        reader = std::make_unique<ScreenReader>(desktop.bus.connect(), program.processId());
+    }
+
+    /// Runs it while another one may be running; gives its exit status.
+    int runOther(const QStringList &arguments) const
+    {
+        QProcess other;
+        desktop.start(other, executable(), arguments);
+        EXPECT_TRUE(other.waitForFinished());
+        return other.exitStatus() == QProcess::NormalExit ? other.exitCode() : -1;
+    }
+
+    QPoint place(const QString &role, const QString &name) const
+    {
+        return reader->await(role, name).rectangle.center();
+    }
+
+    /// Waits until the movie is in the list and no job is running: jobs cover the window with a sheet.
+    void awaitMovie(const QString &name) const
+    {
+        reader->await([&name](const ScreenReader::Object &object) { return object.name.contains(name); });
+        reader->awaitNone(QStringLiteral("dialog"));
+    }
+
+    int finish()
+    {
+        EXPECT_TRUE(program.waitForFinished()) << "still running";
+        return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
+    }
+
+    const Desktop desktop;
+    QProcess program;
+    std::unique_ptr<ScreenReader> reader;
+};
+
+TEST_F(JourneyTest, AMovieDraggedOnTheWindowBecomesTheCollageThatTheCommandLineMakes)
+{
+    const QString path = movie("holiday \xE2\x9D\xA4.mp4");
+    start();
+    DragPeer files(desktop, QStringLiteral("Files"), {1300, 800}, {QString::fromLatin1(FileUri::fromPath(path))});
+    files.dragTo(place(QStringLiteral("table"), QStringLiteral("Movies")));
+    awaitMovie(QString::fromUtf8("holiday \xE2\x9D\xA4"));
+    desktop.click(place(QStringLiteral("push button"), QStringLiteral("Start")));
+    const QByteArray collage = "out/holiday \xE2\x9D\xA4.jpg";
+    while (!desktop.folder.has(collage) && program.state() == QProcess::Running) {
+        program.waitForFinished(20);
+    }
+    awaitMovie(QString::fromUtf8("holiday \xE2\x9D\xA4"));
+    EXPECT_EQ(runOther({QStringLiteral("--export"), QStringLiteral("-q"), path}), 0);
+    EXPECT_GT(desktop.folder.read(collage).size(), 10'000);
+    EXPECT_EQ(desktop.folder.read(collage), desktop.folder.read("out/holiday \xE2\x9D\xA4(1).jpg"));
+
+    desktop.awaitWindow(QStringLiteral("Tessarine"));
+    desktop.pressKey(QStringLiteral("ctrl+q"));
+    EXPECT_EQ(finish(), 0);
+}
+
+TEST_F(JourneyTest, FilesOfLaterStartsComeIntoTheFirstWindow)
+{
+    start({movie("one.mp4")});
+    awaitMovie(QStringLiteral("one.mp4"));
+    EXPECT_EQ(runOther({movie("two.mp4")}), 0);
+    awaitMovie(QStringLiteral("two.mp4"));
+    EXPECT_EQ(runOther({}), 0); // only brings the window forward
+    for (const int signal : {SIGTERM, SIGINT}) {
+        kill(static_cast<pid_t>(program.processId()), signal); // the second comes while it quits
+    }
+    EXPECT_EQ(finish(), 0);
+}
+
+} // namespace
