@@ -111,7 +111,7 @@ QPixmap MovieCellDelegate::fitted(const QImage &image, QSize pixels) const
     if (const QPixmap *known = pictures.object(key)) {
         return *known;
     }
-    const QPixmap picture = QPixmap::fromImage(image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    QPixmap picture = QPixmap::fromImage(image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     const int cost = pixels.width() * pixels.height() * picture.depth() / 8;
     pictures.insert(key, std::make_unique<QPixmap>(picture).release(), cost); // the cache owns it
     return picture;

@@ -89,12 +89,19 @@ void MyTableView::reloadData()
         const int near = std::min(row, rowCount() - 1); // the arrow keys go on from here
         selectionModel()->setCurrentIndex(movies->index(near, MovieTableModel::Title), QItemSelectionModel::NoUpdate);
     }
-    QTimer::singleShot(hintDelay, this, [this] {
-        refreshState(false);
-        if (reloadDelegate) {
-            reloadDelegate->tableViewReloaded(*this);
-        }
-    });
+    auto *delay = new QTimer(this);
+    delay->setSingleShot(true);
+    connect(delay, &QTimer::timeout, this, &MyTableView::rowsDrawn);
+    connect(delay, &QTimer::timeout, delay, &QObject::deleteLater);
+    delay->start(hintDelay);
+}
+
+void MyTableView::rowsDrawn()
+{
+    refreshState(false);
+    if (reloadDelegate) {
+        reloadDelegate->tableViewReloaded(*this);
+    }
 }
 
 void MyTableView::refreshState(bool highlighted)

@@ -58,6 +58,7 @@ private:
         bool operator==(const DropSpot &) const = default;
     };
 
+    void rowsDrawn();
     int rowCount() const;
     DropSpot spotAt(int y) const;
     void setInsertion(std::optional<int> row);
