@@ -7,24 +7,16 @@
 
 void MainQueue::async(Work work)
 {
-    {
-        const std::scoped_lock lock(mutex);
-        waiting.push_back(std::move(work));
-        if (std::exchange(isWoken, true)) {
-            return;
-        }
+    const std::scoped_lock lock(mutex); // until the event is posted: it too goes from thread to thread
+    waiting.push_back(std::move(work));
+    if (!std::exchange(isWoken, true)) {
+        QCoreApplication::postEvent(this, std::make_unique<QEvent>(QEvent::User).release()); // the event loop's now
     }
-    QCoreApplication::postEvent(this,
-                                std::make_unique<QEvent>(QEvent::User).release()); // the event loop's from here on
 }
 
-bool MainQueue::event(QEvent *event)
+void MainQueue::customEvent(QEvent * /*event*/)
 {
-    if (event->type() != QEvent::User) {
-        return QObject::event(event);
-    }
     workOff();
-    return true;
 }
 
 void MainQueue::workOff()

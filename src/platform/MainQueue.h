@@ -18,7 +18,7 @@ public:
     void async(Work work) override;
 
 private:
-    bool event(QEvent *event) override;
+    void customEvent(QEvent *event) override;
     /// Does what is waiting now; work that it adds waits for its own event, so that the user is not kept waiting.
     void workOff();
 

@@ -7,7 +7,9 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <atomic>
+#include <numeric>
 #include <thread>
 
 using testing::ElementsAre;
@@ -28,8 +30,9 @@ TEST(SerialQueueTest, DoesAllOfItsWorkInOrderOnOneThreadOfItsOwn)
             });
         }
     } // waits, also for work that work has added
-    EXPECT_EQ(done.size(), 6U);
-    EXPECT_TRUE(std::is_sorted(done.begin(), done.end()));
+    // Added work falls in anywhere behind its adder; each kind keeps its own order.
+    std::stable_partition(done.begin(), done.end(), [](int number) { return number < 10; });
+    EXPECT_THAT(done, ElementsAre(0, 1, 2, 10, 11, 12));
     EXPECT_THAT(threads, testing::Each(threads.front()));
     EXPECT_NE(threads.front(), QThread::currentThreadId());
 }
