@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 
+#include "app/EqualImages.h"
 #include "collage/KTMovieObject.h"
 #include "media/VXMediaInfo.h"
 #include "online/VXConfigManager.h"
@@ -24,9 +25,11 @@ constexpr QSize previewSize(352, 224);
 AppDelegate::AppDelegate(Services appServices) :
     services(std::move(appServices)), trustedFolders(services.defaults, services.bookmarks)
 {
-    const auto renderPreview = [this, ratio = qGuiApp->devicePixelRatio()](const KTMovieObject &movie) {
-        return renderCollagePreview(previewSize, ratio, movie.settings(), getMetaStrWithObject(movie),
-                                    previewPlaceholder(ratio));
+    // Called by one batch at a time.
+    const auto renderPreview = [this, equalImages = std::make_shared<EqualImages>(),
+                                ratio = qGuiApp->devicePixelRatio()](const KTMovieObject &movie) {
+        return equalImages->shared(renderCollagePreview(previewSize, ratio, movie.settings(),
+                                                        getMetaStrWithObject(movie), previewPlaceholder(ratio)));
     };
     window = std::make_unique<MainWindowController>(MainWindowController::Services{
         services.defaults, services.grabber, trustedFolders, notifications, services.alert, services.openPanel,
@@ -52,8 +55,7 @@ void AppDelegate::buildPreferencesWindow()
     panes.push_back(std::make_unique<RBMetadataPrefViewCtl>(services.defaults));
     //% "Preferences"
     preferWndCtl = std::make_unique<MASPreferencesWindowController>(panes, qtTrId("Preferences"), services.defaults);
-    panes.push_back(
-        std::make_unique<VXTrustedPathViewCtl>(trustedFolders, services.openPanel, services.mainQueue));
+    panes.push_back(std::make_unique<VXTrustedPathViewCtl>(trustedFolders, services.openPanel, services.mainQueue));
     // Showing the third pane once makes it resolve the remembered folders before any work needs them. The window opens
     // with the first one, whatever was selected last time.
     preferWndCtl->window();

@@ -76,7 +76,6 @@ int runExportFront(ExportOptions options, int argc, char **argv)
     ProgramSetup::seed(defaults);
     FrameGrabber grabber(toolPath, temporaryFolder.path());
     makeAbsolute(options);
-    return ExportCommand(std::move(options),
-                         {defaults, grabber, console, GlobalFun::RealHomeDirectory(), cancelled})
+    return ExportCommand(std::move(options), {defaults, grabber, console, GlobalFun::RealHomeDirectory(), cancelled})
         .run();
 }

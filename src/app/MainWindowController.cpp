@@ -27,12 +27,12 @@ MainWindowController::MainWindowController(Services windowServices) :
     ui->tableView->setReloadDelegate(this);
     ui->tableView->setDropDelegate(this);
     loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services.notifications, this);
-    cancelObservation = services.notifications.observe(VXLoadingWndCtl::canceledNotification,
-                                                       [this] { loadingPrgCanceled(); });
-    jobs = std::make_unique<MovieJobs>(
-        MovieJobs::Services{aryItems, services.defaults, services.grabber, services.trustedFolders, services.alert,
-                            services.workspace, services.mainQueue, services.renderPreview},
-        static_cast<JobsView &>(*this));
+    cancelObservation =
+        services.notifications.observe(VXLoadingWndCtl::canceledNotification, [this] { loadingPrgCanceled(); });
+    jobs = std::make_unique<MovieJobs>(MovieJobs::Services{aryItems, services.defaults, services.grabber,
+                                                           services.trustedFolders, services.alert, services.workspace,
+                                                           services.mainQueue, services.renderPreview},
+                                       static_cast<JobsView &>(*this));
     outputFolder = std::make_unique<OutputFolderControls>(
         OutputFolderControls::Widgets{ui->lblOutputPath, ui->btnBrowser, ui->btnOpen, ui->chkSameOrigin},
         OutputFolderControls::Services{services.defaults, services.trustedFolders, services.alert, services.openPanel,
@@ -186,8 +186,8 @@ void MainWindowController::jobEnded(Kind kind, const QStringList &failures)
         ui->lblStatus->setText(qtTrId("status_failures", static_cast<int>(failures.size())).arg(failures.first()));
         ui->lblStatus->setToolTip(failures.join(u'\n'));
     }
-    if (closing) {
-        close();
+    if (closing) { // later: the job still counts as running while it tells of its end
+        QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
     }
 }
 

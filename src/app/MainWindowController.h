@@ -50,6 +50,8 @@ public:
     void appLaunched();
     /// Loads paths into the list at the index, the last one first.
     void loadMediasWithPaths(const QStringList &paths, int index);
+    /// Whether a batch or an export is running.
+    bool isJobRunning() const { return jobs->isRunning(); }
     /// Shows the window before all others.
     void bringForward();
     /// Closes the window as its close button does: what runs is cancelled and waited for first.
@@ -60,8 +62,8 @@ public:
     void clearDown();
     void startDown();
     void preferencesDown();
-    /// Whether the command of that identifier can be used now. For the two that empty the list, the Start button follows
-    /// the answer.
+    /// Whether the command of that identifier can be used now. For the two that empty the list, the Start button
+    /// follows the answer.
     bool validateToolbarItem(const QString &identifier);
 
 protected:

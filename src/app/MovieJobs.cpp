@@ -34,15 +34,15 @@ private:
 } // namespace
 
 /// Takes what a batch tells on its thread to the list and to the main thread.
-class MovieJobs::LoadingReporter final : public LoadingObserver,
-                                         public std::enable_shared_from_this<LoadingReporter> {
+class MovieJobs::LoadingReporter final : public LoadingObserver, public std::enable_shared_from_this<LoadingReporter> {
 public:
     LoadingReporter(MovieJobs &movieJobs, int index) : jobs(movieJobs), indexToInsert(index) {}
 
     void loading(int index, int count, const QString &filePath) override
     {
         const double fraction = static_cast<double>(index) / count;
-        jobs.services.mainQueue.async([self = shared_from_this(), fraction, filePath, remaining = estimate.remaining(fraction),
+        jobs.services.mainQueue.async([self = shared_from_this(), fraction, filePath,
+                                       remaining = estimate.remaining(fraction),
                                        text = QStringLiteral("Loading %1 of %2").arg(index + 1).arg(count)] {
             self->jobs.view.jobProgress(fraction, text, PathText::forDisplay(filePath), {}, remaining);
         });
@@ -68,8 +68,7 @@ private:
 };
 
 /// Takes what an export tells on its thread to the main thread.
-class MovieJobs::ExportReporter final : public ExportObserver,
-                                        public std::enable_shared_from_this<ExportReporter> {
+class MovieJobs::ExportReporter final : public ExportObserver, public std::enable_shared_from_this<ExportReporter> {
 public:
     explicit ExportReporter(MovieJobs &movieJobs) : jobs(movieJobs) {}
 
@@ -79,8 +78,10 @@ public:
         const double done = (progress.movie + fraction) / progress.movieCount;
         jobs.services.mainQueue.async(
             [self = shared_from_this(), fraction, progress, remaining = estimate.remaining(done),
-             text = QStringLiteral("Creating Thumbnails ... %1 of %2").arg(progress.movie + 1).arg(progress.movieCount)] {
-                self->jobs.view.jobProgress(fraction, text, PathText::forDisplay(progress.filePath), progress.picture, remaining);
+             text =
+                 QStringLiteral("Creating Thumbnails ... %1 of %2").arg(progress.movie + 1).arg(progress.movieCount)] {
+                self->jobs.view.jobProgress(fraction, text, PathText::forDisplay(progress.filePath), progress.picture,
+                                            remaining);
             });
     }
     void imageWritten(const QString & /*moviePath*/, const QString & /*imagePath*/) override {}
@@ -91,7 +92,8 @@ public:
     void framesMissing(const QString & /*moviePath*/, std::int64_t /*missing*/, std::int64_t /*tileCount*/) override {}
     void exportEnded() override
     {
-        jobs.services.mainQueue.async([self = shared_from_this()] { self->jobs.finish(JobsView::Kind::Export, self->failures); });
+        jobs.services.mainQueue.async(
+            [self = shared_from_this()] { self->jobs.finish(JobsView::Kind::Export, self->failures); });
     }
 
 private:

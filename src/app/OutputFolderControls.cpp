@@ -80,25 +80,25 @@ void OutputFolderControls::openFinderDown()
 void OutputFolderControls::sameOriginDown()
 {
     const SameOriginRefusals refusals =
-        widgets.chkSameOrigin->isChecked()
-            ? findSameOriginRefusals(services.moviePaths(), OutputFile::isWritableFolder)
-            : SameOriginRefusals();
+        widgets.chkSameOrigin->isChecked() ? findSameOriginRefusals(services.moviePaths(), OutputFile::isWritableFolder)
+                                           : SameOriginRefusals();
     if (refusals.isEmpty()) {
         applySameOrigin();
         return;
     }
     const QStringList buttons{QStringLiteral("Authorize"), QStringLiteral("Cancel")};
-    services.alert.show(QStringLiteral("Warnning!"), refusals.message(), buttons, [self = QPointer(this), refusals](int answer) {
-        if (!self) {
-            return;
-        }
-        if (answer == 0) {
-            self->authorize(refusals.folders);
-        } else {
-            self->widgets.chkSameOrigin->setChecked(false);
-            self->applySameOrigin();
-        }
-    });
+    services.alert.show(QStringLiteral("Warnning!"), refusals.message(), buttons,
+                        [self = QPointer(this), refusals](int answer) {
+                            if (!self) {
+                                return;
+                            }
+                            if (answer == 0) {
+                                self->authorize(refusals.folders);
+                            } else {
+                                self->widgets.chkSameOrigin->setChecked(false);
+                                self->applySameOrigin();
+                            }
+                        });
 }
 
 void OutputFolderControls::authorize(const QStringList &folders)

@@ -35,7 +35,7 @@ public:
         AlertPanel &alert;
         OpenPanel &openPanel;
         Workspace &workspace;
-        QString home;                             ///< the default folder lies under it
+        QString home;                            ///< the default folder lies under it
         std::function<QStringList()> moviePaths; ///< of the list, in order
     };
 

@@ -10,13 +10,13 @@
 #include <QFontDatabase>
 #include <QStandardPaths>
 
-#include <langinfo.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <climits>
 #include <clocale>
+#include <langinfo.h>
 
 void ProgramSetup::ensureUtf8Locale()
 {

@@ -58,8 +58,8 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
     MessageAlertPanel alert(mainQueue);
     FileOpenPanel openPanel(sandboxed);
     DesktopWorkspace workspace(mainQueue, bus, sandboxed);
-    AppDelegate delegate({defaults, grabber, *bookmarks, alert, openPanel, workspace, mainQueue,
-                          GlobalFun::RealHomeDirectory()});
+    AppDelegate delegate(
+        {defaults, grabber, *bookmarks, alert, openPanel, workspace, mainQueue, GlobalFun::RealHomeDirectory()});
     target = &delegate;
     const QuitSignals quitSignals([&delegate] { delegate.mainWindow().quit(); });
     for (const QString &path : paths) {
