@@ -20,11 +20,12 @@ bool isBlank(QChar character)
     return character == u' ' || character == u'\t';
 }
 
+/// -1 for what is no digit of the base.
 int digitValue(QChar character, int base)
 {
-    bool ok = false;
-    const int value = QString(character).toInt(&ok, base);
-    return ok ? value : -1;
+    static constexpr auto digits = "0123456789abcdef"_L1;
+    const auto value = static_cast<int>(digits.first(base).indexOf(character, 0, Qt::CaseInsensitive));
+    return character.unicode() < 0x80 ? value : -1; // a letter of another script may fold to one of these
 }
 
 /// Reads the right side of one line: "text", or a list "text, text".
@@ -244,7 +245,7 @@ QString writtenValue(const QVariant &value)
 }
 
 /// Takes in "key=value"; false when something of it is lost.
-bool readEntry(QStringView line, const QString &prefix, QSettings::SettingsMap &values)
+bool readEntry(QStringView line, const QString &prefix, QVariantMap &values)
 {
     const qsizetype equals = line.indexOf(u'=');
     if (equals < 1)
@@ -280,7 +281,7 @@ Content parse(const QByteArray &text)
     return content;
 }
 
-QByteArray write(const QSettings::SettingsMap &values)
+QByteArray write(const QVariantMap &values)
 {
     QString out = u"[General]\n"_s;
     for (auto value = values.cbegin(); value != values.cend(); ++value)

@@ -1,24 +1,24 @@
 #pragma once
 
 #include <QByteArray>
-#include <QSettings>
+#include <QVariantMap>
 
 /// The text of a settings file, in the INI syntax of QSettings: what one writes the other reads.
 ///
-/// It is not left to QSettings because that loses lone surrogates (see PathText), lists of one and empty lists, drops
-/// lines it does not understand without a word, and builds any type a "@Variant" names, which a damaged or hostile
-/// file can use to crash the program.
+/// QSettings itself loses lone surrogates (see PathText), lists of one and empty lists, drops lines it does not
+/// understand without a word, and builds any type a "@Variant" names, which a damaged or hostile file can use to crash
+/// the program.
 namespace IniText {
 
 struct Content {
-    QSettings::SettingsMap values; ///< texts, bytes, and lists of these
-    bool complete = true;          ///< false: writing `values` back would lose something the text holds
+    QVariantMap values;   ///< texts, bytes, and lists of these
+    bool complete = true; ///< false: writing `values` back would lose something the text holds
 };
 
 /// Never fails; what cannot be understood is left out and said in `complete`. Comments are no loss.
 Content parse(const QByteArray &text);
 
 /// The text that parse() reads as the same values; they must be texts, bytes, or lists of these.
-QByteArray write(const QSettings::SettingsMap &values);
+QByteArray write(const QVariantMap &values);
 
 } // namespace IniText

@@ -4,10 +4,14 @@
 #include "platform/Log.h"
 #include "platform/NewFile.h"
 
-#include <QDateTime>
+#include <QDeadlineTimer>
+#include <QDir>
 #include <QFile>
-#include <QFileDevice>
 #include <QFileInfo>
+#include <QLockFile>
+#include <QSaveFile>
+
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 
@@ -17,7 +21,7 @@ namespace {
 constexpr qint64 maximumSize = 16'777'216; // thousands of times what the program writes
 
 struct Loaded {
-    QSettings::SettingsMap values;
+    QVariantMap values;
     bool expendable = false; ///< writing `values` over the file loses nothing
 };
 
@@ -47,95 +51,76 @@ bool keepAside(const QString &path, const QByteArray &contents)
     return kept;
 }
 
-/// Nothing when the device cannot be read or holds something else than settings.
-std::optional<Loaded> load(QIODevice &device, const QString &path)
+/// Nothing when the file cannot be read or holds something else than settings. No file is an empty one.
+std::optional<Loaded> load(const QString &path)
 {
-    const QByteArray text = device.read(maximumSize + 1);
-    if (text.size() > maximumSize)
+    QFile file(path);
+    if (!QFileInfo::exists(path))
+        return Loaded{.values = {}, .expendable = true};
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) // opening a FIFO would wait for ever
+        return std::nullopt;
+    const QByteArray text = file.read(maximumSize + 1);
+    if (text.size() > maximumSize || file.error() != QFileDevice::NoError)
         return std::nullopt;
     const auto content = IniText::parse(text);
     return Loaded{.values = content.values, .expendable = content.complete || keepAside(path, text)};
 }
 
-/// QSettings reads and writes files only.
-QFileDevice &asFile(QIODevice &device)
+/// Waits for other processes, but not for one that hangs. QLockFile's own waiting sleeps ever longer, and others could
+/// always be quicker.
+bool acquire(QLockFile &lock)
 {
-    return dynamic_cast<QFileDevice &>(device);
-}
-
-/// Gives the file a time behind `previous`, where the file system lets it. Other processes' QSettings take a file of
-/// the same size and millisecond for the one they know, and would write their old values over ours.
-void setLaterTime(QFileDevice &file, const QDateTime &previous)
-{
-    const QDateTime now = QDateTime::currentDateTimeUtc();
-    file.setFileTime(qMax(now, previous.addMSecs(1)), QFileDevice::FileModificationTime);
-}
-
-/// QSettings' way to read a file.
-bool readFile(QIODevice &device, QSettings::SettingsMap &values)
-{
-    const auto loaded = load(device, asFile(device).fileName());
-    if (loaded)
-        values = loaded->values;
-    return loaded.has_value();
-}
-
-/// QSettings' way to write one: it holds the lock now, and the file that is about to be replaced is still there.
-bool writeFile(QIODevice &device, const QSettings::SettingsMap &values)
-{
-    QFileDevice &file = asFile(device);
-    QFile present(file.fileName());
-    QDateTime previous = QDateTime::fromMSecsSinceEpoch(0);
-    if (present.exists()) {
-        if (!present.open(QIODevice::ReadOnly))
+    const QDeadlineTimer deadline(std::chrono::seconds(10));
+    while (!lock.tryLock(5)) {
+        if (lock.error() != QLockFile::LockFailedError || deadline.hasExpired())
             return false;
-        const auto loaded = load(present, present.fileName());
-        if (!loaded || !loaded->expendable)
-            return false;
-        previous = present.fileTime(QFileDevice::FileModificationTime);
     }
+    return true;
+}
+
+bool replace(const QString &path, const QVariantMap &values)
+{
+    QSaveFile file(path);
     const QByteArray text = IniText::write(values);
-    const bool written = file.write(text) == text.size() && file.flush();
-    setLaterTime(file, previous);
-    return written;
+    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
 }
 
-QSettings::Format storeFormat()
+std::optional<QVariantMap> readAll(const QString &path)
 {
-    static const auto format = QSettings::registerFormat(u"ini"_s, readFile, writeFile);
-    return format;
+    const auto loaded = load(path);
+    return loaded ? std::optional(loaded->values) : std::nullopt;
 }
 
-QSettings::SettingsMap valuesOf(const QSettings &settings)
+std::optional<QVariantMap> change(const QString &path, const QVariantMap &changes)
 {
-    QSettings::SettingsMap values;
-    for (const QString &key : settings.allKeys())
-        values.insert(key, settings.value(key));
-    return values;
+    QLockFile lock(path + u".lock"_s);
+    if (!QDir().mkpath(QFileInfo(path).path()) || !acquire(lock))
+        return std::nullopt;
+    const auto loaded = load(path);
+    if (!loaded)
+        return std::nullopt;
+    QVariantMap values = loaded->values;
+    for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
+        if (change->isValid()) {
+            values.insert(change.key(), *change);
+        } else {
+            values.remove(change.key());
+        }
+    }
+    const bool asWanted = values == loaded->values || (loaded->expendable && replace(path, values));
+    return asWanted ? std::optional(values) : std::nullopt;
 }
 
 } // namespace
 
-std::optional<QSettings::SettingsMap> update(const QString &path, const QSettings::SettingsMap &changes)
+std::optional<QVariantMap> update(const QString &path, const QVariantMap &changes)
 {
-    if (const QFileInfo file(path); file.exists() && !file.isFile()) {
-        qCWarning(lcTessarine) << "error: settings are no file:" << path;
-        return std::nullopt; // opening a FIFO would wait for ever
+    auto values = changes.isEmpty() ? readAll(path) : change(path, changes);
+    if (!values) {
+        qCWarning(lcTessarine) << "error: settings cannot be" << (changes.isEmpty() ? "read from" : "written to")
+                               << path;
     }
-    // Made anew each time: its error status never goes back, and an event loop would sync a lasting one on its own.
-    QSettings settings(path, storeFormat());
-    for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
-        if (change->isValid()) {
-            settings.setValue(change.key(), *change);
-        } else {
-            settings.remove(change.key());
-        }
-    }
-    settings.sync();
-    if (settings.status() == QSettings::NoError)
-        return valuesOf(settings);
-    qCWarning(lcTessarine) << "error: settings cannot be" << (changes.isEmpty() ? "read from" : "written to") << path;
-    return std::nullopt;
+    return values;
 }
 
 } // namespace StoreFile

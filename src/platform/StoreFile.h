@@ -1,11 +1,14 @@
 #pragma once
 
-#include <QSettings>
 #include <QString>
+#include <QVariantMap>
 
 #include <optional>
 
 /// The user defaults' file on disk.
+///
+/// Not QSettings: between reading the file and noting the time it bears, that leaves a moment in which another process
+/// may write; the next write then takes the other's away again. Here every change reads the file anew under the lock.
 namespace StoreFile {
 
 /// Carries out `changes` (an invalid value removes its key) in one step, on top of what other processes have written
@@ -14,6 +17,6 @@ namespace StoreFile {
 ///
 /// A file that is not understood to the last line is first copied aside ("NAME.broken", "NAME.broken(1)", …), and is
 /// never written over while that fails. Safe on any thread and in several processes at once.
-std::optional<QSettings::SettingsMap> update(const QString &path, const QSettings::SettingsMap &changes);
+std::optional<QVariantMap> update(const QString &path, const QVariantMap &changes);
 
 } // namespace StoreFile

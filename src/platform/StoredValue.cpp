@@ -21,7 +21,7 @@ bool isList(const QVariant &value)
 
 QVariant normalizedScalar(const QVariant &value)
 {
-    return value.typeId() == QMetaType::QByteArray ? value : QVariant(value.toString());
+    return value.typeId() == QMetaType::QByteArray ? QVariant(value.toByteArray()) : QVariant(value.toString());
 }
 
 } // namespace

@@ -12,7 +12,8 @@
 /// one, which lies over the registered default.
 ///
 /// Readers never fail: a value of another type is converted as well as it can be, an absent one reads as false, 0 or
-/// nothing. All calls are safe on any thread. Writes reach the disk at synchronize() or on destruction.
+/// nothing. Any text but the empty one is a key. All calls are safe on any thread. Writes reach the disk at
+/// synchronize() or on destruction.
 class UserDefaults {
 public:
     /// Opens the INI file at `storePath` (made with its folder at the first write). A file that cannot be parsed is
@@ -27,10 +28,13 @@ public:
 
     /// Text is true when it says yes or true (any case) or is a number other than 0.
     bool boolValue(QAnyStringView key) const;
-    /// Fractions are cut towards zero ("12.9" reads 12), values out of range are clamped, what is no number reads 0.
+    /// Fractions are cut towards zero ("12.9" reads 12), values out of range are clamped, what is no number reads 0;
+    /// true and yes read 1.
     std::int32_t int32Value(QAnyStringView key) const;
     std::int64_t int64Value(QAnyStringView key) const;
+    /// Never NaN, but infinite for an infinity or a text too large for a double.
     double doubleValue(QAnyStringView key) const;
+    /// An array reads as its elements with ", " between.
     QString textValue(QAnyStringView key) const;
     /// Nothing when the key is absent or holds something else than bytes.
     std::optional<QByteArray> dataValue(QAnyStringView key) const;
@@ -48,7 +52,7 @@ public:
 
     /// Replaces the lowest layer.
     void registerDefaults(const QVariantMap &defaults);
-    /// Lays a value over the stored one for this run.
+    /// Lays a value over the stored one for this run; an invalid value lets the stored one show again.
     void setVolatile(QAnyStringView key, const QVariant &value);
 
     /// Writes to disk and takes in what other processes have written. False, with a line in the log, when that failed.

@@ -57,7 +57,7 @@ TEST(PropertyList, SurvivesHostileInput)
         QByteArray(),
         "no property list",
         head + "<array/></plist>",
-        head + "<string>" + QByteArray(32 << 20, 'x') + "</string></plist>",
+        head + "<dict><key>k</key><string>" + QByteArray(32 << 20, 'x') + "</string></dict></plist>",
         head + QByteArray("<dict><key>k</key>").repeated(500000),
         head + QByteArray("<array>").repeated(500000) + QByteArray("</array>").repeated(500000) + "</plist>",
         head + QByteArray("<!--</dict>--><dict><key>k</key>").repeated(200000),

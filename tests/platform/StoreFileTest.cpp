@@ -4,8 +4,8 @@
 #include "platform/IniText.h"
 
 #include <QProcess>
+#include <QSettings>
 
-#include <chrono>
 #include <random>
 #include <vector>
 
@@ -50,7 +50,7 @@ TEST(IniText, ReadsWhatItWroteAndSurvivesTheRest)
 {
     Values random;
     for (int round = 0; round < 3000; ++round) {
-        const QSettings::SettingsMap values{{u'k' + random.text(), random.any()}, {u"l"_s, random.any()}};
+        const QVariantMap values{{u'k' + random.text(), random.any()}, {u"l"_s, random.any()}};
         const auto content = IniText::parse(IniText::write(values));
         ASSERT_TRUE(content.complete && content.values == values) << IniText::write(values).constData();
         const QByteArray hostile = "a=" + random.text().toUtf8() + '\n' + random.bytes() + "\n[" + random.bytes();
@@ -61,7 +61,7 @@ TEST(IniText, ReadsWhatItWroteAndSurvivesTheRest)
 
 TEST(IniText, IsTheSyntaxOfQSettings)
 {
-    const QSettings::SettingsMap values{
+    const QVariantMap values{
         {u"plain"_s, u"/home/ada/Füße 🎬"_s},
         {u"MASPreferences Frame Top Left"_s, u"10, 20; \"30\" = \\x1f"_s},
         {u"group/ключ%"_s, u"@home"_s},
@@ -102,7 +102,7 @@ TEST(StoreFile, IsKeptAsideWhenNotUnderstood)
         {"guid=x\nlist=@ByteArray(映)", false},
         {"guid=x\n[Sect", false},
         // nested so deep that whoever builds it runs out of stack
-        {"guid=x\nlist=@Variant(" + QByteArray("\\0\\0\\0\\x9\\0\\0\\0\\x1").repeated(400000) + ")", false},
+        {"guid=x\nlist=@Variant(" + QByteArray("\\0\\0\\0\\x9\\0\\0\\0\\x1").repeated(100000) + ")", false},
     };
     for (const auto &[contents, understood] : cases) {
         SCOPED_TRACE(contents.left(40).constData());
@@ -188,30 +188,17 @@ TEST(StoreFile, IsSharedWithOtherProcesses)
     const TestFolder folder;
     const QString path = folder.file(u"s.ini"_s);
     UserDefaults defaults(path);
+    defaults.setInteger(u"one7", -1); // theirs is the later value
+    EXPECT_TRUE(defaults.synchronize());
     QProcess one;
     QProcess two;
     one.start(QStringLiteral(STORE_CHILD), {u"count"_s, path, u"one"_s});
     two.start(QStringLiteral(STORE_CHILD), {u"count"_s, path, u"two"_s});
     EXPECT_TRUE(one.waitForFinished(-1) && two.waitForFinished(-1));
     EXPECT_EQ(one.exitCode() + two.exitCode(), 0);
+    defaults.setBool(u"mine", true);
     EXPECT_TRUE(defaults.synchronize());
     for (int i = 1; i < 100; ++i)
         EXPECT_TRUE(defaults.int32Value(u"one%1"_s.arg(i)) == i && defaults.int32Value(u"two%1"_s.arg(i)) == i) << i;
     EXPECT_EQ(folder.names(), QStringList{u"s.ini"_s});
-}
-
-TEST(StoreFile, IsLaterThanTheOneItReplaces)
-{
-    const TestFolder folder;
-    UserDefaults defaults(folder.file(u"s.ini"_s));
-    const std::filesystem::path path(folder.path("s.ini").toStdString());
-    for (const auto ahead : {std::chrono::hours(0), std::chrono::hours(1)}) { // also when the clock was set back
-        defaults.setInteger(u"hours", ahead.count());
-        ASSERT_TRUE(defaults.synchronize());
-        const auto previous = std::filesystem::last_write_time(path) + ahead;
-        std::filesystem::last_write_time(path, previous);
-        defaults.setInteger(u"hours", ahead.count());
-        ASSERT_TRUE(defaults.synchronize());
-        EXPECT_GE(std::filesystem::last_write_time(path), previous + std::chrono::milliseconds(1));
-    }
 }
