@@ -1,5 +1,6 @@
 #include "platform/NewFile.h"
 
+#include "platform/FileDescriptor.h"
 #include "platform/PathText.h"
 
 #include <QRandomGenerator>
@@ -18,23 +19,6 @@ std::error_code lastError()
 {
     return {errno, std::generic_category()};
 }
-
-/// A file descriptor, closed with its owner.
-class Descriptor {
-public:
-    explicit Descriptor(int number) : fd(number) {}
-    ~Descriptor() { close(); }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-
-    bool isOpen() const { return fd >= 0; }
-    int get() const { return fd; }
-    /// False when the file system reports only now that it could not keep what was written.
-    bool close() { return fd < 0 || ::close(std::exchange(fd, -1)) == 0; }
-
-private:
-    int fd;
-};
 
 /// The last component of a path and the folder it is in.
 struct Place {
@@ -71,10 +55,13 @@ public:
 
 private:
     int create();
+    bool renameWithoutReplacing(const QByteArray &finalName);
+    bool linkAs(const QByteArray &finalName);
+    bool renameOntoPlaceholder(const QByteArray &finalName);
 
     int folder;
     QByteArray name;
-    Descriptor file;
+    FileDescriptor file;
 };
 
 int TemporaryFile::create()
@@ -100,19 +87,50 @@ bool TemporaryFile::fill(const QByteArray &contents)
             return false;
         }
     }
-    return ::fsync(file.get()) == 0 && file.close();
+    // Some file systems report only at the close that they could not keep what was written.
+    return ::fsync(file.get()) == 0 && ::close(file.release()) == 0;
 }
 
 /// False, with errno set, when something has that name already or the name cannot be given.
 bool TemporaryFile::publishAs(const QByteArray &finalName)
 {
-    if (::renameat2(folder, name.constData(), folder, finalName.constData(), RENAME_NOREPLACE) == 0) {
+    return renameWithoutReplacing(finalName) || linkAs(finalName) || renameOntoPlaceholder(finalName);
+}
+
+bool TemporaryFile::renameWithoutReplacing(const QByteArray &finalName)
+{
+    if (::renameat2(folder, name.constData(), folder, finalName.constData(), RENAME_NOREPLACE) != 0)
+        return false;
+    name.clear();
+    return true;
+}
+
+/// For network file systems, which do not know the flag: a second name for the file refuses to replace as well.
+bool TemporaryFile::linkAs(const QByteArray &finalName)
+{
+    const bool flagUnknown = errno == EINVAL || errno == ENOSYS;
+    return flagUnknown && ::linkat(folder, name.constData(), folder, finalName.constData(), 0) == 0;
+}
+
+/// For memory sticks (exFAT) and their like, which know neither: the name is taken by an empty file first, so that
+/// nobody else's is replaced.
+bool TemporaryFile::renameOntoPlaceholder(const QByteArray &finalName)
+{
+    const bool linksUnknown = errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS;
+    if (!linksUnknown)
+        return false;
+    const FileDescriptor placeholder(
+        ::openat(folder, finalName.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    if (!placeholder.isOpen())
+        return false;
+    if (::renameat(folder, name.constData(), folder, finalName.constData()) == 0) {
         name.clear();
         return true;
     }
-    // Network file systems do not know the flag; a second name for the file refuses to replace as well.
-    const bool flagUnknown = errno == EINVAL || errno == ENOSYS;
-    return flagUnknown && ::linkat(folder, name.constData(), folder, finalName.constData(), 0) == 0;
+    const int error = errno;
+    ::unlinkat(folder, finalName.constData(), 0);
+    errno = error;
+    return false;
 }
 
 } // namespace
@@ -122,7 +140,7 @@ std::error_code writeNewFile(const QString &path, const QByteArray &contents)
     const auto place = placeOf(PathText::toBytes(path));
     if (!place)
         return std::make_error_code(std::errc::invalid_argument);
-    const Descriptor folder(::open(place->folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const FileDescriptor folder(::open(place->folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!folder.isOpen())
         return lastError();
     TemporaryFile file(folder.get());

@@ -25,13 +25,13 @@ namespace {
 
 const QByteArray picture = QByteArray("\xFF\xD8\0picture", 10).repeated(20000);
 
-/// Makes renameat2 fail in this process, for good, as a file system does that does not know its flags.
-bool loseRenameFlags()
+/// Makes a system call fail in this process, for good, as a file system does that does not know it.
+bool lose(unsigned systemCall, unsigned error)
 {
     std::array filter{
         sock_filter BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
-        sock_filter BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_renameat2, 0, 1),
-        sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EINVAL),
+        sock_filter BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, systemCall, 0, 1),
+        sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | error),
         sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
     };
     const sock_fprog program{.len = filter.size(), .filter = filter.data()};
@@ -147,23 +147,25 @@ TEST(NewFile, GivesANameToOneOfManyOnly)
 
 TEST(NewFile, ManagesWithoutTheFileSystemsHelp)
 {
-    const TestFolder folder;
-    folder.write(u"taken"_s, "mine");
-    const pid_t child = ::fork();
-    if (child == 0) {
-        if (!loseRenameFlags())
-            ::_exit(77);
-        const bool written = !writeNewFile(folder.file(u"new"_s), picture);
-        const bool refused = writeNewFile(folder.file(u"taken"_s), picture) == std::errc::file_exists;
-        ::_exit(written && refused ? 0 : 1);
+    for (const bool hasLinks : {true, false}) { // a network disk, a memory stick
+        const TestFolder folder;
+        folder.write(u"taken"_s, "mine");
+        const pid_t child = ::fork();
+        if (child == 0) {
+            if (!lose(SYS_renameat2, EINVAL) || (!hasLinks && !lose(SYS_linkat, EPERM)))
+                ::_exit(77);
+            const bool written = !writeNewFile(folder.file(u"new"_s), picture);
+            const bool refused = writeNewFile(folder.file(u"taken"_s), picture) == std::errc::file_exists;
+            ::_exit(written && refused ? 0 : 1);
+        }
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFEXITED(status));
+        if (WEXITSTATUS(status) == 77)
+            GTEST_SKIP() << "filtering system calls is refused here";
+        EXPECT_EQ(WEXITSTATUS(status), 0) << hasLinks;
+        EXPECT_EQ(folder.names(), (QStringList{u"new"_s, u"taken"_s}));
+        EXPECT_EQ(folder.read(u"new"_s), picture);
+        EXPECT_EQ(folder.read(u"taken"_s), "mine");
     }
-    int status = 0;
-    ASSERT_EQ(::waitpid(child, &status, 0), child);
-    ASSERT_TRUE(WIFEXITED(status));
-    if (WEXITSTATUS(status) == 77)
-        GTEST_SKIP() << "filtering system calls is refused here";
-    EXPECT_EQ(WEXITSTATUS(status), 0);
-    EXPECT_EQ(folder.names(), (QStringList{u"new"_s, u"taken"_s}));
-    EXPECT_EQ(folder.read(u"new"_s), picture);
-    EXPECT_EQ(folder.read(u"taken"_s), "mine");
 }
