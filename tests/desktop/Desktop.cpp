@@ -43,7 +43,7 @@ void Desktop::start(QProcess &program, const QString &path, const QStringList &a
 QByteArray Desktop::awaitWindow(const QString &title) const
 {
     QByteArray window = xdotool({QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--all"),
-                                       QStringLiteral("--onlyvisible"), QStringLiteral("--name"), u'^' + title + u'$'});
+                                 QStringLiteral("--onlyvisible"), QStringLiteral("--name"), u'^' + title + u'$'});
     xdotool({QStringLiteral("windowactivate"), QStringLiteral("--sync"), QString::fromLatin1(window)});
     return window;
 }

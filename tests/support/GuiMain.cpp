@@ -1,5 +1,5 @@
-// Entry of the test programs that read or draw images: text needs fonts, and image plug-ins that a thread has loaded need
-// an application object to end in order.
+// Entry of the test programs that read or draw images: text needs fonts, and image plug-ins that a thread has loaded
+// need an application object to end in order.
 
 #include <QGuiApplication>
 
