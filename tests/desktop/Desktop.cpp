@@ -1,7 +1,5 @@
 #include "desktop/Desktop.h"
 
-#include <QProcessEnvironment>
-
 #include <gtest/gtest.h>
 
 namespace {
@@ -13,15 +11,8 @@ QStringList coordinates(QPoint point)
 
 } // namespace
 
-Desktop::Desktop()
+Desktop::Desktop() : environment(QProcessEnvironment::systemEnvironment())
 {
-    folder.makeFolder("run");
-    std::filesystem::permissions(folder.bytes("run").toStdString(), std::filesystem::perms(0700));
-}
-
-void Desktop::start(QProcess &program, const QString &path, const QStringList &arguments) const
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char *name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR", "LANGUAGE"}) {
         environment.remove(QString::fromLatin1(name));
     }
@@ -33,7 +24,12 @@ void Desktop::start(QProcess &program, const QString &path, const QStringList &a
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.path("config"));
     environment.insert(QStringLiteral("XDG_DATA_HOME"), folder.path("data"));
     environment.insert(QStringLiteral("XDG_CACHE_HOME"), folder.path("cache"));
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), folder.path("run"));
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), folder.makeFolder("run"));
+    std::filesystem::permissions(folder.bytes("run").toStdString(), std::filesystem::perms(0700));
+}
+
+void Desktop::start(QProcess &program, const QString &path, const QStringList &arguments) const
+{
     program.setProcessEnvironment(environment);
     program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     program.start(path, arguments);
@@ -81,10 +77,25 @@ void Desktop::releaseButton() const
     xdotool({QStringLiteral("mouseup"), QStringLiteral("1")});
 }
 
+void Desktop::grab(const QByteArray &window, const QString &imagePath) const
+{
+    run(QStringLiteral("ffmpeg"),
+        {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y"), QStringLiteral("-f"),
+         QStringLiteral("x11grab"), QStringLiteral("-draw_mouse"), QStringLiteral("0"), QStringLiteral("-window_id"),
+         QString::fromLatin1(window), QStringLiteral("-i"), screen.display(), QStringLiteral("-frames:v"),
+         QStringLiteral("1"), imagePath});
+}
+
 QByteArray Desktop::xdotool(const QStringList &arguments) const
 {
+    return run(QStringLiteral("xdotool"), arguments);
+}
+
+QByteArray Desktop::run(const QString &toolPath, const QStringList &arguments) const
+{
     QProcess tool;
-    start(tool, QStringLiteral("xdotool"), arguments);
-    EXPECT_TRUE(tool.waitForFinished()) << "xdotool waits: " << arguments.join(u' ').toStdString();
+    start(tool, toolPath, arguments);
+    EXPECT_TRUE(tool.waitForFinished()) << "does not end: " << arguments.join(u' ').toStdString();
+    EXPECT_EQ(tool.exitCode(), 0) << arguments.join(u' ').toStdString();
     return tool.readAllStandardOutput().trimmed();
 }

@@ -7,6 +7,7 @@
 
 #include <QPoint>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QStringList>
 
 /// A small desktop of a test's own: windows, a bus, an empty home, a pointer and a keyboard. Nothing on it reaches the
@@ -15,6 +16,8 @@ class Desktop {
 public:
     Desktop();
 
+    /// A variable of the environment that programs start in from now on.
+    void setVariable(const QString &name, const QString &value) { environment.insert(name, value); }
     /// Starts the program as a desktop would; its errors go to the test's.
     void start(QProcess &program, const QString &path, const QStringList &arguments) const;
 
@@ -29,12 +32,17 @@ public:
     void movePointer(QPoint point) const;
     void releaseButton() const;
 
+    /// Writes what the window shows into an image file.
+    void grab(const QByteArray &window, const QString &imagePath) const;
+
     const SessionBus bus;
     const ScratchFolder folder; ///< with the homes of settings and data in it
 
 private:
     QByteArray xdotool(const QStringList &arguments) const;
+    QByteArray run(const QString &toolPath, const QStringList &arguments) const;
 
     const AccessibilityBus accessibility{bus};
     const XServer screen;
+    QProcessEnvironment environment;
 };

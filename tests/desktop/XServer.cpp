@@ -29,7 +29,7 @@ XServer::XServer()
 {
     server.start(QStringLiteral("Xvfb"), {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-noreset"),
                                           QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-screen"),
-                                          QStringLiteral("0"), QStringLiteral("1600x1000x24")});
+                                          QStringLiteral("0"), QStringLiteral("2560x1600x24")});
     name = u':' + QString::fromLatin1(nextLine(server));
     EXPECT_NE(name, u":") << "Xvfb does not start: " << server.readAllStandardError().constData();
 

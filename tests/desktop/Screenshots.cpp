@@ -1,0 +1,84 @@
+// Makes the pictures of the documents: starts the real program with movies, does what leads to each picture, and grabs
+// its window. Run by scripts/screenshots.
+// Usage: screenshots   with MOVIES (their paths, one a line), COLLAGES (a folder) and IMAGES (a folder) in the
+// environment
+
+#include "desktop/Desktop.h"
+#include "desktop/ScreenReader.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A widget that is clicked on the way to a picture.
+struct Click {
+    const char *role;
+    const char *name;
+};
+
+struct Shot {
+    const char *image;
+    const char *scale; ///< device pixels for each pixel of the program's
+    const char *keys;  ///< pressed in the main window first
+    Click click;       ///< then, when it has a name
+    const char *title; ///< of the window to grab
+};
+
+const Shot shots[] = {
+    {"window", "1", "", {}, "Tessarine"},
+    {"window-2x", "2", "", {}, "Tessarine"},
+    {"preferences-general", "1", "ctrl+comma", {"check box", "General"}, "Preferences"},
+    {"preferences-metadata", "1", "ctrl+comma", {"check box", "Metadata"}, "Preferences"},
+    {"preferences-paths", "1", "ctrl+comma", {"check box", "Trusted Paths"}, "Preferences"},
+};
+
+void PrintTo(const Shot &shot, std::ostream *stream)
+{
+    *stream << shot.image;
+}
+
+class Screenshots : public testing::TestWithParam<Shot> {};
+
+TEST_P(Screenshots, Grab)
+{
+    const Shot &shot = GetParam();
+    Desktop desktop;
+    desktop.folder.write("config/Tessarine/Tessarine.ini", "[General]\nOutputFolderKey=" + qgetenv("COLLAGES") + '\n');
+    desktop.setVariable(QStringLiteral("QT_SCALE_FACTOR"), QString::fromLatin1(shot.scale));
+    QProcess program;
+    const QStringList movies = qEnvironmentVariable("MOVIES").split(u'\n', Qt::SkipEmptyParts);
+    desktop.start(program, QStringLiteral(TESSARINE_EXECUTABLE), movies);
+    desktop.moveToCorner(desktop.awaitWindow(QStringLiteral("Tessarine")));
+    const ScreenReader reader(desktop.bus.connect(), program.processId());
+    for (const QString &movie : movies) {
+        const QString name = movie.section(u'/', -1);
+        reader.await([&name](const ScreenReader::Object &object) { return object.name.contains(name); });
+    }
+    reader.awaitNone(QStringLiteral("dialog"));
+
+    if (*shot.keys != '\0') {
+        desktop.awaitWindow(QStringLiteral("Tessarine")); // it has lost the keyboard to its sheet
+        desktop.pressKey(QString::fromLatin1(shot.keys));
+    }
+    if (shot.click.name != nullptr) {
+        desktop.click(reader.await(QString::fromLatin1(shot.click.role), QString::fromLatin1(shot.click.name))
+                          .rectangle.center());
+    }
+    const QByteArray window = desktop.awaitWindow(QString::fromLatin1(shot.title));
+    const QString image = qEnvironmentVariable("IMAGES") + u'/' + QString::fromLatin1(shot.image) + u".png";
+    desktop.grab(window, image);
+    EXPECT_TRUE(QFile::exists(image)) << image.toStdString();
+    program.terminate();
+    EXPECT_TRUE(program.waitForFinished());
+}
+
+std::string nameOf(const testing::TestParamInfo<Shot> &info)
+{
+    return QString::fromLatin1(info.param.image).replace(u'-', u'_').toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Images, Screenshots, testing::ValuesIn(shots), nameOf);
+
+} // namespace
