@@ -97,15 +97,16 @@ void ColorWell::openDialog()
         dialog->activateWindow();
         return;
     }
-    dialog = new QColorDialog(this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setOption(QColorDialog::ShowAlphaChannel); // first, or the colour would lose its alpha
-    dialog->setCurrentColor(shownColor);
-    dialog->setWindowTitle(accessibleName());
-    connect(dialog, &QColorDialog::currentColorChanged, this, &ColorWell::choose);
-    connect(dialog, &QColorDialog::colorSelected, this, &ColorWell::choose);
-    connect(dialog, &QDialog::rejected, this, [this, before = shownColor] { choose(before); });
-    dialog->open();
+    auto *opened = new QColorDialog(this);
+    opened->setAttribute(Qt::WA_DeleteOnClose);
+    opened->setOption(QColorDialog::ShowAlphaChannel); // first, or the colour would lose its alpha
+    opened->setCurrentColor(shownColor);
+    opened->setWindowTitle(accessibleName());
+    connect(opened, &QColorDialog::currentColorChanged, this, &ColorWell::choose);
+    connect(opened, &QColorDialog::colorSelected, this, &ColorWell::choose);
+    connect(opened, &QDialog::rejected, this, [this, before = shownColor] { choose(before); });
+    dialog = opened;
+    opened->open();
 }
 
 void ColorWell::choose(const QColor &color)
