@@ -63,11 +63,11 @@ void OutputFolderControls::browseDown()
     request.title = qtTrId("choose_output_folder");
     request.folder = outputPath();
     request.folders = true;
-    services.openPanel.open(request, [self = QPointer(this)](const QStringList &paths) {
-        if (self && !paths.isEmpty()) {
-            self->services.trustedFolders.addToBookmarkWithURL(paths.first());
-            self->show(paths.first());
-            self->services.defaults.setText(PreferenceKeys::outputFolder, paths.first());
+    services.openPanel.open(request, [this](const QStringList &paths) {
+        if (!paths.isEmpty()) {
+            services.trustedFolders.addToBookmarkWithURL(paths.first());
+            show(paths.first());
+            services.defaults.setText(PreferenceKeys::outputFolder, paths.first());
         }
     });
 }
@@ -87,18 +87,14 @@ void OutputFolderControls::sameOriginDown()
         return;
     }
     const QStringList buttons{QStringLiteral("Authorize"), QStringLiteral("Cancel")};
-    services.alert.show(QStringLiteral("Warnning!"), refusals.message(), buttons,
-                        [self = QPointer(this), refusals](int answer) {
-                            if (!self) {
-                                return;
-                            }
-                            if (answer == 0) {
-                                self->authorize(refusals.folders);
-                            } else {
-                                self->widgets.chkSameOrigin->setChecked(false);
-                                self->applySameOrigin();
-                            }
-                        });
+    services.alert.show(QStringLiteral("Warnning!"), refusals.message(), buttons, [this, refusals](int answer) {
+        if (answer == 0) {
+            authorize(refusals.folders);
+        } else {
+            widgets.chkSameOrigin->setChecked(false);
+            applySameOrigin();
+        }
+    });
 }
 
 void OutputFolderControls::authorize(const QStringList &folders)
@@ -111,14 +107,11 @@ void OutputFolderControls::authorize(const QStringList &folders)
     request.prompt = QStringLiteral("Authorize");
     request.folder = folders.first();
     request.folders = true;
-    services.openPanel.open(request, [self = QPointer(this), rest = folders.mid(1)](const QStringList &paths) {
-        if (!self) {
-            return;
-        }
+    services.openPanel.open(request, [this, rest = folders.mid(1)](const QStringList &paths) {
         if (!paths.isEmpty()) { // any folder that the user picks is granted, asked for or not
-            self->services.trustedFolders.addToBookmarkWithURL(paths.first());
+            services.trustedFolders.addToBookmarkWithURL(paths.first());
         }
-        self->authorize(rest);
+        authorize(rest);
     });
 }
 

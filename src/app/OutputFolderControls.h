@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 #include <QString>
 #include <QStringList>
 
@@ -28,7 +27,7 @@ public:
         QAbstractButton *btnOpen;
         QCheckBox *chkSameOrigin;
     };
-    /// All of it must outlive this.
+    /// All of it must outlive this; questions and panels belong to the window, and go with it.
     struct Services {
         UserDefaults &defaults;
         TrustedFolders &trustedFolders;

@@ -68,6 +68,7 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
     delegate.applicationDidFinishLaunching();
     desktop.setReady();
     const int status = QApplication::exec();
+    desktop.stop(); // a start from now on is on its own
     target = nullptr;
     delegate.applicationWillTerminate();
     return status;
