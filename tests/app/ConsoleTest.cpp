@@ -39,7 +39,9 @@ TEST(Console, ATerminalGetsABarThatFitsAndGoesAway)
     int master = -1;
     int slave = -1;
     const struct winsize size = {24, 40, 0, 0};
-    ASSERT_EQ(openpty(&master, &slave, nullptr, nullptr, &size), 0);
+    if (openpty(&master, &slave, nullptr, nullptr, &size) != 0) {
+        GTEST_SKIP() << "there are no pseudo-terminals here (/dev/pts)";
+    }
     {
         const CapturedStream results;
         const CapturedStream messages(fdopen(slave, "w"));

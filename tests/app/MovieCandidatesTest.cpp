@@ -1,7 +1,7 @@
 #include "app/MovieCandidates.h"
 
-#include "support/PlainUser.h"
 #include "support/ScratchFolder.h"
+#include "support/WithoutPrivileges.h"
 
 #include <gtest/gtest.h>
 
@@ -59,7 +59,7 @@ TEST_F(MovieCandidatesTest, FoldersAreSearchedAndAllElseIsTriedInTheGivenOrder)
 TEST_F(MovieCandidatesTest, AFolderThatCannotBeListedIsTold)
 {
     std::filesystem::permissions(folder.bytes("films").toStdString(), std::filesystem::perms(0700));
-    const PlainUser user;
+    const WithoutPrivileges user;
     EXPECT_EQ(expand({"films"}), QByteArrayList{"films: Permission denied"});
 }
 

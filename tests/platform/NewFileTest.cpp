@@ -78,7 +78,7 @@ TEST(NewFile, RefusesWithoutTrace)
 
     folder.setMode(0555);
     {
-        const PlainUser user;
+        const WithoutPrivileges user;
         EXPECT_EQ(writeNewFile(folder.file(u"new"_s), picture), std::errc::permission_denied);
     }
     EXPECT_EQ(folder.names(), before);

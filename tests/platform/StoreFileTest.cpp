@@ -156,7 +156,7 @@ TEST(StoreFile, MayBeReadOnly)
     folder.setMode(0555);
     UserDefaults defaults(folder.file(u"s.ini"_s));
     {
-        const PlainUser user;
+        const WithoutPrivileges user;
         defaults.setText(u"k", u"new"_s);
         EXPECT_FALSE(defaults.synchronize());
     }
@@ -173,7 +173,7 @@ TEST(StoreFile, IsNotReplacedWhenItCannotBeRead)
     ASSERT_EQ(::chmod(folder.path("secret.ini").constData(), 0), 0);
     ASSERT_EQ(::mkfifo(folder.path("fifo.ini").constData(), 0666), 0);
     ASSERT_EQ(::mkdir(folder.path("folder.ini").constData(), 0777), 0);
-    const PlainUser user;
+    const WithoutPrivileges user;
     for (const QString &name : folder.names()) {
         UserDefaults defaults(folder.file(name));
         defaults.setText(u"k", u"new"_s);

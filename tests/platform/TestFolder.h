@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/PathText.h"
+#include "support/WithoutPrivileges.h"
 
 #include <QFile>
 #include <QStringList>
@@ -53,18 +54,6 @@ public:
 
 private:
     QTemporaryDir folder;
-};
-
-/// For its lifetime the process has no more rights than any user, though the tests run as root.
-class PlainUser {
-public:
-    PlainUser() : before(::geteuid()) { EXPECT_TRUE(before != 0 || ::seteuid(65534) == 0); }
-    ~PlainUser() { EXPECT_EQ(::seteuid(before), 0); }
-    PlainUser(const PlainUser &) = delete;
-    PlainUser &operator=(const PlainUser &) = delete;
-
-private:
-    uid_t before;
 };
 
 /// A disk of 64 KiB over a test folder.
