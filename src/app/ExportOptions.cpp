@@ -152,6 +152,8 @@ ExportOptions ExportOptions::parse(const QStringList &arguments)
         } else if (parser.isSet(QStringLiteral("export"))) {
             result.action = Action::Export;
             readExport(parser, result);
+        } else if (!parser.optionNames().isEmpty()) {
+            throw UsageProblem{QStringLiteral("--%1 goes with --export").arg(parser.optionNames().first())};
         } else {
             result.paths = parser.positionalArguments();
         }
@@ -166,7 +168,8 @@ QString ExportOptions::help()
 {
     return QStringLiteral(R"(Tessarine makes one picture of a whole movie: a grid of frames at even steps in time.
 
-  tessarine --export [OPTION…] PATH…
+  tessarine [PATH…]                    opens the window, and loads the movies into it
+  tessarine --export [OPTION…] PATH…   makes collages without a window
 
 Each PATH is a movie, or a folder to be searched for movies. The path of each finished
 image goes to standard output, progress and errors go to standard error.

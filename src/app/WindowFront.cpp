@@ -22,6 +22,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace {
 
@@ -34,6 +35,13 @@ void describeApplication(const QString &identifier)
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/org.tessarine.Tessarine.svg")));
     // The main window decides: it may still be waiting for a job when the preferences close.
     QApplication::setQuitOnLastWindowClosed(false);
+}
+
+/// Without one the toolkit would abort.
+bool hasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
 QStringList absolutePaths(const QStringList &paths)
@@ -78,6 +86,10 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
 
 int runWindowFront(const QStringList &given, int argc, char **argv)
 {
+    if (!hasDisplay()) {
+        std::fprintf(stderr, "tessarine: there is no display for a window; --export makes collages without one\n");
+        return 1;
+    }
     const QApplication application(argc, argv);
     const QString identifier = Bundle::main().identifier();
     describeApplication(identifier);

@@ -24,7 +24,8 @@ protected:
         folder.link(TESSARINE_FFMPEG, "bin/ffmpeg");
         environment.insert(QStringLiteral("TMPDIR"), folder.path("tmp"));
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.path("config"));
-        for (const char *name : {"QT_LOGGING_RULES", "LANG", "LC_ALL", "DISPLAY", "XDG_RUNTIME_DIR"}) {
+        for (const char *name : {"QT_LOGGING_RULES", "LANG", "LC_ALL", "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM",
+                                 "XDG_RUNTIME_DIR"}) {
             environment.remove(QString::fromLatin1(name));
         }
     }
@@ -80,7 +81,8 @@ TEST_F(CommandLineTest, StreamsAndStatusWithoutLocaleAndDisplay)
     for (const auto &[option, status, stream, text] : {std::tuple{u"--help", 0, &output, "--tile-width"},
                                                        {u"--version", 0, &output, "Tessarine "},
                                                        {u"--export", 2, &errors, "tessarine --help"},
-                                                       {u"--bad", 2, &errors, "tessarine --help"}}) {
+                                                       {u"--bad", 2, &errors, "tessarine --help"},
+                                                       {u"a.mp4", 1, &errors, "no display"}}) {
         EXPECT_EQ(run({QString::fromUtf16(option)}), status);
         EXPECT_TRUE(stream->contains(text)) << stream->constData();
         EXPECT_TRUE((stream == &output ? errors : output).isEmpty()) << text;

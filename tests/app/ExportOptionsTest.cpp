@@ -52,6 +52,7 @@ TEST(ExportOptions, RefusesWhatMakesNoSense)
     for (const char *arguments : {"--export",
                                   "--export ",
                                   "--frobnicate",
+                                  "--rows 3 a",
                                   "--export -o",
                                   "--export -o out --beside a",
                                   "--export --rows x a",
