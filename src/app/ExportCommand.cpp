@@ -126,12 +126,12 @@ QString ExportCommand::outputFolder() const
     if (options.outputFolder) {
         return *options.outputFolder;
     }
-    const QString chosen = services.defaults.textValue(PreferenceKeys::outputFolder);
+    QString chosen = services.defaults.textValue(PreferenceKeys::outputFolder);
     if (!chosen.isEmpty() && FileHelper::directoryExistsWithPath(chosen)) {
         return chosen;
     }
     // A chosen folder that is gone, on a disk that is not plugged in perhaps, is not made again somewhere else.
-    const QString fallback = DefaultsSeed::outputFolderUnder(services.home);
+    QString fallback = DefaultsSeed::outputFolderUnder(services.home);
     GlobalFun::MakeSureFolderExsist(fallback);
     return fallback;
 }

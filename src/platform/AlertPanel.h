@@ -19,7 +19,7 @@ public:
     /// not called when the window that the question belongs to goes away first. As it stands here, for those who answer
     /// without asking anybody, it is run().
     virtual void show(const QString &title, const QString &message, const QStringList &buttons,
-                      std::function<void(int answer)> answered)
+                      std::function<void(int answer)> answered) // NOLINT(performance-unnecessary-value-param)
     {
         answered(run(title, message, buttons));
     }

@@ -28,7 +28,7 @@ public:
         const bool hasFolder = std::ranges::any_of(files, [](const QString &path) { return QFileInfo(path).isDir(); });
         const bool allThere = std::ranges::all_of(files, [](const QString &path) { return QFileInfo::exists(path); });
         if (takesFoldersToo && hasFolder && allThere && files != QStringList(directory().absolutePath())) {
-            QDialog::accept();
+            QDialog::accept(); // NOLINT(bugprone-parent-virtual-call): past the check that wants files only
         } else {
             QFileDialog::accept();
         }

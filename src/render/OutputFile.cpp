@@ -48,7 +48,7 @@ QString OutputFile::freePath(const QString &folder, const QString &moviePath, co
     QString name = baseName(moviePath);
     for (;;) {
         const QString wanted = GlobalFun::appendingPathComponent(folder, name);
-        const QString path = GlobalFun::makeSureFullPathIdentical(wanted, extension);
+        QString path = GlobalFun::makeSureFullPathIdentical(wanted, extension);
         if (fitsFileSystem(path) || name.size() <= 1) {
             return path;
         }
