@@ -1,7 +1,6 @@
 #include "app/Console.h"
 
 #include "Shared/PathParts.h"
-#include "Shared/TimeFormat.h"
 #include "platform/PathText.h"
 #include "render/ExportObserver.h"
 
@@ -47,11 +46,7 @@ QString movieNumber(const ExportProgress &progress)
 } // namespace
 
 Console::Console(std::FILE *resultStream, std::FILE *messageStream, bool isQuiet) :
-    results(resultStream),
-    messages(messageStream),
-    quiet(isQuiet),
-    isTerminal(isatty(fileno(messageStream)) == 1),
-    started(std::chrono::steady_clock::now())
+    results(resultStream), messages(messageStream), quiet(isQuiet), isTerminal(isatty(fileno(messageStream)) == 1)
 {
 }
 
@@ -96,12 +91,10 @@ void Console::showProgress(const ExportProgress &progress)
 void Console::showBar(const ExportProgress &progress)
 {
     const double done = fractionDone(progress);
-    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - started;
-    const QString remaining =
-        done > 0.0 ? u", " + GlobalFun::getEstimateStrBySecond(elapsed.count() / done * (1.0 - done)) : QString();
+    const QString remaining = estimate.after(done);
     const QString line = bar(done) + u' ' + movieNumber(progress) +
-                         QStringLiteral(", tile %1 of %2").arg(progress.tile).arg(progress.tileCount) + remaining +
-                         u"  " + movieName(progress);
+                         QStringLiteral(", tile %1 of %2").arg(progress.tile).arg(progress.tileCount) +
+                         (remaining.isEmpty() ? QString() : u", " + remaining) + u"  " + movieName(progress);
     // One column stays free: some terminals wrap when the last one is written.
     std::fprintf(messages, "\r%s\x1b[K", qUtf8Printable(line.left(widthOf(messages) - 1)));
     std::fflush(messages);

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "app/RemainingTime.h"
+
 #include <QString>
 
-#include <chrono>
 #include <cstdio>
 
 struct ExportProgress;
@@ -37,5 +38,5 @@ private:
     bool isTerminal;
     bool barShown = false;
     int lastMovie = -1;
-    std::chrono::steady_clock::time_point started;
+    RemainingTime estimate;
 };

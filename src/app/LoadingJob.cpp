@@ -4,6 +4,7 @@
 #include "app/MovieCandidates.h"
 #include "collage/KTMovieObject.h"
 #include "online/SupportedFormats.h"
+#include "online/VXConfigManager.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/UserDefaults.h"
 
@@ -46,7 +47,7 @@ QStringList LoadingJob::findCandidates(const QStringList &paths) const
         std::fprintf(stderr, "%s\n", qUtf8Printable(error));
     };
     events.folder = [this](const QString &path, qsizetype /*movies*/) { services.observer.folderFound(path); };
-    return MovieCandidates::expand(paths, GlobalFun::getSupportedFmts(true),
+    return MovieCandidates::expand(paths, GlobalFun::getSupportedFmts(VXConfigManager(services.defaults)),
                                    services.defaults.boolValue(PreferenceKeys::appSupportVob), events,
                                    services.bLoadingCanceled);
 }

@@ -33,7 +33,7 @@ class LoadingJob {
 public:
     /// All of it must outlive the job.
     struct Services {
-        const UserDefaults &defaults;
+        UserDefaults &defaults;
         FrameGrabber &grabber;
         /// Renders the picture of the movie's collage for the list.
         std::function<QImage(const KTMovieObject &)> renderPreview;

@@ -1,8 +1,8 @@
 #include "app/MovieJobs.h"
 
-#include "Shared/TimeFormat.h"
 #include "app/LoadingJob.h"
 #include "app/MovieList.h"
+#include "app/RemainingTime.h"
 #include "platform/DispatchQueue.h"
 #include "platform/PathText.h"
 #include "platform/SerialQueue.h"
@@ -10,28 +10,7 @@
 #include "render/ExportJob.h"
 #include "render/ExportObserver.h"
 
-#include <chrono>
 #include <utility>
-
-namespace {
-
-/// How long the rest will take, told from what is done.
-class Estimate {
-public:
-    QString remaining(double done) const
-    {
-        if (done <= 0.0) {
-            return {};
-        }
-        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - started;
-        return GlobalFun::getEstimateStrBySecond(elapsed.count() / done * (1.0 - done));
-    }
-
-private:
-    std::chrono::steady_clock::time_point started = std::chrono::steady_clock::now();
-};
-
-} // namespace
 
 /// Takes what a batch tells on its thread to the list and to the main thread.
 class MovieJobs::LoadingReporter final : public LoadingObserver, public std::enable_shared_from_this<LoadingReporter> {
@@ -42,7 +21,7 @@ public:
     {
         const double fraction = static_cast<double>(index) / count;
         jobs.services.mainQueue.async([self = shared_from_this(), fraction, filePath,
-                                       remaining = estimate.remaining(fraction),
+                                       remaining = estimate.after(fraction),
                                        text = QStringLiteral("Loading %1 of %2").arg(index + 1).arg(count)] {
             self->jobs.view.jobProgress(fraction, text, PathText::forDisplay(filePath), {}, remaining);
         });
@@ -64,7 +43,7 @@ public:
 private:
     MovieJobs &jobs;
     const int indexToInsert;
-    const Estimate estimate;
+    const RemainingTime estimate;
 };
 
 /// Takes what an export tells on its thread to the main thread.
@@ -77,7 +56,7 @@ public:
         const double fraction = static_cast<double>(progress.tile) / static_cast<double>(progress.tileCount);
         const double done = (progress.movie + fraction) / progress.movieCount;
         jobs.services.mainQueue.async(
-            [self = shared_from_this(), fraction, progress, remaining = estimate.remaining(done),
+            [self = shared_from_this(), fraction, progress, remaining = estimate.after(done),
              text =
                  QStringLiteral("Creating Thumbnails ... %1 of %2").arg(progress.movie + 1).arg(progress.movieCount)] {
                 self->jobs.view.jobProgress(fraction, text, PathText::forDisplay(progress.filePath), progress.picture,
@@ -99,7 +78,7 @@ public:
 private:
     MovieJobs &jobs;
     QStringList failures;
-    const Estimate estimate;
+    const RemainingTime estimate;
 };
 
 MovieJobs::MovieJobs(Services jobServices, JobsView &jobsView) : services(std::move(jobServices)), view(jobsView) {}
