@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QObject>
+#include <QPointer>
+
+class FieldEditingDelegate;
+
+/// Watches one text field: editing begins when the field gets the focus and ends when the focus is to leave it, which
+/// the delegate can refuse, or with the Return key. Another window in front, an alert for instance, ends nothing.
+/// Main thread.
+class FieldEditing final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Both must outlive this; a field that has gone is no longer watched.
+    FieldEditing(QLineEdit &field, FieldEditingDelegate &delegate, QObject *parent = nullptr);
+
+    /// Ends the editing as leaving the field would. False when the delegate refuses; the focus is in the field then.
+    bool endEditing();
+    /// Ends the editing without asking or telling anybody.
+    void abandonEditing();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void beginEditing();
+    bool returnPressed();
+
+    QPointer<QLineEdit> field;
+    FieldEditingDelegate &delegate;
+    bool editing = false;
+    bool changed = false; // since the editing began
+    bool asking = false;  // the delegate is being asked: what it shows moves the focus as well
+};
