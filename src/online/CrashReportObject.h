@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class Bundle;
+
+/// What is kept of a crash: of which program on which system, when, and where in the program. A value that knows its
+/// file form, a JSON object; text that is null, a date that is invalid and a stack that is empty are absent from it.
+struct CrashReportObject {
+    CrashReportObject() = default;
+    /// The record of this program on this system with a null date and no stack yet; writes the GUID to the log. `guid`
+    /// may be null, for a run that stores nothing.
+    CrashReportObject(const Bundle &bundle, const QString &guid);
+    /// The same with the crash's date and stack, a text for each frame.
+    static CrashReportObject initWithCrashDate(const QDateTime &date, const QStringList &stack, const Bundle &bundle,
+                                               const QString &guid);
+    /// Reads a record back. Nothing when there is no regular file at the path, or one that is no record: it is not
+    /// believed to be sane, and a long one is not read at all.
+    static std::optional<CrashReportObject> initWithContentsOfFile(const QString &path);
+
+    /// Writes the file form in place of what is at the path; false when that failed. Atomically means that there is the
+    /// old file or the new one at any time.
+    bool writeToFile(const QString &path, bool atomically) const;
+    /// The stack as text, a line for each frame.
+    QString description() const;
+
+    bool operator==(const CrashReportObject &) const = default;
+
+    QString osName;
+    QString deviceModel;
+    QString deviceUniqueIdentifier;
+    QString osVersion;
+    QString version; ///< always absent: it asks the bundle for a key that it does not have, and readers count on it
+    QString identifier;
+    QDateTime date; ///< UTC, to the millisecond
+    QStringList stackArray;
+};
