@@ -1,0 +1,65 @@
+#pragma once
+
+#include "online/HostLookup.h"
+
+#include <QByteArray>
+#include <QNetworkAccessManager>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+#include <QUrl>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+
+class QNetworkReply;
+
+/// What is asked of a web server.
+struct HttpRequest {
+    QUrl url;                       ///< http or https
+    std::optional<QByteArray> body; ///< with one it is a POST of UTF-8 text, without one a GET
+};
+
+/// What a request came to.
+struct HttpAnswer {
+    QString error;   ///< why it failed, a status of 400 and above included; empty when all went well
+    int status = 0;  ///< the HTTP status; 0 when no answer came
+    QByteArray body; ///< the whole body; empty when that could not be had
+};
+
+/// One request to a web server and its answer: from its construction to its callback, or to its end, which aborts the
+/// request. Nothing is cached, and neither cookies nor passwords are sent. Whoever wants the answer owns it; main
+/// thread.
+class HttpExchange {
+public:
+    /// Called once, from the event loop; may end the exchange.
+    using Callback = std::function<void(const HttpAnswer &)>;
+
+    /// No answer may be larger, in bytes.
+    static constexpr qint64 largestBody = 1 << 20;
+
+    /// Sends the request. Everything, the search for the host included, has to be done within the time-out. A GET is
+    /// redirected only to the same scheme, host and port, a POST never.
+    HttpExchange(HttpRequest request, Callback callback, std::chrono::milliseconds timeout = std::chrono::seconds(15));
+    HttpExchange(const HttpExchange &) = delete;
+    HttpExchange &operator=(const HttpExchange &) = delete;
+    ~HttpExchange();
+
+private:
+    void send();
+    void receive();
+    /// Stops everything and has the callback called soon; without an error the answer is whole.
+    void end(const QString &error);
+    void deliver();
+
+    HttpRequest request;
+    Callback callback;
+    HttpAnswer answer;
+    std::optional<HostLookup> lookup;
+    QNetworkAccessManager manager;
+    QNetworkReply *reply = nullptr; ///< the manager's
+    QTimer deadline;
+    bool hasEnded = false;
+    QObject receiver; ///< of all signals; goes first, so that none finds the rest half gone
+};
