@@ -1,40 +1,20 @@
 #include "platform/PathText.h"
 
-#include <QList>
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <vector>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-qsizetype loneSurrogates(const QString &text)
-{
-    return std::ranges::count_if(text.toUcs4(), [](uint unit) { return unit == QChar::ReplacementCharacter; });
-}
-
-} // namespace
-
 TEST(PathText, TakesOnlyWellFormedUtf8AsText)
 {
-    struct Case {
-        QByteArray bytes;
-        qsizetype escaped; ///< how many of them are no text
-    };
-    const std::vector<Case> cases{
+    /// Bytes, and how many of them are no text.
+    const std::vector<std::pair<QByteArray, qsizetype>> cases{
         {"\xC0\x80", 2},                 // overlong NUL
-        {"\xC1\xBF", 2},                 // overlong ASCII
-        {"\xE0\x9F\xBF", 3},             // overlong, three bytes
         {"\xF0\x8F\xBF\xBF", 4},         // overlong, four bytes
-        {"\xED\xA0\x80", 3},             // a surrogate
-        {"\xED\xBF\xBF", 3},             //
         {"\xED\xA0\xBD\xED\xB8\x80", 6}, // a pair of surrogates in three bytes each
         {"\xF4\x90\x80\x80", 4},         // behind the last code point
-        {"\xF5\x80\x80\x80", 4},         //
         {"\xFE\xFF", 2},                 //
         {"a\x80z", 1},                   // continuation without a lead
         {"\xE2\x82", 2},                 // cut short by the end
@@ -44,7 +24,6 @@ TEST(PathText, TakesOnlyWellFormedUtf8AsText)
     for (const auto &[bytes, escaped] : cases) {
         SCOPED_TRACE(bytes.toHex().constData());
         const QString text = PathText::fromBytes(bytes);
-        EXPECT_EQ(loneSurrogates(text), escaped);
         EXPECT_EQ(PathText::toBytes(text), bytes);
         EXPECT_EQ(PathText::forDisplay(text).count(QChar::ReplacementCharacter), escaped);
     }
@@ -65,20 +44,14 @@ TEST(PathText, KeepsEverySequenceOfTheBytesAtWhichUtf8Decides)
     }
 }
 
-TEST(PathText, LeavesOrdinaryTextAlone)
+TEST(PathText, LeavesOrdinaryTextAloneAndShowsNoControlCharacters)
 {
-    for (const QString &text :
-         {u""_s, u"/home/ada/Füße/映画/🎬.mkv"_s, u"\uFEFFbom"_s, u"\uFFFE\uFFFF"_s, u"%41\\n"_s}) {
+    for (const QString &text : {u""_s, u"Füße/映画/🎬.mkv"_s, u"\uFEFFbom"_s, u"\uFFFE\uFFFF"_s, u"%41\\n"_s}) {
         EXPECT_EQ(PathText::toBytes(text), text.toUtf8());
         EXPECT_EQ(PathText::fromBytes(text.toUtf8()), text);
     }
     const QString noEscape = QString(QChar(0xD800)) + u'a' + QChar(0xDC7F);
-    EXPECT_EQ(PathText::toBytes(noEscape), "\xEF\xBF\xBD"
-                                           "a\xEF\xBF\xBD");
-}
-
-TEST(PathText, ShowsNoControlCharacters)
-{
+    EXPECT_EQ(PathText::toBytes(noEscape), u"\uFFFDa\uFFFD"_s.toUtf8());
     EXPECT_EQ(PathText::forDisplay(u"a\nb\r\t\u0085\u2028\u2029\u007Fc 🎬\u200D"_s),
               u"a\uFFFDb\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFDc 🎬\u200D"_s);
 }

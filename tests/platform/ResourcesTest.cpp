@@ -1,15 +1,6 @@
-// Property lists, the bundle, archived colours, keys and bookmarks.
-#include "TestFolder.h"
-#include "platform/Bundle.h"
+// Property lists and archived colours.
 #include "platform/ColorArchive.h"
-#include "platform/FolderBookmark.h"
-#include "platform/PathText.h"
-#include "platform/PreferenceKeys.h"
 #include "platform/PropertyList.h"
-
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QSet>
 
 #include <gtest/gtest.h>
 
@@ -71,81 +62,24 @@ TEST(PropertyList, SurvivesHostileInput)
     }
 }
 
-TEST(Bundle, HasTheProgramsValues)
-{
-    const Bundle bundle = Bundle::main();
-    EXPECT_EQ(bundle.identifier(), u"org.tessarine.Tessarine");
-    EXPECT_EQ(bundle.value(u"CFBundleName"_s), u"Tessarine");
-    EXPECT_EQ(bundle.value(u"CFBundleShortVersionString"_s), QLatin1StringView(PROJECT_VERSION));
-    EXPECT_FALSE(bundle.value(u"CFBundleVersion"_s).isEmpty());
-    EXPECT_TRUE(bundle.value(u"ServiceURL"_s).startsWith("http"_L1));
-    EXPECT_EQ(bundle.value(u"absent"_s), QString());
-    EXPECT_EQ(Bundle("broken").identifier(), QString());
-}
-
 TEST(ColorArchive, LosesNothingOfAnEightBitColour)
 {
     for (int i = 0; i < 256; ++i) {
         const QColor color(i, 255 - i, i ^ 0x55, i ^ 0xAA);
         ASSERT_EQ(ColorArchive::unarchive(ColorArchive::archive(color)), color);
     }
-    for (const QColor &color : {QColor::fromCmyk(10, 200, 30, 40, 50), QColor::fromHsv(200, 100, 50, 25)})
-        EXPECT_EQ(ColorArchive::unarchive(ColorArchive::archive(color)), color.toRgb());
     EXPECT_EQ(ColorArchive::archive(QColor(51, 0, 255, 102)),
               R"({"alpha":0.4,"blue":1,"colorSpace":"sRGB","green":0,"red":0.2})");
 }
 
 TEST(ColorArchive, RefusesWhatIsNoColour)
 {
-    for (const char *data : {
-             "",
-             "white",
-             "[]",
-             R"({"colorSpace":"CMYK","red":0,"green":0,"blue":0,"alpha":1})",
-             R"({"red":0,"green":0,"blue":0,"alpha":1})",
-             R"({"colorSpace":"sRGB","red":0,"green":0,"blue":0})",
-             R"({"colorSpace":"sRGB","red":"0","green":0,"blue":0,"alpha":1})",
-             R"({"colorSpace":"sRGB","red":1.1,"green":0,"blue":0,"alpha":1})",
-             R"({"colorSpace":"sRGB","red":0,"green":-0.1,"blue":0,"alpha":1})",
-             R"({"colorSpace":"sRGB","red":0,"green":0,"blue":1e999,"alpha":1})",
-         })
+    for (const char *data :
+         {"", "white", "[]", R"({"colorSpace":"CMYK","red":0,"green":0,"blue":0,"alpha":1})",
+          R"({"red":0,"green":0,"blue":0,"alpha":1})", R"({"colorSpace":"sRGB","red":0,"green":0,"blue":0})",
+          R"({"colorSpace":"sRGB","red":"0","green":0,"blue":0,"alpha":1})",
+          R"({"colorSpace":"sRGB","red":1.1,"green":0,"blue":0,"alpha":1})",
+          R"({"colorSpace":"sRGB","red":0,"green":-0.1,"blue":0,"alpha":1})",
+          R"({"colorSpace":"sRGB","red":0,"green":0,"blue":1e999,"alpha":1})"})
         EXPECT_FALSE(ColorArchive::unarchive(data)) << data;
-}
-
-TEST(PreferenceKeys, AreDistinctAndOfTheirKind)
-{
-    using PreferenceKeys::Kind;
-    QSet<QString> keys;
-    for (const auto &entry : PreferenceKeys::all()) {
-        keys.insert(entry.key);
-        EXPECT_EQ(PreferenceKeys::kindOf(QString(entry.key)), entry.kind);
-    }
-    EXPECT_EQ(keys.size(), 25);
-    EXPECT_EQ(PreferenceKeys::kindOf(u"DefultBkgColor"), Kind::Color);
-    EXPECT_EQ(PreferenceKeys::kindOf(u"AppSupportVob"), Kind::Boolean);
-    EXPECT_EQ(PreferenceKeys::kindOf(u"OutputFolderKey"), Kind::Text);
-    EXPECT_EQ(PreferenceKeys::kindOf(u"BookmarksKey"), Kind::Array);
-    EXPECT_EQ(PreferenceKeys::kindOf(u"DefaultHGaps"), Kind::Integer);
-    EXPECT_EQ(PreferenceKeys::kindOf(u"defaulthgaps"), std::nullopt);
-}
-
-TEST(FolderBookmark, RecordsWhichFolderIsWhere)
-{
-    const TestFolder folder;
-    const QByteArray path = folder.path("100% \xFF\"\n");
-    ASSERT_EQ(::mkdir(path.constData(), 0700), 0);
-    struct stat status = {};
-    ASSERT_EQ(::stat(path.constData(), &status), 0);
-
-    const auto data = bookmarkData(PathText::fromBytes(path));
-    ASSERT_TRUE(data);
-    const QJsonObject record = QJsonDocument::fromJson(*data).object();
-    EXPECT_EQ(record[u"kind"_s].toString(), u"path");
-    EXPECT_EQ(QByteArray::fromPercentEncoding(record[u"path"_s].toString().toLatin1()), path);
-    EXPECT_EQ(record[u"dev"_s].toInteger(), static_cast<qint64>(status.st_dev));
-    EXPECT_EQ(record[u"inode"_s].toInteger(), static_cast<qint64>(status.st_ino));
-
-    for (const QString &nothing :
-         QStringList{QString(), folder.file(u"missing"_s), PathText::fromBytes(path) + QChar(0)})
-        EXPECT_FALSE(bookmarkData(nothing));
 }

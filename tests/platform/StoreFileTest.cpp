@@ -1,10 +1,15 @@
 // The settings file: its syntax, and what becomes of a file that is broken, out of reach or shared.
-#include "StoreDump.h"
-#include "TestFolder.h"
 #include "platform/IniText.h"
+#include "platform/UserDefaults.h"
+#include "support/ScratchFolder.h"
+#include "support/SmallDisk.h"
+#include "support/WithoutPrivileges.h"
 
 #include <QProcess>
 #include <QSettings>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <random>
 #include <vector>
@@ -62,25 +67,24 @@ TEST(IniText, ReadsWhatItWroteAndSurvivesTheRest)
 TEST(IniText, IsTheSyntaxOfQSettings)
 {
     const QVariantMap values{
-        {u"plain"_s, u"/home/ada/Füße 🎬"_s},
         {u"MASPreferences Frame Top Left"_s, u"10, 20; \"30\" = \\x1f"_s},
-        {u"group/ключ%"_s, u"@home"_s},
+        {u"group/ключ%"_s, u"@home/Füße 🎬"_s},
         {u"control"_s, u"\1f\nline\r\t\x7F"_s},
         {u"bytes"_s, QByteArray("\0\x01\xFF\"),;\x80z", 9)},
         {u"empty"_s, QString()},
     };
     const QVariantList list{u"a,b"_s, QByteArray("\xFF"), QString()};
-    const TestFolder folder;
-    QSettings theirs(folder.file(u"theirs.ini"_s), QSettings::IniFormat);
-    folder.write(u"ours.ini"_s, IniText::write(values));
-    const QSettings ours(folder.file(u"ours.ini"_s), QSettings::IniFormat);
+    const ScratchFolder folder;
+    QSettings theirs(folder.path("theirs.ini"), QSettings::IniFormat);
+    folder.write("ours.ini", IniText::write(values));
+    const QSettings ours(folder.path("ours.ini"), QSettings::IniFormat);
     theirs.setValue(u"list"_s, list);
     for (auto value = values.cbegin(); value != values.cend(); ++value) {
         theirs.setValue(value.key(), *value);
         EXPECT_EQ(ours.value(value.key()), *value) << qPrintable(value.key());
     }
     theirs.sync();
-    auto read = IniText::parse(folder.read(u"theirs.ini"_s));
+    auto read = IniText::parse(folder.read("theirs.ini"));
     EXPECT_TRUE(read.complete);
     EXPECT_EQ(read.values.take(u"list"_s), QVariant(list));
     EXPECT_EQ(read.values, values);
@@ -106,76 +110,77 @@ TEST(StoreFile, IsKeptAsideWhenNotUnderstood)
     };
     for (const auto &[contents, understood] : cases) {
         SCOPED_TRACE(contents.left(40).constData());
-        const TestFolder folder;
-        folder.write(u"s.ini"_s, contents);
-        UserDefaults defaults(folder.file(u"s.ini"_s));
+        const ScratchFolder folder;
+        folder.write("s.ini", contents);
+        UserDefaults defaults(folder.path("s.ini"));
         EXPECT_EQ(defaults.textValue(u"guid"), u"x");
-        EXPECT_EQ(folder.read(u"s.ini"_s), contents);
+        EXPECT_EQ(folder.read("s.ini"), contents);
         EXPECT_EQ(folder.names().contains(u"s.ini.broken"), !understood);
         defaults.setBool(u"more", true);
         EXPECT_TRUE(defaults.synchronize());
         EXPECT_EQ(folder.names().size(), understood ? 1 : 2); // one copy is enough
-        EXPECT_TRUE(understood || folder.read(u"s.ini.broken"_s) == contents);
+        EXPECT_TRUE(understood || folder.read("s.ini.broken") == contents);
         EXPECT_EQ(defaults.textValue(u"guid"), u"x");
     }
 }
 
 TEST(StoreFile, IsKeptAsideWhenItBreaksWhileInUse)
 {
-    const TestFolder folder;
-    folder.write(u"s.ini"_s, "first break");
-    UserDefaults defaults(folder.file(u"s.ini"_s));
-    folder.write(u"s.ini"_s, "second, longer break");
+    const ScratchFolder folder;
+    folder.write("s.ini", "first break");
+    UserDefaults defaults(folder.path("s.ini"));
+    folder.write("s.ini", "second, longer break");
     testing::internal::CaptureStderr();
     defaults.setBool(u"k", true);
     EXPECT_TRUE(defaults.synchronize());
     EXPECT_NE(testing::internal::GetCapturedStderr().find("s.ini.broken(1)"), std::string::npos);
-    EXPECT_EQ(folder.read(u"s.ini.broken"_s), "first break");
-    EXPECT_EQ(folder.read(u"s.ini.broken(1)"_s), "second, longer break");
+    EXPECT_EQ(folder.read("s.ini.broken"), "first break");
+    EXPECT_EQ(folder.read("s.ini.broken(1)"), "second, longer break");
 }
 
 TEST(StoreFile, StaysWhenBrokenAndNoCopyFits)
 {
-    const TestFolder folder;
-    const SmallDisk disk(folder);
+    const ScratchFolder folder;
+    const SmallDisk disk(folder.bytes(), 64);
     if (!disk.isMounted())
         GTEST_SKIP() << "mounting a tmpfs is refused here";
     const QByteArray broken = "guid=x\nbroken" + QByteArray(40000, '.');
-    folder.write(u"s.ini"_s, broken);
-    UserDefaults defaults(folder.file(u"s.ini"_s));
+    folder.write("s.ini", broken);
+    UserDefaults defaults(folder.path("s.ini"));
     defaults.setBool(u"k", true); // would fit
     EXPECT_FALSE(defaults.synchronize());
-    EXPECT_EQ(folder.read(u"s.ini"_s), broken);
+    EXPECT_EQ(folder.read("s.ini"), broken);
     EXPECT_EQ(folder.names(), QStringList{u"s.ini"_s});
 }
 
 TEST(StoreFile, MayBeReadOnly)
 {
-    const TestFolder folder;
-    folder.write(u"s.ini"_s, "guid=x\n");
+    const ScratchFolder folder;
+    folder.write("s.ini", "guid=x\n");
     folder.setMode(0555);
-    UserDefaults defaults(folder.file(u"s.ini"_s));
+    UserDefaults defaults(folder.path("s.ini"));
     {
         const WithoutPrivileges user;
         defaults.setText(u"k", u"new"_s);
         EXPECT_FALSE(defaults.synchronize());
     }
     EXPECT_EQ(defaults.textValue(u"k"), u"new");
-    EXPECT_EQ(folder.read(u"s.ini"_s), "guid=x\n");
+    EXPECT_EQ(folder.read("s.ini"), "guid=x\n");
     EXPECT_TRUE(defaults.synchronize()); // what could not be written is not forgotten
-    EXPECT_EQ(folder.read(u"s.ini"_s), "[General]\nguid=x\nk=new\n");
+    EXPECT_EQ(folder.read("s.ini"), "[General]\nguid=x\nk=new\n");
 }
 
 TEST(StoreFile, IsNotReplacedWhenItCannotBeRead)
 {
-    const TestFolder folder;
-    folder.write(u"secret.ini"_s, "guid=x\n");
-    ASSERT_EQ(::chmod(folder.path("secret.ini").constData(), 0), 0);
-    ASSERT_EQ(::mkfifo(folder.path("fifo.ini").constData(), 0666), 0);
-    ASSERT_EQ(::mkdir(folder.path("folder.ini").constData(), 0777), 0);
+    const ScratchFolder folder;
+    folder.write("secret.ini", "guid=x\n");
+    folder.setMode(0777); // not the folder is in the way
+    folder.setMode(0, "secret.ini");
+    ASSERT_EQ(::mkfifo(folder.bytes("fifo.ini").constData(), 0666), 0);
+    folder.makeFolder("folder.ini/x");
     const WithoutPrivileges user;
     for (const QString &name : folder.names()) {
-        UserDefaults defaults(folder.file(name));
+        UserDefaults defaults(folder.path(name.toLatin1()));
         defaults.setText(u"k", u"new"_s);
         EXPECT_FALSE(defaults.synchronize()) << qPrintable(name);
         EXPECT_EQ(defaults.textValue(u"k"), u"new");
@@ -185,15 +190,15 @@ TEST(StoreFile, IsNotReplacedWhenItCannotBeRead)
 
 TEST(StoreFile, IsSharedWithOtherProcesses)
 {
-    const TestFolder folder;
-    const QString path = folder.file(u"s.ini"_s);
+    const ScratchFolder folder;
+    const QString path = folder.path("s.ini");
     UserDefaults defaults(path);
     defaults.setInteger(u"one7", -1); // theirs is the later value
     EXPECT_TRUE(defaults.synchronize());
     QProcess one;
     QProcess two;
-    one.start(QStringLiteral(STORE_CHILD), {u"count"_s, path, u"one"_s});
-    two.start(QStringLiteral(STORE_CHILD), {u"count"_s, path, u"two"_s});
+    one.start(QStringLiteral(STORE_CHILD), {path, u"one"_s});
+    two.start(QStringLiteral(STORE_CHILD), {path, u"two"_s});
     EXPECT_TRUE(one.waitForFinished(-1) && two.waitForFinished(-1));
     EXPECT_EQ(one.exitCode() + two.exitCode(), 0);
     defaults.setBool(u"mine", true);

@@ -55,6 +55,12 @@ public:
         return path(name);
     }
 
+    /// Sets the permissions of something in the folder, or of the folder itself.
+    void setMode(unsigned mode, const QByteArray &name = {}) const
+    {
+        std::filesystem::permissions(bytes(name).toStdString(), std::filesystem::perms(mode));
+    }
+
     /// The contents of a file; empty when there is none.
     QByteArray read(const QByteArray &name) const
     {

@@ -9,6 +9,14 @@
 
 #include <atomic>
 
+/// The next line that the program writes; empty when it ends without one.
+inline QByteArray nextLine(QProcess &program)
+{
+    while (!program.canReadLine() && program.waitForReadyRead()) {
+    }
+    return program.readLine().trimmed();
+}
+
 /// A D-Bus session bus of a test's own, on which nothing is started by itself; ends with its owner.
 class SessionBus {
 public:
@@ -22,16 +30,13 @@ public:
         daemon.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         daemon.start(QStringLiteral("dbus-daemon"), {QStringLiteral("--nofork"), QStringLiteral("--print-address"),
                                                      QStringLiteral("--config-file=") + configuration.fileName()});
-        while (!daemon.canReadLine() && daemon.waitForReadyRead()) {
-        }
-        busAddress = QString::fromLatin1(daemon.readLine().trimmed());
+        busAddress = QString::fromLatin1(nextLine(daemon));
         EXPECT_FALSE(busAddress.isEmpty()) << "dbus-daemon does not start";
     }
     ~SessionBus()
     {
-        while (connections > 0) {
+        while (connections > 0)
             QDBusConnection::disconnectFromBus(busAddress + QString::number(--connections));
-        }
         daemon.terminate();
         daemon.waitForFinished();
     }
