@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/FileDescriptor.h"
+
+#include <QLatin1StringView>
+#include <QSocketNotifier>
+
+class NotificationCenter;
+
+/// Says when a network has come, gone or changed. Whoever waits for one owns it; main thread.
+///
+/// It hears the kernel itself: what a desktop tells of its networks is not there in every session.
+class NetworkWatch {
+public:
+    static constexpr QLatin1StringView changed{"kNetworkReachabilityChangedNotification"};
+
+    /// Posts `changed` in the centre, which must outlive this, until it ends. Where the kernel tells nothing there is a
+    /// line in the log and never a post.
+    explicit NetworkWatch(NotificationCenter &notifications);
+    NetworkWatch(const NetworkWatch &) = delete;
+    NetworkWatch &operator=(const NetworkWatch &) = delete;
+
+private:
+    void takeMessages();
+
+    NotificationCenter &center;
+    FileDescriptor socket;
+    QSocketNotifier notifier;
+};
