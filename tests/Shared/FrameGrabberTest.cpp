@@ -70,8 +70,7 @@ TEST_F(FrameGrabberTest, ShowsThePreviousPictureWhenThereIsNoNewOne)
     }
     ASSERT_TRUE(ffmpeg.createThumbnail(movie, 1.5, never).isNew);
     FrameGrabber missing(folder.path("missing"), folder.path());
-    FrameGrabber failing(scriptedTool(folder, "failing", "exit 1"), folder.path());
-    for (FrameGrabber *grabber : {&ffmpeg, &missing, &failing}) {
+    for (FrameGrabber *grabber : {&ffmpeg, &missing}) {
         const GrabbedFrame old = grabber->createThumbnail(movie, 99.0, never);
         EXPECT_FALSE(old.isNew);
         ASSERT_FALSE(old.picture.isNull());
@@ -132,17 +131,6 @@ TEST_F(FrameGrabberTest, GrabsOneAfterTheOther)
         }
     }
     EXPECT_FALSE(folder.has("overlap"));
-}
-
-TEST(FrameGrabber, ExpectsTheToolBesideTheExecutable)
-{
-    const std::pair<QString, QString> cases[] = {
-        {QStringLiteral("/opt/tessarine/bin/tessarine"), QStringLiteral("/opt/tessarine/bin/ffmpeg")},
-        {QStringLiteral("/opt/./bin//tessarine"), QStringLiteral("/opt/bin/ffmpeg")},
-        {PathText::fromBytes("/caf\xe9/tessarine"), PathText::fromBytes("/caf\xe9/ffmpeg")},
-    };
-    for (const auto &[executable, tool] : cases)
-        EXPECT_EQ(FrameGrabber::toolPathBeside(executable), tool);
 }
 
 } // namespace

@@ -67,7 +67,6 @@ TEST_F(TaskWrapperTest, TellsOfAToolsLifeInOrder)
         const char *output;
     } const cases[] = {
         {"echo out; echo err >&2; exit 3", {"started", "output", "finished", "ended 3"}, "out\nerr\n"},
-        {"exit 0", {"started", "finished", "ended 0"}, ""},
         {"kill -9 $$", {"started", "finished", "ended 9"}, ""},
         {"read line && exit 5; exit 6", {"started", "finished", "ended 6"}, ""},
         {"printf '\\303'; sleep 0.05; printf '\\244'", {"started", "output", "finished", "ended 0"}, "\u00e4"},
@@ -87,7 +86,7 @@ TEST_F(TaskWrapperTest, TellsOfAToolsLifeInOrder)
 TEST_F(TaskWrapperTest, EndsAtOnceWhenTheToolCannotBeRun)
 {
     folder.write("no-program", "text");
-    for (const QByteArray name : {"missing", "no-program", "missing\xff", ""}) {
+    for (const QByteArray name : {"missing", "no-program", ""}) {
         recorder = {};
         TaskWrapper task(&recorder, {folder.path(name)});
         task.startProcess();
@@ -103,19 +102,15 @@ TEST_F(TaskWrapperTest, EndsAtOnceWhenTheToolCannotBeRun)
 
 TEST_F(TaskWrapperTest, PassesEveryByteOfEveryArgument)
 {
-    const QByteArrayList plain = {"", "-ss", "a b", "\n", "'\"$(x)`*?\\", "%s%n", "\xc3\xa9 \xf0\x9f\x8e\xac"};
-    const QByteArrayList odd = {"caf\xe9", "\xff\xfe", "\xed\xb2\x80", "plain"};
-    for (const QByteArray tool : {"tool", "t\xf6\xf6l"}) {
-        for (const QByteArrayList &arguments : {plain, odd}) {
-            QStringList list = {scriptedTool(folder, tool, "printf '%s\\0' \"$@\" >\"${0%/*}/recorded\"")};
-            for (const QByteArray &argument : arguments)
-                list.append(PathText::fromBytes(argument));
-            TaskWrapper task(nullptr, list);
-            task.startProcess();
-            task.waitUntilTaskExit();
-            EXPECT_EQ(folder.read("recorded"), arguments.join('\0') + '\0');
-        }
-    }
+    const QByteArrayList arguments = {"",     "-ss",     "a b",      "\n",           "'\"$(x)`*?\\",
+                                      "%s%n", "caf\xe9", "\xff\xfe", "\xed\xb2\x80", "\xc3\xa9 \xf0\x9f\x8e\xac"};
+    QStringList command = {scriptedTool(folder, "t\xf6\xf6l", "printf '%s\\0' \"$@\" >\"${0%/*}/recorded\"")};
+    for (const QByteArray &argument : arguments)
+        command.append(PathText::fromBytes(argument));
+    TaskWrapper task(nullptr, command);
+    task.startProcess();
+    task.waitUntilTaskExit();
+    EXPECT_EQ(folder.read("recorded"), arguments.join('\0') + '\0');
 }
 
 TEST_F(TaskWrapperTest, StopsTheToolWhenCancelled)
