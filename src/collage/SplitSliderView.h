@@ -1,0 +1,61 @@
+#pragma once
+
+#include "collage/BaseSliderView.h"
+
+class SliderHandle;
+
+/// A slider whose selection the user changes by two handles, at its start and its end, with the mouse or the keyboard.
+/// Its values are seconds to screen readers. Part of the editor's window; main thread.
+class SplitSliderView final : public BaseSliderView {
+    Q_OBJECT
+
+public:
+    /// The whole range is selected.
+    explicit SplitSliderView(QWidget *parent = nullptr);
+
+    /// Whoever changes the selection here calls update() afterwards.
+    SliderSelectionItem &selectionItem() { return itemSelection; }
+    const SliderSelectionItem &selectionItem() const { return itemSelection; }
+
+    /// Where a handle was drawn last; y upwards from the widget's bottom.
+    QRectF clipRect(bool bLeftClip) const { return bLeftClip ? rcClipLeft : rcClipRight; }
+    /// Moves a handle to a value of the range as one whole drag. Nothing while the mouse drags.
+    void moveClip(bool bLeftClip, double value);
+
+    /// Whether the knob is far enough from both ends of the selection to split it there.
+    bool canBeSplited() const;
+    /// Cuts the range and the selection off at the knob, when it is within the selection.
+    void splitAtCurPoint();
+    /// Cuts the range down to the selection, which starts at 0 then.
+    void splitAtPoint(double value);
+
+    void mouseDownAt(QPointF point) override;
+    void mouseDraggedTo(QPointF point) override;
+    void mouseUpAt(QPointF point) override;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+
+private:
+    void draw2Clips(QPainter &painter);
+    void drawClip(QPainter &painter, bool bLeftClip);
+    void dragClipTo(bool bLeftClip, double value);
+    bool holdsClip(bool bLeftClip) const { return bLeftClip ? bDraggingLeftClip : bDraggingRightClip; }
+    void hover(SliderHandle *handle);
+
+    bool bDraggingLeftClip = false;
+    bool bDraggingRightClip = false;
+    double dDragXoffset = 0.0; // between the pointer and the edge that is dragged, since the press
+    QRectF rcClipLeft;         // as drawn last
+    QRectF rcClipRight;
+    SliderPiece imgLeftClip;
+    SliderPiece imgRightClip;
+    SliderHandle *leftHandle;
+    SliderHandle *rightHandle;
+    SliderHandle *hovered = nullptr;
+};
