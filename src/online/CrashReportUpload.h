@@ -20,7 +20,7 @@ class CrashReportSenderDelegate;
 class CrashReportUpload {
 public:
     struct Timing {
-        std::chrono::milliseconds delay = std::chrono::seconds(1);  ///< before the first try
+        std::chrono::milliseconds delay = std::chrono::seconds(1);   ///< before the first try
         std::chrono::milliseconds answer = std::chrono::seconds(15); ///< that the server has for its answer
     };
 

@@ -13,7 +13,7 @@ namespace {
 /// the user's language, and call itself a browser.
 QNetworkRequest plainRequest(const HttpRequest &request)
 {
-    QNetworkRequest plain(request.url);
+    QNetworkRequest plain(request.url.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveFragment));
     plain.setHeader(QNetworkRequest::UserAgentHeader, QByteArray("Tessarine"));
     plain.setRawHeader("Accept-Language", "*");
     plain.setRawHeader("Accept-Encoding", "identity"); // what is received is what counts against the limit
@@ -32,13 +32,28 @@ QNetworkRequest plainRequest(const HttpRequest &request)
     return plain;
 }
 
+int statusOf(const QNetworkReply &reply)
+{
+    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+}
+
+/// In our own words where the toolkit would quote the server's.
+QString errorOf(const QNetworkReply &reply)
+{
+    if (reply.error() == QNetworkReply::NoError) {
+        return {};
+    }
+    const int status = statusOf(reply);
+    return status >= 400 ? QStringLiteral("HTTP status %1").arg(status) : reply.errorString();
+}
+
+} // namespace
+
 bool isWebAddress(const QUrl &url)
 {
     return url.isValid() && !url.host().isEmpty() &&
            (url.scheme() == QStringLiteral("http") || url.scheme() == QStringLiteral("https"));
 }
-
-} // namespace
 
 HttpExchange::HttpExchange(HttpRequest wanted, Callback wantsAnswer, std::chrono::milliseconds timeout) :
     request(std::move(wanted)), callback(std::move(wantsAnswer))
@@ -71,7 +86,7 @@ void HttpExchange::send()
     QObject::connect(reply, &QNetworkReply::readyRead, &receiver, [this] { receive(); });
     QObject::connect(reply, &QNetworkReply::finished, &receiver, [this] {
         receive();
-        end(reply->error() == QNetworkReply::NoError ? QString() : reply->errorString());
+        end(errorOf(*reply));
     });
 }
 
@@ -91,7 +106,7 @@ void HttpExchange::end(const QString &error)
     deadline.stop();
     lookup.reset();
     if (reply != nullptr) {
-        answer.status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+        answer.status = statusOf(*reply);
         reply->disconnect(&receiver);
         reply->abort();
     }

@@ -21,6 +21,9 @@ struct HttpRequest {
     std::optional<QByteArray> body; ///< with one it is a POST of UTF-8 text, without one a GET
 };
 
+/// Whether requests can be made of it: http or https, and a host.
+bool isWebAddress(const QUrl &url);
+
 /// What a request came to.
 struct HttpAnswer {
     QString error;   ///< why it failed, a status of 400 and above included; empty when all went well

@@ -1,7 +1,31 @@
 #include "online/VXConfigManager.h"
 
+#include "Shared/HostIdentity.h"
+#include "online/HttpExchange.h"
+#include "online/ServiceUrl.h"
+#include "platform/Bundle.h"
+#include "platform/Log.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/UserDefaults.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QJsonValue>
+
+namespace {
+
+/// False when the flag is false or 0, and only then: whatever else a service sends, or leaves out, switches nothing
+/// off.
+bool isOn(const QJsonValue &flag)
+{
+    return flag.isDouble() ? flag.toDouble() != 0 : flag.toBool(true);
+}
+
+} // namespace
+
+VXConfigManager::VXConfigManager(UserDefaults &store) : defaults(store) {}
+
+VXConfigManager::~VXConfigManager() = default;
 
 bool VXConfigManager::supportVOB() const
 {
@@ -25,4 +49,28 @@ void VXConfigManager::setExperimental(bool experimental)
 {
     defaults.setBool(PreferenceKeys::experimental, experimental);
     defaults.synchronize();
+}
+
+void VXConfigManager::getOnlineConfig(const ServiceUrl &service, const Bundle &bundle,
+                                      std::chrono::milliseconds timeout)
+{
+    const QString query = u"appver=" + bundle.value(QStringLiteral("CFBundleShortVersionString")) + u"&appid=" +
+                          bundle.identifier() + u"&sysver=" + GlobalFun::getSystemVersionString() + u"&appstore=0";
+    const QUrl url = service.page(QStringLiteral("common_task/getconfig.php"), query);
+    if (!url.isEmpty()) {
+        request = std::make_unique<HttpExchange>(
+            HttpRequest{url, {}}, [this](const HttpAnswer &answer) { takeAnswer(answer); }, timeout);
+    }
+}
+
+void VXConfigManager::takeAnswer(const HttpAnswer &answer)
+{
+    if (!answer.error.isEmpty()) {
+        qCWarning(lcTessarine).noquote() << "get configure error :" << answer.error;
+        return;
+    }
+    // What is no JSON object has no members, and reads like one without ours.
+    const QJsonObject flags = QJsonDocument::fromJson(answer.body).object();
+    setSupportVOB(isOn(flags.value(PreferenceKeys::supportVob)));
+    setExperimental(isOn(flags.value(PreferenceKeys::experimental)));
 }

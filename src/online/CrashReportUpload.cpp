@@ -1,0 +1,96 @@
+#include "online/CrashReportUpload.h"
+
+#include "online/CrashReportObject.h"
+#include "online/CrashReportSender.h"
+#include "platform/Log.h"
+#include "platform/PathText.h"
+
+#include <sys/stat.h>
+
+#include <cstdio>
+
+CrashReportUpload::CrashReportUpload(const QString &reportPath, NotificationCenter &notifications) :
+    CrashReportUpload(reportPath, notifications, Timing())
+{
+}
+
+CrashReportUpload::CrashReportUpload(const QString &reportPath, NotificationCenter &notifications, Timing times) :
+    path(reportPath), center(notifications), timing(times)
+{
+    submission.setSingleShot(true);
+    submission.callOnTimeout([this] { submit(); });
+}
+
+bool CrashReportUpload::isReportPending() const
+{
+    struct stat status = {};
+    return ::lstat(PathText::toBytes(path).constData(), &status) == 0;
+}
+
+void CrashReportUpload::sendCrashReportToURL(const QUrl &url, CrashReportSenderDelegate *delegate)
+{
+    if (!isReportPending()) {
+        return;
+    }
+    target = url;
+    reportDelegate = delegate;
+    if (!submission.isActive()) {
+        submission.start(timing.delay);
+    }
+}
+
+void CrashReportUpload::submit()
+{
+    exchange.reset();
+    networkChange.reset();
+    if (target.host().isEmpty()) {
+        waitForNetwork();
+        return;
+    }
+    lookup.emplace(target.host(), [this](const QString &error) {
+        if (!error.isEmpty()) {
+            waitForNetwork();
+        } else if (isReportPending()) {
+            send();
+        }
+    });
+}
+
+void CrashReportUpload::waitForNetwork()
+{
+    if (!watch) {
+        watch.emplace(center);
+    }
+    networkChange = center.observe(NetworkWatch::changed, [this] {
+        networkChange.reset();
+        submit();
+    });
+}
+
+void CrashReportUpload::send()
+{
+    const auto content =
+        reportDelegate == nullptr
+            ? std::nullopt
+            : reportDelegate->createReportContentByReportInfo(CrashReportObject::initWithContentsOfFile(path));
+    if (!content) {
+        qCWarning(lcTessarine).noquote()
+            << u"CRASH REPORT DELEGATE 需实现 createReportContentByReportInfo 方法，发送失败。";
+        return;
+    }
+    qCInfo(lcTessarine).noquote() << QStringLiteral("send crash report:\n") + *content;
+    exchange.emplace(
+        HttpRequest{target, content->toUtf8()}, [this](const HttpAnswer &answer) { takeAnswer(answer); },
+        timing.answer);
+}
+
+void CrashReportUpload::takeAnswer(const HttpAnswer &answer) const
+{
+    // A server that has said yes has the report, even if the rest of its answer is lost; one that says nothing has not.
+    if (answer.status < 200 || answer.status >= 400) {
+        qCWarning(lcTessarine).noquote() << u"服务器未正常响应，发送CRASH报告失败，下次再发送...";
+        return;
+    }
+    qCInfo(lcTessarine).noquote() << u"发送CRASH报告成功，删除本机报告文件...";
+    std::remove(PathText::toBytes(path).constData());
+}

@@ -1,0 +1,33 @@
+#include "online/ServiceUrl.h"
+
+#include "online/HttpExchange.h"
+#include "platform/Bundle.h"
+#include "platform/Log.h"
+
+namespace {
+
+constexpr const char *environmentVariable = "TESSARINE_SERVICE_URL";
+
+} // namespace
+
+ServiceUrl ServiceUrl::ofThisProgram(const Bundle &bundle)
+{
+    return ServiceUrl(qEnvironmentVariableIsSet(environmentVariable) ? qEnvironmentVariable(environmentVariable)
+                                                                     : bundle.value(QStringLiteral("ServiceURL")));
+}
+
+QUrl ServiceUrl::page(const QString &path, const QString &query) const
+{
+    if (base.isEmpty()) {
+        return {};
+    }
+    const QString slash = base.endsWith(u'/') ? QString() : QStringLiteral("/");
+    const QString address = base + slash + path + u'?' + query;
+    QUrl url(address, QUrl::StrictMode);
+    if (!isWebAddress(url)) {
+        // Quoted, since what makes it invalid may be a line break.
+        qCWarning(lcTessarine) << "nothing is sent, this is no web address:" << address;
+        url.clear();
+    }
+    return url;
+}
