@@ -7,12 +7,16 @@ target_compile_options(tessarine_flags INTERFACE
 target_compile_definitions(tessarine_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS QT_NO_FOREACH
   QT_USE_QSTRINGBUILDER QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+# Crash reports name files and lines; packagers may strip them.
+target_compile_options(tessarine_flags INTERFACE $<$<CONFIG:Release>:-g1>)
 
 set(TESSARINE_SANITIZE "" CACHE STRING "Sanitizers, for example address,undefined or thread")
 if(TESSARINE_SANITIZE)
   set(sanitize -fsanitize=${TESSARINE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_compile_options(tessarine_flags INTERFACE ${sanitize} -g)
   target_link_options(tessarine_flags INTERFACE ${sanitize})
+  # The sanitizers tell of crashes themselves; the program's own handlers stay out.
+  target_compile_definitions(tessarine_flags INTERFACE TESSARINE_SANITIZED)
   # The instrumentation makes GCC's flow analysis see uses before initialisation where there are none.
   target_compile_options(tessarine_flags INTERFACE -Wno-maybe-uninitialized)
 endif()

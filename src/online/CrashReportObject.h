@@ -22,9 +22,9 @@ struct CrashReportObject {
     /// believed to be sane, and a long one is not read at all.
     static std::optional<CrashReportObject> initWithContentsOfFile(const QString &path);
 
-    /// Writes the file form in place of what is at the path; false when that failed. Atomically means that there is the
-    /// old file or the new one at any time.
-    bool writeToFile(const QString &path, bool atomically) const;
+    /// Writes the file form in place of what is at the path, where there is the old file or the new one at any time;
+    /// false when that failed.
+    bool writeToFile(const QString &path) const;
     /// The stack as text, a line for each frame.
     QString description() const;
 

@@ -2,13 +2,13 @@
 
 #include "online/CrashReportObject.h"
 #include "online/CrashReportSingal.h"
+#include "online/CrashReportUpload.h"
+#include "platform/NotificationCenter.h"
 
 #include <QString>
 
-#include <memory>
 #include <optional>
 
-class CrashReportUpload;
 class QUrl;
 
 /// Hears of crash reports and turns them into text. Main thread.
@@ -32,19 +32,13 @@ class CrashReportSender {
 public:
     /// Installs the handlers. `path` is where reports lie; `record` holds what is known before a crash.
     CrashReportSender(const QString &path, const CrashReportObject &record);
-    ~CrashReportSender();
-    CrashReportSender(const CrashReportSender &) = delete;
-    CrashReportSender &operator=(const CrashReportSender &) = delete;
 
     /// Whether anything is at the reports' path.
     bool hasPendingCrashReport() const;
-    /// The pending report as it can be read; nothing when it cannot.
-    std::optional<CrashReportObject> pendingCrashReport() const;
-    /// Hands the pending report to the delegate, which must outlive this; without a delegate that is an error in the
-    /// log, without a report nothing.
-    void handleCrashReport(CrashReportSenderDelegate *delegate);
+    /// Hands the pending report, if there is one, to the delegate; without a delegate there is a line in the log.
+    void handleCrashReport(CrashReportSenderDelegate *delegate) const;
     /// Deletes the report. Something that cannot be one, a folder with something in it, stays.
-    void noticeHandleCrashReportSuccess();
+    void noticeHandleCrashReportSuccess() const;
     /// Uploads the pending report a second later, or when the network is there; see CrashReportUpload. This program
     /// never calls it.
     void sendCrashReportToURL(const QUrl &url, CrashReportSenderDelegate *delegate);
@@ -52,6 +46,6 @@ public:
 private:
     QString reportPath;
     CrashReportSingal crashSignalHanler;
-    CrashReportSenderDelegate *reportDelegate = nullptr;
-    std::unique_ptr<CrashReportUpload> upload; // from the first call on
+    NotificationCenter notifications;        ///< for the upload alone
+    std::optional<CrashReportUpload> upload; ///< from the first call on
 };

@@ -5,7 +5,10 @@
 #include <QString>
 
 #include <chrono>
+#include <cstddef>
+#include <memory>
 
+class CrashRecorder;
 struct CrashReportObject;
 
 /// While it lives, a fatal signal or an uncaught exception writes a crash report before it ends the process, on
@@ -18,11 +21,13 @@ public:
     /// crash. A report that takes longer than `patience`, whole seconds, is given up.
     CrashReportSingal(const QString &path, const CrashReportObject &record,
                       std::chrono::seconds patience = std::chrono::seconds(10));
-    /// The signals end the process as they always do.
+    /// Takes the handlers out again.
     ~CrashReportSingal();
     CrashReportSingal(const CrashReportSingal &) = delete;
     CrashReportSingal &operator=(const CrashReportSingal &) = delete;
 
 private:
     AlternateStack stack; ///< for the thread that makes this, the main thread
+    std::unique_ptr<CrashRecorder> recorder;
+    std::size_t installed = 0; ///< handlers
 };
