@@ -25,3 +25,18 @@ std::int32_t GlobalFun::truncatedToInt32(double value)
         return Limits::max();
     return static_cast<std::int32_t>(value);
 }
+
+std::int32_t GlobalFun::leadingInt32(QStringView text)
+{
+    QStringView rest = text.trimmed();
+    const bool negative = rest.startsWith(u'-');
+    if (negative || rest.startsWith(u'+'))
+        rest = rest.mid(1);
+    double value = 0.0;
+    for (const QChar character : rest) {
+        if (!character.isDigit())
+            break;
+        value = value * 10.0 + character.digitValue();
+    }
+    return truncatedToInt32(negative ? -value : value);
+}

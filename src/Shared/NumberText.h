@@ -14,4 +14,8 @@ QString fixedText(double value, int decimals);
 /// The value cut towards zero; what is out of range becomes the nearest end of it, what is no number 0.
 std::int32_t truncatedToInt32(double value);
 
+/// The whole number that the text begins with, after spaces: "12.9" is 12, "-3px" is -3, "abc" is 0. Digits of any
+/// script count; what is out of range becomes the nearest end of it.
+std::int32_t leadingInt32(QStringView text);
+
 } // namespace GlobalFun

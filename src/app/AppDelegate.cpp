@@ -16,19 +16,13 @@
 
 #include <utility>
 
-namespace {
-
-constexpr QSize previewSize(352, 224);
-
-} // namespace
-
 AppDelegate::AppDelegate(Services appServices) :
     services(std::move(appServices)), trustedFolders(services.defaults, services.bookmarks)
 {
     // Called by one batch at a time.
     const auto renderPreview = [this, equalImages = std::make_shared<EqualImages>(),
                                 ratio = qGuiApp->devicePixelRatio()](const KTMovieObject &movie) {
-        return equalImages->shared(renderCollagePreview(previewSize, ratio, movie.settings(),
+        return equalImages->shared(renderCollagePreview(listPreviewSize, ratio, movie.settings(),
                                                         getMetaStrWithObject(movie), previewPlaceholder(ratio)));
     };
     window = std::make_unique<MainWindowController>(MainWindowController::Services{

@@ -134,6 +134,11 @@ void MovieJobs::cancelAll()
     cancel();
 }
 
+void MovieJobs::hold()
+{
+    sequence.add([] {}); // a job that does nothing, until somebody says that it has ended
+}
+
 void MovieJobs::finish(JobsView::Kind kind, const QStringList &failures)
 {
     view.jobEnded(kind, failures);

@@ -67,7 +67,12 @@ public:
     void cancel();
     /// Ends the running job soon and forgets those that wait.
     void cancelAll();
+    /// Whether a job is running, or held off.
     bool isRunning() const { return sequence.isRunning(); }
+
+    /// While none is running: lets none start until release().
+    void hold();
+    void release() { sequence.finished(); }
 
 private:
     class LoadingReporter;

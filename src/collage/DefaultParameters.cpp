@@ -1,5 +1,6 @@
 #include "collage/DefaultParameters.h"
 
+#include "collage/CollageForm.h"
 #include "media/VXMediaInfoItem.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/StoredColor.h"
@@ -31,4 +32,20 @@ CollageSettings DefaultParameters::settingsOfNewMovie(const UserDefaults &defaul
     settings.gridShadowed = defaults.boolValue(PreferenceKeys::drawShadow);
     settings.borderWidth = defaults.int32Value(PreferenceKeys::borderWidth);
     return settings;
+}
+
+void DefaultParameters::store(UserDefaults &defaults, const CollageForm &form)
+{
+    defaults.setData(PreferenceKeys::backgroundColor, ColorArchive::archive(form.backgroundColor));
+    defaults.setInteger(PreferenceKeys::rowNumber, form.rowNumber);
+    defaults.setInteger(PreferenceKeys::columeNumber, form.columeNumber);
+    defaults.setInteger(PreferenceKeys::tileWidth, form.gridWidth);
+    defaults.setData(PreferenceKeys::tileBorderColor, ColorArchive::archive(form.gridBorderColor));
+    defaults.setInteger(PreferenceKeys::tileBorderWidth, form.gridBorderWidth);
+    // Not crossed, unlike at reading: what is stored as horizontal becomes the gap between rows of the next movie.
+    defaults.setInteger(PreferenceKeys::horizontalGaps, form.columeSpace);
+    defaults.setInteger(PreferenceKeys::verticalGaps, form.rowSpace);
+    defaults.setBool(PreferenceKeys::drawShadow, form.gridShadowed);
+    defaults.setInteger(PreferenceKeys::borderWidth, form.lblBorderWidth);
+    defaults.synchronize();
 }

@@ -7,12 +7,6 @@
 
 #include <utility>
 
-namespace {
-
-constexpr QSize usualSize(352, 224);
-
-} // namespace
-
 KTThumbnailPreview::KTThumbnailPreview(QWidget *parent) : QWidget(parent)
 {
     //% "Preview of the collage"
@@ -47,12 +41,12 @@ QImage KTThumbnailPreview::imageWithSubviews()
 
 QSize KTThumbnailPreview::sizeHint() const
 {
-    return usualSize;
+    return listPreviewSize;
 }
 
 QSize KTThumbnailPreview::minimumSizeHint() const
 {
-    return usualSize / 2;
+    return listPreviewSize / 2;
 }
 
 void KTThumbnailPreview::paintEvent(QPaintEvent * /*event*/)

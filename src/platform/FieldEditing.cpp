@@ -18,7 +18,7 @@ FieldEditing::FieldEditing(QLineEdit &lineEdit, FieldEditingDelegate &editingDel
 
 void FieldEditing::beginEditing()
 {
-    if (!editing) {
+    if (!editing && !field->isReadOnly()) {
         editing = true;
         changed = false;
         delegate.controlTextDidBeginEditing(*field);
@@ -28,25 +28,35 @@ void FieldEditing::beginEditing()
 bool FieldEditing::endEditing()
 {
     if (!editing || asking) {
-        return !asking;
+        return !editing;
+    }
+    if (!field->isEnabled() || !field->isVisible()) {
+        abandonEditing(); // the user could not mend a text that is refused, and nobody wants one that is not asked about
+        return true;
     }
     const QScopedValueRollback isAsking(asking, true);
-    // A field that has become unreachable could not be mended by the user.
-    if (field->isEnabled() && field->isVisible() && !delegate.controlTextShouldEndEditing(*field)) {
+    if (!delegate.controlTextShouldEndEditing(*field)) {
         field->setFocus(Qt::OtherFocusReason);
         field->selectAll();
         return false;
     }
     editing = false;
-    changed = false;
     delegate.controlTextDidEndEditing(*field);
+    beginAnew();
     return true;
 }
 
 void FieldEditing::abandonEditing()
 {
     editing = false;
-    changed = false;
+    beginAnew();
+}
+
+void FieldEditing::beginAnew()
+{
+    if (field->hasFocus() && field->isVisible()) {
+        beginEditing();
+    }
 }
 
 bool FieldEditing::returnPressed()
@@ -56,7 +66,6 @@ bool FieldEditing::returnPressed()
     }
     if (endEditing()) {
         field->selectAll();
-        beginEditing();
     }
     return true;
 }
@@ -79,6 +88,11 @@ bool FieldEditing::eventFilter(QObject *watched, QEvent *event)
         const int key = static_cast<QKeyEvent *>(event)->key();
         return (key == Qt::Key_Return || key == Qt::Key_Enter) && returnPressed();
     }
+    case QEvent::Hide:
+        if (!event->spontaneous()) {
+            abandonEditing();
+        }
+        return false;
     default:
         return false;
     }

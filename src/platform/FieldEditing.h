@@ -16,15 +16,17 @@ public:
     /// Both must outlive this; a field that has gone is no longer watched.
     FieldEditing(QLineEdit &field, FieldEditingDelegate &delegate, QObject *parent = nullptr);
 
-    /// Ends the editing as leaving the field would. False when the delegate refuses; the focus is in the field then.
+    /// Ends the editing as leaving the field would; a field that has the focus is edited anew from then on. False when
+    /// the delegate refuses; the focus is in the field then.
     bool endEditing();
-    /// Ends the editing without asking or telling anybody.
+    /// Ends the editing without asking about it or telling of its end, as hiding and disabling the field do.
     void abandonEditing();
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void beginEditing();
+    void beginAnew();
     bool returnPressed();
 
     QPointer<QLineEdit> field;

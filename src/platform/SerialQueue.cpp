@@ -1,5 +1,7 @@
 #include "platform/SerialQueue.h"
 
+#include "platform/AlternateStack.h"
+
 #include <pthread.h>
 #include <utility>
 
@@ -30,6 +32,7 @@ void SerialQueue::async(Work work)
 
 void SerialQueue::workOff()
 {
+    const AlternateStack stack;
     while (const Work work = next()) {
         work();
     }

@@ -16,3 +16,9 @@ QImage svgImage(const QString &resource, QSizeF size, qreal devicePixelRatio)
     drawing.render(&painter, QRectF({}, size));
     return image;
 }
+
+QSizeF svgSize(const QString &resource)
+{
+    const QSvgRenderer drawing(resource);
+    return drawing.isValid() ? QSizeF(drawing.defaultSize()) : QSizeF();
+}

@@ -9,6 +9,9 @@
 
 class QPainter;
 
+/// In points: what the list keeps of a movie's collage, which is more than it shows.
+inline constexpr QSize listPreviewSize{352, 224};
+
 /// The picture that stands in each tile of a preview, "image_photo", 16 × 16 points. Safe on any thread.
 QImage previewPlaceholder(qreal devicePixelRatio);
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QSlider>
+
+/// A slider whose value has tenths; the range of the slider itself counts them. Main thread.
+class FractionSlider final : public QSlider {
+    Q_OBJECT
+
+public:
+    explicit FractionSlider(QWidget *parent = nullptr);
+
+    double doubleValue() const;
+    /// Shows the value without telling anybody. A value above the usual maximum makes the slider reach so far, and the
+    /// next one below it brings the usual maximum back.
+    void setDoubleValue(double value);
+    /// The usual maximum, at least 1.
+    void setUsualMaximum(double maximum);
+
+private:
+    int usualMaximum = 1000;
+};
