@@ -1,11 +1,10 @@
 #include "online/CrashReportUpload.h"
 
+#include "Shared/FileStatus.h"
 #include "online/CrashReportObject.h"
 #include "online/CrashReportSender.h"
 #include "platform/Log.h"
 #include "platform/PathText.h"
-
-#include <sys/stat.h>
 
 #include <cstdio>
 
@@ -21,15 +20,9 @@ CrashReportUpload::CrashReportUpload(const QString &reportPath, NotificationCent
     submission.callOnTimeout([this] { submit(); });
 }
 
-bool CrashReportUpload::isReportPending() const
-{
-    struct stat status = {};
-    return ::lstat(PathText::toBytes(path).constData(), &status) == 0;
-}
-
 void CrashReportUpload::sendCrashReportToURL(const QUrl &url, CrashReportSenderDelegate *delegate)
 {
-    if (!isReportPending()) {
+    if (!GlobalFun::isTaken(path)) {
         return;
     }
     target = url;
@@ -50,7 +43,7 @@ void CrashReportUpload::submit()
     lookup.emplace(target.host(), [this](const QString &error) {
         if (!error.isEmpty()) {
             waitForNetwork();
-        } else if (isReportPending()) {
+        } else if (GlobalFun::isTaken(path)) {
             send();
         }
     });

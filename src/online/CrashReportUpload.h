@@ -33,7 +33,6 @@ public:
     void sendCrashReportToURL(const QUrl &url, CrashReportSenderDelegate *delegate);
 
 private:
-    bool isReportPending() const;
     void submit();
     void waitForNetwork();
     void send();
