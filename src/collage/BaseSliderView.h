@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 class SliderViewDelegate;
 
@@ -90,6 +91,8 @@ protected:
 private:
     SliderScale scale() const;
     void placeTrack();
+    /// Ends what the press has begun, even when its release never came.
+    void release();
 
     double minimum = 0.0;
     double length = 1000.0;
@@ -100,7 +103,7 @@ private:
     std::int32_t eumCurSliderState = 0;
     QRectF rcKnob; // as drawn last; empty before
     bool bDraggingKnob = false;
-    bool bPressed = false;                // the left button is down, since a press on this widget
+    std::optional<QPointF> pressed;       // where the pointer is, from a press to its release
     std::array<SliderPiece, 3> imgNormal; // left, middle, right
     std::array<SliderPiece, 3> imgHigh;
     SliderPiece imgKnob;

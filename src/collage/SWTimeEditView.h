@@ -9,6 +9,7 @@
 class AlertPanel;
 class FieldEditing;
 class SWTimeEditViewDelegate;
+class TimeField;
 
 /// Three fields with colons between them for a time in hours, minutes and seconds. A time that the delegate refuses is
 /// taken back, with an alert. Part of the editor's window; main thread.
@@ -55,11 +56,11 @@ private:
     void controlTextDidEndEditing(QLineEdit &field) override;
 
     QRectF frameOfField(int index) const;
-    QSize sizeForText(QStringView text) const;
+    QSize sizeForText(const QString &text) const;
 
-    QLineEdit *lblHour;
-    QLineEdit *lblMinite;
-    QLineEdit *lblSecond;
+    TimeField *lblHour;
+    TimeField *lblMinite;
+    TimeField *lblSecond;
     std::array<FieldEditing *, 3> editings;
     bool bTextChanged = false;   // typed since the editing began
     double lastEnterValue = 0.0; // what a refusal goes back to, seconds

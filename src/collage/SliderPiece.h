@@ -25,5 +25,6 @@ private:
     QString resource;
     QSizeF naturalSize;
     QImage tinted;
+    QSizeF tintedSize;
     QRgb tint = 0;
 };

@@ -17,8 +17,8 @@ public:
     SliderSelectionItem &selectionItem() { return itemSelection; }
     const SliderSelectionItem &selectionItem() const { return itemSelection; }
 
-    /// Where a handle was drawn last; y upwards from the widget's bottom.
-    QRectF clipRect(bool bLeftClip) const { return bLeftClip ? rcClipLeft : rcClipRight; }
+    /// Where a handle was drawn last, in the widget's own coordinates.
+    QRectF clipRect(bool bLeftClip) const;
     /// Moves a handle to a value of the range as one whole drag. Nothing while the mouse drags.
     void moveClip(bool bLeftClip, double value);
 
@@ -26,7 +26,7 @@ public:
     bool canBeSplited() const;
     /// Cuts the range and the selection off at the knob, when it is within the selection.
     void splitAtCurPoint();
-    /// Cuts the range down to the selection, which starts at 0 then.
+    /// Cuts the range down to the selection, which starts at 0 then, wherever the point is.
     void splitAtPoint(double value);
 
     void mouseDownAt(QPointF point) override;
@@ -43,9 +43,11 @@ protected:
 
 private:
     void draw2Clips(QPainter &painter);
-    void drawClip(QPainter &painter, bool bLeftClip);
-    void dragClipTo(bool bLeftClip, double value);
-    bool holdsClip(bool bLeftClip) const { return bLeftClip ? bDraggingLeftClip : bDraggingRightClip; }
+    void drawClip(QPainter &painter, SliderPiece &image, const SliderHandle &handle, bool held);
+    void holdClip(bool bLeftClip, QPointF point);
+    void dragEdgeTo(bool bLeftClip, double value);
+    double edgeUnderPointer(bool bLeftClip, double x) const;
+    int heightForClips() const;
     void hover(SliderHandle *handle);
 
     bool bDraggingLeftClip = false;
