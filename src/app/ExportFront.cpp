@@ -7,6 +7,7 @@
 #include "app/InterruptSignals.h"
 #include "app/ProgramSetup.h"
 #include "platform/Log.h"
+#include "platform/PreferenceKeys.h"
 #include "platform/UserDefaults.h"
 
 #include <QDir>
@@ -14,6 +15,7 @@
 #include <QGuiApplication>
 #include <QTemporaryDir>
 
+#include <csignal>
 #include <cstdio>
 #include <utility>
 
@@ -42,6 +44,18 @@ void prepareForNoDisplay(const QString &runtimeFolder)
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeFolder));
     }
+}
+
+/// An export stores nothing, so it makes no identifier where there is none.
+QString storedGuid(const UserDefaults &defaults)
+{
+    return defaults.contains(PreferenceKeys::guid) ? defaults.textValue(PreferenceKeys::guid) : QString();
+}
+
+/// Somebody who reads the first lines only wants all of the images, and it is no crash.
+void ignoreReadersThatGo()
+{
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 void makeAbsolute(ExportOptions &options)
@@ -74,6 +88,8 @@ int runExportFront(ExportOptions options, int argc, char **argv)
 
     UserDefaults defaults(ProgramSetup::storePath());
     ProgramSetup::seed(defaults);
+    const CrashReportSender crashes = ProgramSetup::crashReportSender(storedGuid(defaults));
+    ignoreReadersThatGo();
     FrameGrabber grabber(toolPath, temporaryFolder.path());
     makeAbsolute(options);
     return ExportCommand(std::move(options), {defaults, grabber, console, GlobalFun::RealHomeDirectory(), cancelled})

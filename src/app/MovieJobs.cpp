@@ -3,6 +3,7 @@
 #include "app/LoadingJob.h"
 #include "app/MovieList.h"
 #include "app/RemainingTime.h"
+#include "platform/AlternateStack.h"
 #include "platform/DispatchQueue.h"
 #include "platform/PathText.h"
 #include "platform/SerialQueue.h"
@@ -98,6 +99,7 @@ void MovieJobs::startLoading(const QStringList &paths, int indexToInsert)
     view.jobStarted(JobsView::Kind::Loading, QStringLiteral("Loading..."));
     bLoadingCanceled = false;
     loadingThread = std::jthread([this, paths, reporter = std::make_shared<LoadingReporter>(*this, indexToInsert)] {
+        const AlternateStack stack;
         LoadingJob({services.defaults, services.grabber, services.renderPreview, *reporter, bLoadingCanceled})
             .loadMediasThread(paths);
     });

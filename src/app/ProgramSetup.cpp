@@ -4,6 +4,8 @@
 #include "Shared/FrameGrabber.h"
 #include "Shared/HostIdentity.h"
 #include "app/DefaultsSeed.h"
+#include "online/CrashReportUtil.h"
+#include "platform/Bundle.h"
 #include "platform/Log.h"
 #include "platform/PathText.h"
 
@@ -64,6 +66,11 @@ QString ProgramSetup::storePath()
 void ProgramSetup::seed(UserDefaults &defaults)
 {
     DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), GlobalFun::RealHomeDirectory());
+}
+
+CrashReportSender ProgramSetup::crashReportSender(const QString &guid)
+{
+    return {CrashReportUtil::getCrashReportObjectPath(), CrashReportObject(Bundle::main(), guid)};
 }
 
 void ProgramSetup::warnOfMissingParts(const QString &toolPath)

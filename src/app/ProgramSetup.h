@@ -1,5 +1,7 @@
 #pragma once
 
+#include "online/CrashReportSender.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -25,6 +27,9 @@ QString storePath();
 
 /// Registers the default settings under the real home.
 void seed(UserDefaults &defaults);
+
+/// Records crashes for as long as the result lives. The GUID in the reports may be null.
+[[nodiscard]] CrashReportSender crashReportSender(const QString &guid);
 
 /// One line in the log for each thing without which collages look poor: the tool, fonts. Needs a QGuiApplication.
 void warnOfMissingParts(const QString &toolPath);

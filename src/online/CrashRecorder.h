@@ -18,6 +18,8 @@ public:
     void record();
     /// For a crash in record(): writes what was found until then, unless a report has been written already.
     void rescue();
+    /// For the end in the middle of the two above, on any thread.
+    void abandon() const { file.abandon(); }
     /// Writes the stack to standard error.
     void logStack() const;
     /// The same for an exception, with its type's name and what it says of itself.

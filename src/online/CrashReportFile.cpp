@@ -55,8 +55,13 @@ bool CrashReportFile::finish(int file, bool complete) const
     const bool closed = ::close(file) == 0;
     if (kept && closed && ::rename(temporaryPath.constData(), finalPath.constData()) == 0)
         return true;
-    ::unlink(temporaryPath.constData());
+    abandon();
     return false;
+}
+
+void CrashReportFile::abandon() const
+{
+    ::unlink(temporaryPath.constData());
 }
 
 std::string_view CrashReportFile::writeHead(SignalSafeWriter &writer, std::optional<Time> date) const

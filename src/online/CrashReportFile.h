@@ -34,6 +34,9 @@ public:
     template<class Frame>
     bool write(std::optional<Time> date, std::size_t frameCount, Frame frame) const;
 
+    /// For a process that ends in the middle of write(): leaves nothing half written behind.
+    void abandon() const;
+
 private:
     /// A hidden file beside the final one; -1 when it cannot be made.
     int open() const;

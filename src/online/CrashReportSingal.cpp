@@ -63,6 +63,7 @@ void unblock(auto signals)
 [[noreturn]] void endProcess()
 {
     const int signal = state.endingSignal;
+    state.recorder->abandon();
     for (const int number : fatalSignals)
         std::signal(number, SIG_DFL);
     unblock(std::array{signal});

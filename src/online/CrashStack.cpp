@@ -13,7 +13,8 @@ namespace {
 
 /// What the library says of an address; null and 0 for what it does not know. The texts are the library's.
 struct SourcePlace {
-    const char *symbol = nullptr;
+    const char *symbol = nullptr;   ///< of the function that stands there
+    const char *function = nullptr; ///< innermost of those that were put into each other, as the file and line
     const char *file = nullptr;
     int line = 0;
 };
@@ -26,12 +27,13 @@ void takeSymbol(void *place, std::uintptr_t /*address*/, const char *symbol, std
     static_cast<SourcePlace *>(place)->symbol = symbol;
 }
 
-/// Stops at the first of several: the innermost of functions that were put into each other.
-int takeLine(void *place, std::uintptr_t /*address*/, const char *file, int line, const char * /*function*/)
+int takeLine(void *place, std::uintptr_t /*address*/, const char *file, int line, const char *function)
 {
-    static_cast<SourcePlace *>(place)->file = file;
-    static_cast<SourcePlace *>(place)->line = line;
-    return 1;
+    auto &found = *static_cast<SourcePlace *>(place);
+    found.function = function;
+    found.file = file;
+    found.line = line;
+    return 1; // the first of several is enough
 }
 
 SourcePlace placeOf(backtrace_state *names, std::uintptr_t address)
@@ -106,11 +108,14 @@ FixedText CrashStack::frame(std::size_t index, Detail detail) const
     if (detail == Detail::Address)
         return text;
     const SourcePlace place = placeOf(names, addresses[index]);
-    if (detail == Detail::Symbol)
-        text.append(" ").append(place.symbol != nullptr ? place.symbol : "");
-    else
-        appendDemangled(text.append(" "), place.symbol != nullptr ? place.symbol : loaderSymbol(addresses[index]));
-    if (place.file != nullptr) {
+    const char *symbol = place.symbol != nullptr ? place.symbol : place.function;
+    if (symbol == nullptr && detail == Detail::Readable)
+        symbol = loaderSymbol(addresses[index]);
+    if (symbol != nullptr && detail == Detail::Readable)
+        appendDemangled(text.append(" "), symbol);
+    else if (symbol != nullptr)
+        text.append(" ").append(symbol);
+    if (place.file != nullptr && place.line > 0) {
         text.append(" (").append(lastComponent(place.file)).append(":");
         text.appendNumber(static_cast<unsigned>(place.line)).append(")");
     }
@@ -121,8 +126,6 @@ void appendDemangled(FixedText &text, const char *symbol)
 {
     // The demangler's need of stack grows with the name.
     static constexpr std::size_t longestName = 2000;
-    if (symbol == nullptr)
-        return;
     using Freed = std::unique_ptr<char, decltype(&std::free)>;
     const bool isShort = ::strnlen(symbol, longestName) < longestName;
     const Freed readable(isShort ? abi::__cxa_demangle(symbol, nullptr, nullptr, nullptr) : nullptr, &std::free);

@@ -1,0 +1,128 @@
+// A program that records its crashes, and crashes: "MODE REPORT", or "raise REPORT SIGNAL".
+#include "online/CrashReportObject.h"
+#include "online/CrashReportSingal.h"
+#include "platform/Bundle.h"
+#include "platform/SerialQueue.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <array>
+#include <barrier>
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <map>
+#include <stdexcept>
+#include <string>
+
+// Outside of the unnamed namespace and never put into their callers, so that they are found on the stack by their
+// names.
+
+[[gnu::noinline]] void writeToNull()
+{
+    int *volatile nowhere = nullptr;
+    *nowhere = 1;
+}
+
+[[gnu::noinline]] int recurse(int depth) // NOLINT(misc-no-recursion)
+{
+    std::array<volatile int, 1000> ballast{};
+    ballast[1] = depth;
+    return depth < 0 ? 0 : recurse(depth + 1) + ballast[1];
+}
+
+[[gnu::noinline]] void divideByZero()
+{
+    volatile int zero = 0;
+    zero = 7 / zero;
+}
+
+[[gnu::noinline]] void throwError()
+{
+    throw std::runtime_error("it is broken");
+}
+
+struct BrokenError : std::exception {
+    const char *what() const noexcept override
+    {
+        throwError();
+        return "";
+    }
+};
+
+/// Leaves no address space to anybody.
+[[gnu::noinline]] void crashWithoutMemory()
+{
+    const rlimit nothing{1, 1};
+    ::setrlimit(RLIMIT_AS, &nothing);
+    while (std::malloc(64) != nullptr) {
+    }
+    writeToNull();
+}
+
+/// The heap finds itself broken, and aborts while it holds its lock.
+[[gnu::noinline]] void breakHeap()
+{
+    const volatile std::size_t size = 100000;
+    char *volatile block = static_cast<char *>(std::malloc(size));
+    std::memset(block + size, 0x7F, 64);
+    while (block != nullptr)
+        block = static_cast<char *>(std::malloc(size));
+}
+
+[[gnu::noinline]] void crashInTwoThreads()
+{
+    std::barrier bothReady(2);
+    const auto crash = [&bothReady] {
+        bothReady.arrive_and_wait();
+        writeToNull();
+    };
+    SerialQueue other(QStringLiteral("other"));
+    other.async(crash);
+    crash();
+}
+
+namespace {
+
+const std::map<std::string, std::function<void()>> modes{
+    {"null", writeToNull},
+    {"overflow", [] { recurse(0); }},
+    {"divide", divideByZero},
+    {"throw", throwError},
+    {"throw-broken", [] { throw BrokenError(); }},
+    {"abort", [] { std::abort(); }},
+    {"terminate", [] { std::terminate(); }},
+    {"no-memory", crashWithoutMemory},
+    {"heap", breakHeap},
+    {"two", crashInTwoThreads},
+    {"wait",
+     [] {
+         ::write(STDOUT_FILENO, "ready\n", 6);
+         ::pause();
+     }},
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const rlimit noCore{0, 0};
+    ::setrlimit(RLIMIT_CORE, &noCore);
+    QCoreApplication application(argc, argv);
+    const CrashReportSingal handlers(QString::fromLocal8Bit(argv[2]),
+                                     CrashReportObject(Bundle::main(), QStringLiteral("GUID \"1\"")),
+                                     std::chrono::seconds(1));
+    SerialQueue worker(QStringLiteral("worker"));
+    std::string mode = argv[1];
+    if (mode == "raise")
+        std::raise(std::atoi(argv[3]));
+    if (mode.starts_with("worker-"))
+        worker.async(modes.at(mode.substr(7)));
+    else
+        QTimer::singleShot(0, &application, modes.at(mode));
+    return QCoreApplication::exec();
+}
