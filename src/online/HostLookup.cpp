@@ -1,5 +1,7 @@
 #include "online/HostLookup.h"
 
+#include "platform/AlternateStack.h"
+
 #include <QByteArray>
 #include <QCoreApplication>
 #include <QEvent>
@@ -51,7 +53,10 @@ HostLookup::HostLookup(const QString &host, Callback callback) :
     }
     question->asker = this;
     try {
-        std::thread([shared = question] { shared->answer(Question::errorOf(shared->host)); }).detach();
+        std::thread([shared = question] {
+            const AlternateStack stack;
+            shared->answer(Question::errorOf(shared->host));
+        }).detach();
     } catch (const std::system_error &refusal) {
         question->answer(QString::fromLocal8Bit(refusal.what()));
     }
