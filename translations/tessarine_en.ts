@@ -39,6 +39,14 @@
         <source>Preferences</source>
         <translation type="unfinished"></translation>
     </message>
+    <message id="debug_menu">
+        <source>Debug</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="debug_crash">
+        <source>Crash</source>
+        <translation type="unfinished"></translation>
+    </message>
     <message id="action_custom_collage_missing">
         <source>The editor for single collages is not built yet</source>
         <translation type="unfinished"></translation>

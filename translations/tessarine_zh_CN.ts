@@ -39,6 +39,14 @@
         <source>Preferences</source>
         <translation>偏好设置</translation>
     </message>
+    <message id="debug_menu">
+        <source>Debug</source>
+        <translation>调试</translation>
+    </message>
+    <message id="debug_crash">
+        <source>Crash</source>
+        <translation>崩溃</translation>
+    </message>
     <message id="action_custom_collage_missing">
         <source>The editor for single collages is not built yet</source>
         <translation>单个拼图的编辑器尚未完成</translation>

@@ -3,7 +3,7 @@
 #include "app/EqualImages.h"
 #include "collage/KTMovieObject.h"
 #include "media/VXMediaInfo.h"
-#include "online/VXConfigManager.h"
+#include "platform/Bundle.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/UserDefaults.h"
 #include "prefs/RBGeneralPreferViewCtl.h"
@@ -13,11 +13,13 @@
 #include "render/MetadataText.h"
 
 #include <QGuiApplication>
+#include <QMenuBar>
 
+#include <stdexcept>
 #include <utility>
 
 AppDelegate::AppDelegate(Services appServices) :
-    services(std::move(appServices)), trustedFolders(services.defaults, services.bookmarks)
+    services(std::move(appServices)), config(services.defaults), trustedFolders(services.defaults, services.bookmarks)
 {
     // Called by one batch at a time.
     const auto renderPreview = [this, equalImages = std::make_shared<EqualImages>(),
@@ -27,8 +29,11 @@ AppDelegate::AppDelegate(Services appServices) :
     };
     window = std::make_unique<MainWindowController>(MainWindowController::Services{
         services.defaults, services.grabber, trustedFolders, notifications, services.alert, services.openPanel,
-        services.workspace, services.mainQueue, services.home, VXConfigManager(services.defaults).experimental(),
-        renderPreview, [this] { preferencesDown(); }});
+        services.workspace, services.mainQueue, services.home, config.experimental(), renderPreview,
+        [this] { preferencesDown(); }});
+    if (qEnvironmentVariable("TESSARINE_DEBUG_MENU") == u'1') {
+        addDebugMenu();
+    }
 }
 
 AppDelegate::~AppDelegate() = default;
@@ -41,6 +46,22 @@ void AppDelegate::applicationDidFinishLaunching()
     }
     window->show();
     window->appLaunched();
+    config.getOnlineConfig(services.service, Bundle::main());
+}
+
+void AppDelegate::addDebugMenu()
+{
+    //% "Debug"
+    QMenu *menu = window->menuBar()->addMenu(qtTrId("debug_menu"));
+    //% "Crash"
+    QAction *crash = menu->addAction(qtTrId("debug_crash"));
+    crash->setObjectName(QStringLiteral("crashapp"));
+    QObject::connect(crash, &QAction::triggered, menu, [this] { crashapp(); });
+}
+
+void AppDelegate::crashapp()
+{
+    throw std::invalid_argument("crashapp: nothing can be added to the list");
 }
 
 void AppDelegate::buildPreferencesWindow()

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "app/MainWindowController.h"
+#include "online/ServiceUrl.h"
+#include "online/VXConfigManager.h"
 #include "platform/MainQueue.h"
 #include "platform/NotificationCenter.h"
 #include "prefs/MASPreferencesWindowController.h"
@@ -30,6 +32,7 @@ public:
         Workspace &workspace;
         MainQueue &mainQueue;
         QString home;
+        ServiceUrl service = {}; ///< that sets the remote flags
     };
 
     explicit AppDelegate(Services services);
@@ -37,7 +40,7 @@ public:
     AppDelegate(const AppDelegate &) = delete;
     AppDelegate &operator=(const AppDelegate &) = delete;
 
-    /// The launch: media layer, preferences window with its panes, main window.
+    /// The launch: media layer, preferences window with its panes, main window, a request for the remote flags.
     void applicationDidFinishLaunching();
     /// Loads one file or folder at the top of the list; true whatever the load will find.
     bool openFile(const QString &path);
@@ -47,6 +50,9 @@ public:
     void applicationWillTerminate();
     /// Shows the preferences window.
     void preferencesDown();
+    /// Crashes the program, by an exception that nobody catches, so that there is a crash to record. In a menu of its
+    /// own, for those who start the program with TESSARINE_DEBUG_MENU=1.
+    [[noreturn]] void crashapp();
     /// The block of facts about the movie, as the settings choose them.
     QString getMetaStrWithObject(const VXMediaInfoItem &movie) const;
 
@@ -54,8 +60,10 @@ public:
 
 private:
     void buildPreferencesWindow();
+    void addDebugMenu();
 
     Services services;
+    VXConfigManager config;
     NotificationCenter notifications;
     TrustedFolders trustedFolders;
     std::unique_ptr<MainWindowController> window;

@@ -4,8 +4,10 @@
 #include "Shared/HostIdentity.h"
 #include "app/AppDelegate.h"
 #include "app/DesktopService.h"
+#include "app/MacAppHelper.h"
 #include "app/ProgramSetup.h"
 #include "app/QuitSignals.h"
+#include "online/ServiceUrl.h"
 #include "platform/Bundle.h"
 #include "platform/DesktopWorkspace.h"
 #include "platform/FileOpenPanel.h"
@@ -58,6 +60,9 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
     const QDBusConnection bus = QDBusConnection::sessionBus();
     UserDefaults defaults(ProgramSetup::storePath());
     ProgramSetup::seed(defaults);
+    CrashReportSender crashes = ProgramSetup::crashReportSender(GlobalFun::getGUID(defaults));
+    const Bundle bundle = Bundle::main();
+    const ServiceUrl service = ServiceUrl::ofThisProgram(bundle);
     const QString toolPath = ProgramSetup::toolPath();
     ProgramSetup::warnOfMissingParts(toolPath);
     FrameGrabber grabber(toolPath, temporaryFolder);
@@ -66,9 +71,11 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
     MessageAlertPanel alert(mainQueue);
     FileOpenPanel openPanel(sandboxed);
     DesktopWorkspace workspace(mainQueue, bus, sandboxed);
-    AppDelegate delegate(
-        {defaults, grabber, *bookmarks, alert, openPanel, workspace, mainQueue, GlobalFun::RealHomeDirectory()});
+    AppDelegate delegate({defaults, grabber, *bookmarks, alert, openPanel, workspace, mainQueue,
+                          GlobalFun::RealHomeDirectory(), service});
     target = &delegate;
+    MacAppHelper helper({crashes, service, bundle, defaults});
+    helper.awakeFromNib();
     const QuitSignals quitSignals([&delegate] { delegate.mainWindow().quit(); });
     for (const QString &path : paths) {
         delegate.openFile(path);

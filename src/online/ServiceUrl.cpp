@@ -24,7 +24,7 @@ QUrl ServiceUrl::page(const QString &path, const QString &query) const
     const QString slash = base.endsWith(u'/') ? QString() : QStringLiteral("/");
     const QString address = base + slash + path + u'?' + query;
     QUrl url(address, QUrl::StrictMode);
-    if (!isWebAddress(url)) {
+    if (!isWebAddress(QUrl(base, QUrl::StrictMode)) || !isWebAddress(url)) {
         // Quoted, since what makes it invalid may be a line break.
         qCWarning(lcTessarine) << "nothing is sent, this is no web address:" << address;
         url.clear();
