@@ -21,8 +21,10 @@ void CrashRecorder::record()
 
 void CrashRecorder::rescue()
 {
-    if (!hasReport)
-        write(CrashStack::Detail::Address);
+    if (hasReport)
+        return;
+    write(CrashStack::Detail::Address);
+    write(CrashStack::Detail::Symbol); // may crash again
 }
 
 void CrashRecorder::write(CrashStack::Detail detail)

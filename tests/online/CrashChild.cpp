@@ -74,6 +74,15 @@ struct BrokenError : std::exception {
         block = static_cast<char *>(std::malloc(size));
 }
 
+/// Whoever follows the stack from here ends up nowhere.
+[[gnu::noinline]] void smashStack()
+{
+    volatile char local = 0;
+    volatile char *volatile end = &local;
+    for (int i = 0; i < 400; ++i)
+        end[i] = 'A';
+}
+
 [[gnu::noinline]] void crashInTwoThreads()
 {
     std::barrier bothReady(2);
@@ -98,6 +107,7 @@ const std::map<std::string, std::function<void()>> modes{
     {"terminate", [] { std::terminate(); }},
     {"no-memory", crashWithoutMemory},
     {"heap", breakHeap},
+    {"smash", smashStack},
     {"two", crashInTwoThreads},
     {"wait",
      [] {
