@@ -47,10 +47,6 @@
         <source>Crash</source>
         <translation type="unfinished"></translation>
     </message>
-    <message id="action_custom_collage_missing">
-        <source>The editor for single collages is not built yet</source>
-        <translation type="unfinished"></translation>
-    </message>
     <message id="import_panel_title">
         <source>Import movies</source>
         <translation type="unfinished"></translation>
@@ -120,6 +116,210 @@
     </message>
     <message id="OK">
         <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="WrongNumberInput">
+        <source>This number is too small: rows and columns begin at 1, gaps, margin and frames at 0.</source>
+        <oldsource>This number is too small</oldsource>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="slider_start_handle">
+        <source>Start handle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="slider_end_handle">
+        <source>End handle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="WrongTimeInput">
+        <source>This time is outside the movie, or the start would come after the end.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="time_hours">
+        <source>hours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="time_minutes">
+        <source>minutes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="time_seconds">
+        <source>seconds</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>KTCustomCollageWndCtl</name>
+    <message id="editor_title">
+        <source>The movie being edited</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_start">
+        <source>Start</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_start_tip">
+        <source>Time of the first tile (hours : minutes : seconds)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_range">
+        <source>Clip range</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_range_tip">
+        <source>The stretch of the movie that the tiles show</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_end">
+        <source>End</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_end_tip">
+        <source>Time of the last tile (hours : minutes : seconds)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_grid">
+        <source>Grid</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_rows">
+        <source>Rows</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_columns">
+        <source>Columns</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_tile_width">
+        <source>Tile width</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_pixels">
+        <source>px</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_tile_height">
+        <source>Tile height</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_automatic">
+        <source>Automatic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_automatic_tip">
+        <source>Keeps the shape of the movie</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_gaps">
+        <source>Gaps</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_horizontal">
+        <source>Horizontal</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_horizontal_gaps">
+        <source>Horizontal gaps</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_vertical">
+        <source>Vertical</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_vertical_gaps">
+        <source>Vertical gaps</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_margin">
+        <source>Margin</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_width">
+        <source>Width</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_margin_width">
+        <source>Width of the margin</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_margin_slider">
+        <source>Width of the margin, slider</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_background">
+        <source>Background</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_background_color">
+        <source>Background colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_tile_frame">
+        <source>Tile frame</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_frame_width">
+        <source>Width of the tile frames</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_frame_slider">
+        <source>Width of the tile frames, slider</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_color">
+        <source>Colour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_frame_color">
+        <source>Colour of the tile frames</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_shadow">
+        <source>Shadow</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_shadow_tip">
+        <source>Each tile casts a shadow; the preview shows none</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_set_as_default">
+        <source>Set as default</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_set_as_default_tip">
+        <source>Movies loaded from now on start with these settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_apply_to_all">
+        <source>Apply to all</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_apply_to_all_tip">
+        <source>Gives these settings to every movie of the list</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_previous">
+        <source>Previous</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_previous_tip">
+        <source>Keeps the settings and goes on with the movie above (Alt+Left)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_next">
+        <source>Next</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_next_tip">
+        <source>Keeps the settings and goes on with the movie below (Alt+Right)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_cancel">
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="editor_done">
+        <source>Done</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -238,6 +438,10 @@
     </message>
     <message id="action_about">
         <source>About Tessarine</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="action_custom_collage_tip">
+        <source>Shapes the collage of the selected movie, or of all</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

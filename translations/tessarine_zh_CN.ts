@@ -47,10 +47,6 @@
         <source>Crash</source>
         <translation>崩溃</translation>
     </message>
-    <message id="action_custom_collage_missing">
-        <source>The editor for single collages is not built yet</source>
-        <translation>单个拼图的编辑器尚未完成</translation>
-    </message>
     <message id="import_panel_title">
         <source>Import movies</source>
         <translation>导入影片</translation>
@@ -120,6 +116,210 @@
     <message id="OK">
         <source>OK</source>
         <translation>好</translation>
+    </message>
+    <message id="WrongNumberInput">
+        <source>This number is too small: rows and columns begin at 1, gaps, margin and frames at 0.</source>
+        <oldsource>This number is too small</oldsource>
+        <translation>数值太小：行数和列数至少为 1，间距、边距和边框至少为 0。</translation>
+    </message>
+    <message id="slider_start_handle">
+        <source>Start handle</source>
+        <translation>起点滑块</translation>
+    </message>
+    <message id="slider_end_handle">
+        <source>End handle</source>
+        <translation>终点滑块</translation>
+    </message>
+    <message id="WrongTimeInput">
+        <source>This time is outside the movie, or the start would come after the end.</source>
+        <translation>时间超出影片范围，或者开始晚于结束。</translation>
+    </message>
+    <message id="time_hours">
+        <source>hours</source>
+        <translation>小时</translation>
+    </message>
+    <message id="time_minutes">
+        <source>minutes</source>
+        <translation>分</translation>
+    </message>
+    <message id="time_seconds">
+        <source>seconds</source>
+        <translation>秒</translation>
+    </message>
+</context>
+<context>
+    <name>KTCustomCollageWndCtl</name>
+    <message id="editor_title">
+        <source>The movie being edited</source>
+        <translation>正在编辑的影片</translation>
+    </message>
+    <message id="editor_start">
+        <source>Start</source>
+        <translation>开始</translation>
+    </message>
+    <message id="editor_start_tip">
+        <source>Time of the first tile (hours : minutes : seconds)</source>
+        <translation>第一格的时间（时:分:秒）</translation>
+    </message>
+    <message id="editor_range">
+        <source>Clip range</source>
+        <translation>片段范围</translation>
+    </message>
+    <message id="editor_range_tip">
+        <source>The stretch of the movie that the tiles show</source>
+        <translation>各格所显示的影片片段</translation>
+    </message>
+    <message id="editor_end">
+        <source>End</source>
+        <translation>结束</translation>
+    </message>
+    <message id="editor_end_tip">
+        <source>Time of the last tile (hours : minutes : seconds)</source>
+        <translation>最后一格的时间（时:分:秒）</translation>
+    </message>
+    <message id="editor_grid">
+        <source>Grid</source>
+        <translation>网格</translation>
+    </message>
+    <message id="editor_rows">
+        <source>Rows</source>
+        <translation>行数</translation>
+    </message>
+    <message id="editor_columns">
+        <source>Columns</source>
+        <translation>列数</translation>
+    </message>
+    <message id="editor_tile_width">
+        <source>Tile width</source>
+        <translation>格宽</translation>
+    </message>
+    <message id="editor_pixels">
+        <source>px</source>
+        <translation>像素</translation>
+    </message>
+    <message id="editor_tile_height">
+        <source>Tile height</source>
+        <translation>格高</translation>
+    </message>
+    <message id="editor_automatic">
+        <source>Automatic</source>
+        <translation>自动</translation>
+    </message>
+    <message id="editor_automatic_tip">
+        <source>Keeps the shape of the movie</source>
+        <translation>保持影片的画面比例</translation>
+    </message>
+    <message id="editor_gaps">
+        <source>Gaps</source>
+        <translation>间距</translation>
+    </message>
+    <message id="editor_horizontal">
+        <source>Horizontal</source>
+        <translation>水平</translation>
+    </message>
+    <message id="editor_horizontal_gaps">
+        <source>Horizontal gaps</source>
+        <translation>水平间距</translation>
+    </message>
+    <message id="editor_vertical">
+        <source>Vertical</source>
+        <translation>垂直</translation>
+    </message>
+    <message id="editor_vertical_gaps">
+        <source>Vertical gaps</source>
+        <translation>垂直间距</translation>
+    </message>
+    <message id="editor_margin">
+        <source>Margin</source>
+        <translation>边距</translation>
+    </message>
+    <message id="editor_width">
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message id="editor_margin_width">
+        <source>Width of the margin</source>
+        <translation>边距宽度</translation>
+    </message>
+    <message id="editor_margin_slider">
+        <source>Width of the margin, slider</source>
+        <translation>边距宽度滑块</translation>
+    </message>
+    <message id="editor_background">
+        <source>Background</source>
+        <translation>背景</translation>
+    </message>
+    <message id="editor_background_color">
+        <source>Background colour</source>
+        <translation>背景颜色</translation>
+    </message>
+    <message id="editor_tile_frame">
+        <source>Tile frame</source>
+        <translation>边框</translation>
+    </message>
+    <message id="editor_frame_width">
+        <source>Width of the tile frames</source>
+        <translation>边框宽度</translation>
+    </message>
+    <message id="editor_frame_slider">
+        <source>Width of the tile frames, slider</source>
+        <translation>边框宽度滑块</translation>
+    </message>
+    <message id="editor_color">
+        <source>Colour</source>
+        <translation>颜色</translation>
+    </message>
+    <message id="editor_frame_color">
+        <source>Colour of the tile frames</source>
+        <translation>边框颜色</translation>
+    </message>
+    <message id="editor_shadow">
+        <source>Shadow</source>
+        <translation>阴影</translation>
+    </message>
+    <message id="editor_shadow_tip">
+        <source>Each tile casts a shadow; the preview shows none</source>
+        <translation>每格带阴影；预览中不显示</translation>
+    </message>
+    <message id="editor_set_as_default">
+        <source>Set as default</source>
+        <translation>设为默认</translation>
+    </message>
+    <message id="editor_set_as_default_tip">
+        <source>Movies loaded from now on start with these settings</source>
+        <translation>以后载入的影片采用这些设置</translation>
+    </message>
+    <message id="editor_apply_to_all">
+        <source>Apply to all</source>
+        <translation>应用到全部</translation>
+    </message>
+    <message id="editor_apply_to_all_tip">
+        <source>Gives these settings to every movie of the list</source>
+        <translation>将这些设置用于列表中的所有影片</translation>
+    </message>
+    <message id="editor_previous">
+        <source>Previous</source>
+        <translation>上一个</translation>
+    </message>
+    <message id="editor_previous_tip">
+        <source>Keeps the settings and goes on with the movie above (Alt+Left)</source>
+        <translation>保留设置并转到上一部影片（Alt+←）</translation>
+    </message>
+    <message id="editor_next">
+        <source>Next</source>
+        <translation>下一个</translation>
+    </message>
+    <message id="editor_next_tip">
+        <source>Keeps the settings and goes on with the movie below (Alt+Right)</source>
+        <translation>保留设置并转到下一部影片（Alt+→）</translation>
+    </message>
+    <message id="editor_cancel">
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message id="editor_done">
+        <source>Done</source>
+        <translation>完成</translation>
     </message>
 </context>
 <context>
@@ -238,6 +438,10 @@
     <message id="action_about">
         <source>About Tessarine</source>
         <translation>关于 Tessarine</translation>
+    </message>
+    <message id="action_custom_collage_tip">
+        <source>Shapes the collage of the selected movie, or of all</source>
+        <translation>调整所选影片或全部影片的拼图</translation>
     </message>
 </context>
 <context>

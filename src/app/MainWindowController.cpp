@@ -33,6 +33,10 @@ MainWindowController::MainWindowController(Services windowServices) :
                                                            services.trustedFolders, services.alert, services.workspace,
                                                            services.mainQueue, services.renderPreview},
                                        static_cast<JobsView &>(*this));
+    collageEditing =
+        std::make_unique<CollageEditing>(CollageEditing::Services{services.defaults, services.alert, aryItems,
+                                                                  *ui->tableView, *jobs, services.metadataText},
+                                         *this);
     outputFolder = std::make_unique<OutputFolderControls>(
         OutputFolderControls::Widgets{ui->lblOutputPath, ui->btnBrowser, ui->btnOpen, ui->chkSameOrigin},
         OutputFolderControls::Services{services.defaults, services.trustedFolders, services.alert, services.openPanel,
@@ -58,8 +62,6 @@ void MainWindowController::addToolbarItems()
     ui->clearlibrary->setIcon(symbolicIcon(QStringLiteral("clear")));
     ui->customcollage->setIcon(symbolicIcon(QStringLiteral("customcollage")));
     ui->preferences->setIcon(symbolicIcon(QStringLiteral("preferences")));
-    //% "The editor for single collages is not built yet"
-    ui->customcollage->setToolTip(qtTrId("action_custom_collage_missing"));
 }
 
 void MainWindowController::connectActions()
@@ -68,6 +70,8 @@ void MainWindowController::connectActions()
     connect(ui->deleteMovies, &QAction::triggered, this, &MainWindowController::deleteDown);
     connect(ui->clearlibrary, &QAction::triggered, this, &MainWindowController::clearDown);
     connect(ui->selectAll, &QAction::triggered, ui->tableView, &QAbstractItemView::selectAll);
+    connect(ui->customcollage, &QAction::triggered, this, &MainWindowController::customCollageDown);
+    connect(ui->tableView, &QAbstractItemView::activated, this, &MainWindowController::customCollageDown);
     connect(ui->preferences, &QAction::triggered, this, &MainWindowController::preferencesDown);
     connect(ui->start, &QAction::triggered, this, &MainWindowController::startDown);
     connect(ui->btnStart, &QPushButton::clicked, this, &MainWindowController::startDown);
@@ -126,6 +130,11 @@ void MainWindowController::startDown()
     jobs->startExport(outputFolder->outputPath());
 }
 
+void MainWindowController::customCollageDown()
+{
+    collageEditing->customCollageDown();
+}
+
 void MainWindowController::preferencesDown()
 {
     services.showPreferences();
@@ -150,7 +159,7 @@ bool MainWindowController::validateToolbarItem(const QString &identifier)
         ui->start->setEnabled(hasMovies);
         return hasMovies;
     }
-    return identifier != u"customcollage"; // its editor is yet to come
+    return identifier != u"customcollage" || !ui->tableView->selectedRows().empty();
 }
 
 void MainWindowController::updateActions()
@@ -219,8 +228,9 @@ void MainWindowController::quit()
 void MainWindowController::closeEvent(QCloseEvent *event)
 {
     closing = true;
+    jobs->cancelAll();
+    collageEditing->cancel();
     if (jobs->isRunning()) {
-        jobs->cancelAll();
         event->ignore(); // comes again when the job has ended
         return;
     }

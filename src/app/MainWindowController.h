@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/CollageEditing.h"
 #include "app/DropDelegate.h"
 #include "app/MovieJobs.h"
 #include "app/MovieList.h"
@@ -40,6 +41,7 @@ public:
         QString home;
         bool experimental; ///< the remote flag: whether collages can go beside their movies
         std::function<QImage(const KTMovieObject &)> renderPreview; ///< called on the loading thread
+        std::function<QString(const KTMovieObject &)> metadataText; ///< the block of facts about a movie
         std::function<void()> showPreferences;
     };
 
@@ -61,6 +63,7 @@ public:
     void deleteDown();
     void clearDown();
     void startDown();
+    void customCollageDown();
     void preferencesDown();
     /// Whether the command of that identifier can be used now. For the two that empty the list, the Start button
     /// follows the answer.
@@ -95,6 +98,7 @@ private:
     std::unique_ptr<VXLoadingWndCtl> loadingWndCtl;
     std::unique_ptr<OutputFolderControls> outputFolder;
     std::unique_ptr<MovieJobs> jobs;
+    std::unique_ptr<CollageEditing> collageEditing;
     NotificationCenter::Observation cancelObservation;
     bool closing = false; // as soon as the running job has ended
 };

@@ -322,7 +322,7 @@ bool KTCustomCollageWndCtl::controlTextShouldEndEditing(QLineEdit &field)
     if (number && CollageNumbers::isGridSize(*number))
         title = QStringLiteral("The Grid Size must be bigger than 30 * 30");
     else if (number)
-        //% "This number is too small"
+        //% "This number is too small: rows and columns begin at 1, gaps, margin and frames at 0."
         title = qtTrId("WrongNumberInput");
     //% "OK"
     services.alert.show(title, {}, {qtTrId("OK")}, [](int) {});

@@ -1,0 +1,124 @@
+// How long the main thread of the window keeps events waiting while the list is filled and used. See window-answers.
+
+#include "Shared/FrameGrabber.h"
+#include "app/AppDelegate.h"
+#include "app/DefaultsSeed.h"
+#include "platform/AlertPanel.h"
+#include "platform/FolderBookmarks.h"
+#include "platform/MainQueue.h"
+#include "platform/OpenPanel.h"
+#include "platform/PreferenceKeys.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTest>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <utility>
+
+namespace {
+
+class Silent final : public AlertPanel, public OpenPanel, public Workspace {
+public:
+    int run(const QString & /*title*/, const QString & /*message*/, const QStringList & /*buttons*/) override
+    {
+        return 0;
+    }
+    void open(const OpenPanelRequest & /*request*/, Chosen chosen) override { chosen({}); }
+    void openFile(const QString & /*path*/) override {}
+    void revealFile(const QString & /*path*/) override {}
+};
+
+/// Beats on the main thread; what comes between two beats, less their distance, is what an event would have waited.
+class Heartbeat {
+public:
+    Heartbeat()
+    {
+        QObject::connect(&timer, &QTimer::timeout, [this] { longest = std::max(longest, clock.restart()); });
+        timer.setTimerType(Qt::PreciseTimer);
+        timer.start(1);
+        clock.start();
+    }
+    /// Milliseconds, since the last time.
+    qint64 takeLongest() { return std::exchange(longest, 0); }
+
+private:
+    QTimer timer;
+    QElapsedTimer clock;
+    qint64 longest = 0;
+};
+
+double residentMegabytes()
+{
+    QFile status(QStringLiteral("/proc/self/statm"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0.0;
+    return status.readAll().split(' ').value(1).toDouble() * 4096.0 / 1e6;
+}
+
+void report(const char *what, Heartbeat &heart)
+{
+    QTest::qWait(50); // what the deed leaves to later
+    std::printf("%-28s longest wait %3lld ms, resident %.0f MB\n", what, heart.takeLongest(), residentMegabytes());
+    std::fflush(stdout);
+}
+
+void measure(AppDelegate &delegate, const QString &folder)
+{
+    Heartbeat heart;
+    auto &window = delegate.mainWindow();
+    auto &table = *window.findChild<QTableView *>(QStringLiteral("tableView"));
+    QScrollBar &bar = *table.verticalScrollBar();
+    report("empty", heart);
+    window.loadMediasWithPaths({folder}, 0);
+    while (window.isJobRunning())
+        QTest::qWait(100);
+    report("loaded", heart);
+    std::printf("rows: %d\n", table.model()->rowCount());
+    for (int step = 0; step <= 200; ++step) {
+        bar.setValue(static_cast<int>(static_cast<qint64>(bar.maximum()) * step / 200));
+        QTest::qWait(5);
+    }
+    report("scrolled through", heart);
+    window.findChild<QAction *>(QStringLiteral("selectAll"))->trigger();
+    report("all selected", heart);
+    table.selectRow(table.model()->rowCount() / 2);
+    for (int step = 0; step < 50; ++step)
+        QTest::keyClick(&table, Qt::Key_Down);
+    report("50 rows down", heart);
+    QTest::keyClick(&table, Qt::Key_Delete);
+    report("one deleted", heart);
+    window.findChild<QAction *>(QStringLiteral("selectAll"))->trigger();
+    QTest::keyClick(&table, Qt::Key_Delete);
+    report("all deleted", heart);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() != 4) {
+        std::fprintf(stderr, "usage: window-answers TOOL MOVIES SCRATCH\n");
+        return 2;
+    }
+    const QString &scratch = arguments.at(3);
+    UserDefaults defaults(scratch + u"/store.ini");
+    DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), scratch);
+    FrameGrabber grabber(arguments.at(1), scratch);
+    const PathBookmarks bookmarks;
+    Silent silent;
+    MainQueue mainQueue;
+    AppDelegate delegate({defaults, grabber, bookmarks, silent, silent, silent, mainQueue, scratch});
+    delegate.applicationDidFinishLaunching();
+    measure(delegate, arguments.at(2));
+}
