@@ -16,26 +16,23 @@ class CommandLineTest : public testing::Test {
 protected:
     CommandLineTest()
     {
-        for (const char *name : {"bin", "tmp", "config", "out"}) {
+        for (const char *name : {"bin", "tmp", "config", "out"})
             folder.makeFolder(name);
-        }
         // The tool lies beside the program, so a program with another tool is a copy of it.
         QFile::copy(QStringLiteral(TESSARINE_EXECUTABLE), folder.path("bin/tessarine"));
         folder.link(TESSARINE_FFMPEG, "bin/ffmpeg");
         environment.insert(QStringLiteral("TMPDIR"), folder.path("tmp"));
         environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.path("config"));
-        for (const char *name : {"QT_LOGGING_RULES", "LANG", "LC_ALL", "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM",
-                                 "XDG_RUNTIME_DIR"}) {
+        for (const char *name :
+             {"QT_LOGGING_RULES", "LANG", "LC_ALL", "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"})
             environment.remove(QString::fromLatin1(name));
-        }
     }
 
     void useTool(const char *script)
     {
         QFile::remove(folder.path("bin/ffmpeg"));
-        if (script != nullptr) {
+        if (script != nullptr)
             scriptedTool(folder, "bin/ffmpeg", script);
-        }
     }
 
     void start(const QStringList &arguments)
@@ -109,9 +106,8 @@ TEST_F(CommandLineTest, AnInterruptStopsAHangingToolAndLeavesNothing)
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         QFile::remove(folder.path("pid"));
         start(exportMovie);
-        while (!folder.has("pid") && program.state() == QProcess::Running) {
+        while (!folder.has("pid") && program.state() == QProcess::Running)
             program.waitForReadyRead(10);
-        }
         const pid_t tool = folder.read("pid").trimmed().toInt();
         kill(static_cast<pid_t>(program.processId()), signal);
         EXPECT_EQ(finish(), 130) << signal;

@@ -53,9 +53,8 @@ TEST(Console, ATerminalGetsABarThatFitsAndGoesAway)
     // A terminal hands its bytes over in pieces; the slave's closing ends them.
     QByteArray bytes;
     std::array<char, 256> piece{};
-    for (ssize_t got = 0; (got = read(master, piece.data(), piece.size())) > 0;) {
+    for (ssize_t got = 0; (got = read(master, piece.data(), piece.size())) > 0;)
         bytes.append(piece.data(), got);
-    }
     close(master);
     EXPECT_EQ(bytes.split('\r'), (QByteArrayList{"", "[######..................] movie 1 of 2\x1b[K", "\x1b[K",
                                                  "[########################] movie 2 of 2\x1b[K", "\x1b[K"}));

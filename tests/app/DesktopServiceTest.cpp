@@ -2,11 +2,9 @@
 
 #include "platform/FileUri.h"
 #include "platform/PathText.h"
-#include "support/SessionBus.h"
+#include "support/FakeService.h"
 
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
-#include <QDBusVirtualObject>
+#include <QDBusArgument>
 #include <QEventLoop>
 
 #include <gtest/gtest.h>
@@ -91,37 +89,23 @@ TEST(DesktopServiceTest, AFirstThatQuitsLeavesItsPlaceAndNoBusIsNoHindrance)
     EXPECT_EQ(lonely.start({QStringLiteral("/m/a.mp4")}), Outcome::Alone);
 }
 
-/// Stands for a running program, and keeps what it is sent.
-class Owner : public QDBusVirtualObject {
-public:
-    QString introspect(const QString & /*path*/) const override { return {}; }
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
-    {
-        received = message;
-        return connection.send(message.createReply());
-    }
-
-    QDBusMessage received;
-};
-
 TEST(DesktopServiceTest, CallsAreThoseThatEveryDesktopProgramUnderstands)
 {
     const SessionBus bus;
-    QDBusConnection connection = bus.connect();
-    Owner owner;
-    ASSERT_TRUE(connection.registerVirtualObject(QStringLiteral("/org/tessarine/Tessarine"), &owner));
-    ASSERT_TRUE(connection.registerService(Program::name()));
+    const FakeService running(bus, Program::name());
     qputenv("XDG_ACTIVATION_TOKEN", "token-7");
-    EXPECT_EQ(startElsewhere(bus, {QStringLiteral("/m/a b.mp4")}), Outcome::HandedOver);
-    EXPECT_EQ(owner.received.interface(), QStringLiteral("org.freedesktop.Application"));
-    EXPECT_EQ(owner.received.member(), QStringLiteral("Open"));
-    EXPECT_EQ(owner.received.signature(), QStringLiteral("asa{sv}"));
-    EXPECT_EQ(owner.received.arguments().value(0).toStringList(), QStringList(QStringLiteral("file:///m/a%20b.mp4")));
-    const auto platformData = qdbus_cast<QVariantMap>(owner.received.arguments().value(1));
-    EXPECT_EQ(platformData.value(QStringLiteral("activation-token")).toString(), QStringLiteral("token-7"));
-    EXPECT_EQ(startElsewhere(bus, {}), Outcome::HandedOver);
-    EXPECT_EQ(owner.received.member() + owner.received.signature(), QStringLiteral("Activatea{sv}"));
+    EXPECT_EQ(Program(bus).service.start({QStringLiteral("/m/a b.mp4")}), Outcome::HandedOver);
+    EXPECT_EQ(Program(bus).service.start({}), Outcome::HandedOver);
     qunsetenv("XDG_ACTIVATION_TOKEN");
+    ASSERT_EQ(running.calls().size(), 2);
+    const QDBusMessage open = running.calls().first();
+    EXPECT_EQ(open.path(), u"/org/tessarine/Tessarine");
+    EXPECT_EQ(open.interface(), u"org.freedesktop.Application");
+    EXPECT_EQ(open.member() + open.signature(), u"Openasa{sv}");
+    EXPECT_EQ(open.arguments().at(0).toStringList().join(u' '), u"file:///m/a%20b.mp4");
+    const auto platformData = qdbus_cast<QVariantMap>(open.arguments().at(1));
+    EXPECT_EQ(platformData.value(QStringLiteral("activation-token")).toString(), u"token-7");
+    EXPECT_EQ(running.calls().last().member() + running.calls().last().signature(), u"Activatea{sv}");
 }
 
 TEST(DesktopServiceTest, OnlyFilesOfThisMachineAreOpened)
@@ -129,13 +113,12 @@ TEST(DesktopServiceTest, OnlyFilesOfThisMachineAreOpened)
     const SessionBus bus;
     Program program(bus);
     program.service.setReady();
-    program.service.Open({QStringLiteral("http://host/a.mp4")}, {});
+    program.service.Open({u"http://host/a.mp4"_qs}, {});
     EXPECT_EQ(program.log, QStringList());
-    program.service.Open({QStringLiteral("file://elsewhere/a.mp4"), QStringLiteral("FILE://localhost/m/b.mp4"),
-                          QStringLiteral("file:/m/c%zz%2"), QStringLiteral("file:///%00"), QStringLiteral("/m/d"),
-                          QStringLiteral("file:"), QString()},
+    program.service.Open({u"file://elsewhere/a.mp4"_qs, u"FILE://localhost/m/b.mp4"_qs, u"file:/m/c%zz%2"_qs,
+                          u"file:///%00"_qs, u"/m/d"_qs, u"file:"_qs, QString()},
                          {});
-    EXPECT_EQ(program.log, QStringList(QStringLiteral("open /m/b.mp4|/m/c%zz%2")));
+    EXPECT_EQ(program.log, QStringList(u"open /m/b.mp4|/m/c%zz%2"_qs));
 }
 
 } // namespace

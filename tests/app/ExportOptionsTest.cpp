@@ -27,9 +27,8 @@ TEST(ExportOptions, ReadsEveryOption)
     EXPECT_EQ(options.end, 3723.5);
 
     QMap<QString, QString> settings;
-    for (const SettingOption &setting : options.settings) {
+    for (const SettingOption &setting : options.settings)
         settings.insert(setting.key, setting.value.toString());
-    }
     EXPECT_EQ(settings.values(), // by key: columns, gaps, rows, width, ground, format
               (QStringList{u"5"_qs, u"7.9"_qs, u"4"_qs, u"120"_qs,
                            QString::fromUtf8(ColorArchive::archive(QColor(255, 0, 0, 128))), u"3"_qs}));
@@ -41,40 +40,39 @@ TEST(ExportOptions, ChoosesWhatToDo)
                                             {"--help", Action::ShowHelp},
                                             {"-v", Action::ShowVersion},
                                             {"--export --help", Action::ShowHelp},
-                                            {"a.mkv b.mkv", Action::OpenWindow}}) {
+                                            {"a.mkv b.mkv", Action::OpenWindow}})
         EXPECT_EQ(parse(QString::fromLatin1(arguments)).action, action) << arguments;
-    }
     EXPECT_EQ(ExportOptions::parse({QStringLiteral("tessarine")}).action, Action::OpenWindow);
+    EXPECT_EQ(parse(QStringLiteral("--rows 3 a")).action, Action::RefuseUsage);
 }
 
 TEST(ExportOptions, RefusesWhatMakesNoSense)
 {
-    for (const char *arguments : {"--export",
-                                  "--export ",
-                                  "--frobnicate",
-                                  "--rows 3 a",
-                                  "--export -o",
-                                  "--export -o out --beside a",
-                                  "--export --rows x a",
-                                  "--export --rows -1 a",
-                                  "--export --rows 2147483648 a",
-                                  "--export --columns 1.5 a",
-                                  "--export --tile-width 0 a",
-                                  "--export --format gif a",
-                                  "--export --format JPG a",
-                                  "--export --start 5:30 a",
-                                  "--export --start -1 a",
-                                  "--export --end nan a",
-                                  "--export --start 10 --end 9 a",
-                                  "--export --set Nonsense=1 a",
-                                  "--export --set DefaultRowNumber a",
-                                  "--export --set DefaultRowNumber=many a",
-                                  "--export --set DefultBkgColor=red a",
-                                  "--export --set DefaultDrawShadow=perhaps a",
-                                  "--export --set BookmarksKey=x a"}) {
-        const ExportOptions options = parse(QString::fromLatin1(arguments));
-        EXPECT_EQ(options.action, Action::RefuseUsage) << arguments;
-        EXPECT_FALSE(options.problem.isEmpty()) << arguments;
+    EXPECT_EQ(parse(QStringLiteral("--export --set DefaultRowNumber=1 a")).action, Action::Export); // the rest is good
+    for (const char *options : {"--frobnicate a",
+                                "-o",
+                                "-o out --beside a",
+                                "--rows x a",
+                                "--rows -1 a",
+                                "--rows 2147483648 a",
+                                "--columns 1.5 a",
+                                "--tile-width 0 a",
+                                "--format gif a",
+                                "--format JPG a",
+                                "--start 5:30 a",
+                                "--start -1 a",
+                                "--end nan a",
+                                "--start 10 --end 9 a",
+                                "--set Nonsense=1 a",
+                                "--set DefaultRowNumber a",
+                                "--set DefaultRowNumber=many a",
+                                "--set DefultBkgColor=red a",
+                                "--set DefaultDrawShadow=perhaps a",
+                                "--set BookmarksKey=x a",
+                                ""}) {
+        const ExportOptions refused = parse(u"--export " + QString::fromLatin1(options));
+        EXPECT_EQ(refused.action, Action::RefuseUsage) << options;
+        EXPECT_FALSE(refused.problem.isEmpty()) << options;
     }
 }
 

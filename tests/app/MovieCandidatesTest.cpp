@@ -13,9 +13,8 @@ class MovieCandidatesTest : public testing::Test {
 protected:
     MovieCandidatesTest()
     {
-        for (const char *name : {"films/inner/A.MKV", "films/notes.txt", "films/DISC.VOB", "b.xyz", "c.vob"}) {
+        for (const char *name : {"films/inner/A.MKV", "films/notes.txt", "films/DISC.VOB", "b.xyz", "c.vob"})
             folder.write(name);
-        }
         folder.link("films", "link");
         folder.link("nowhere", "dangling.mkv");
     }
@@ -26,16 +25,13 @@ protected:
         QByteArrayList heard;
         const auto shortened = [this](const QString &path) { return path.mid(folder.path().size() + 1).toUtf8(); };
         MovieCandidates::Events events;
-        events.unreadable = [&](const QString &path, const QString &e) {
-            heard += shortened(path) + ": " + e.toUtf8();
-        };
-        events.vobRefused = [&](const QString &path) { heard += shortened(path) + ": vob"; };
-        events.folder = [&](const QString &path, qsizetype n) {
-            heard += shortened(path) + ": " + QByteArray::number(n);
-        };
+        const auto hear = [&](const QString &path, const QByteArray &what) { heard += shortened(path) + ": " + what; };
+        events.unreadable = [&](const QString &path, const QString &error) { hear(path, error.toUtf8()); };
+        events.vobRefused = [&](const QString &path) { hear(path, "vob"); };
+        events.folder = [&](const QString &path, qsizetype movies) { hear(path, QByteArray::number(movies)); };
         QStringList paths;
-        std::ranges::transform(names, std::back_inserter(paths),
-                               [this](const auto &name) { return folder.path(name); });
+        for (const QByteArray &name : names)
+            paths += folder.path(name);
         const CancelFlag never = false;
         const QStringList extensions{QStringLiteral("mkv"), QStringLiteral("vob")};
         const QStringList found = MovieCandidates::expand(paths, extensions, acceptVob, events, never);
@@ -58,7 +54,7 @@ TEST_F(MovieCandidatesTest, FoldersAreSearchedAndAllElseIsTriedInTheGivenOrder)
 
 TEST_F(MovieCandidatesTest, AFolderThatCannotBeListedIsTold)
 {
-    std::filesystem::permissions(folder.bytes("films").toStdString(), std::filesystem::perms(0700));
+    folder.setMode(0700, "films");
     const WithoutPrivileges user;
     EXPECT_EQ(expand({"films"}), QByteArrayList{"films: Permission denied"});
 }

@@ -25,15 +25,12 @@ protected:
     template<typename Widget>
     Widget *find(const char *name)
     {
-        auto *widget = sheet.findChild<Widget *>(QLatin1StringView(name));
-        EXPECT_NE(widget, nullptr) << name;
-        return widget;
+        return sheet.findChild<Widget *>(QLatin1StringView(name));
     }
     QString text(const char *label) { return find<QLabel>(label)->text(); }
     double progress()
     {
         const auto *bar = find<QProgressBar>("prgSaving");
-        EXPECT_EQ(bar->minimum(), 0);
         return static_cast<double>(bar->value()) / bar->maximum();
     }
 
@@ -52,45 +49,35 @@ TEST_F(VXLoadingWndCtlTest, AJobOpensFillsAndClosesIt)
     sheet.startLoading(QStringLiteral("Loading..."), &window);
     EXPECT_TRUE(sheet.isVisible());
     EXPECT_EQ(sheet.windowModality(), Qt::WindowModal);
-    EXPECT_EQ(text("lblPrgTip"), u"Loading...");
-    sheet.updateProgress(0.25, QStringLiteral("Loading 2 of 8"), file, {});
-    EXPECT_EQ(text("lblPrgTip"), u"Loading 2 of 8");
-    EXPECT_EQ(text("lblSaveProgress"), file);
-    EXPECT_DOUBLE_EQ(progress(), 0.25);
+    for (const auto &[given, shown] : {std::pair(0.25, 0.25), {-1.0, 0.0}, {std::nan(""), 0.0}, {1e300, 1.0}}) {
+        sheet.updateProgress(given, QStringLiteral("Loading 2 of 8"), file, picture);
+        EXPECT_DOUBLE_EQ(progress(), shown) << given;
+    }
+    EXPECT_EQ(text("lblPrgTip") + text("lblSaveProgress"), u"Loading 2 of 8" + file);
+    const QPixmap shown = find<QLabel>("imageView")->pixmap();
+    EXPECT_NEAR(static_cast<double>(shown.width()) / shown.height(), 16.0 / 9.0, 0.03);
+    sheet.updateProgress(0.2, QString(), QString(), {}); // a picture stays until the next
+    EXPECT_EQ(find<QLabel>("imageView")->pixmap().cacheKey(), shown.cacheKey());
     sheet.endLoading();
     EXPECT_FALSE(sheet.isVisible());
 
     sheet.updateProgress(0.5, QString(), file, {}); // comes too late
     sheet.startLoading(QStringLiteral("again"), &window);
-    EXPECT_TRUE(sheet.isVisible());
-    EXPECT_EQ(text("lblSaveProgress"), QString());
+    EXPECT_EQ(text("lblPrgTip") + text("lblSaveProgress"), u"again");
     EXPECT_DOUBLE_EQ(progress(), 0.0);
-}
-
-TEST_F(VXLoadingWndCtlTest, AnyProgressStaysInRange)
-{
-    for (const auto &[given, shown] : {std::pair(-1.0, 0.0), {std::nan(""), 0.0}, {1e300, 1.0}, {1.0, 1.0}}) {
-        sheet.updateProgress(given, QString(), QString(), {});
-        EXPECT_DOUBLE_EQ(progress(), shown) << given;
-    }
 }
 
 TEST_F(VXLoadingWndCtlTest, EveryWayToCancelTellsOfItAndLeavesTheSheetOpen)
 {
     sheet.startLoading(QString(), &window);
-    auto *button = find<QPushButton>("btnCancel");
-    button->click();
-    button->click();
-    EXPECT_EQ(canceled, 2);
+    find<QPushButton>("btnCancel")->click();
     QTest::keyClick(&sheet, Qt::Key_Escape);
-    EXPECT_EQ(canceled, 3);
     EXPECT_FALSE(sheet.close());
-    EXPECT_EQ(canceled, 4);
+    EXPECT_EQ(canceled, 3);
     QTest::keyClick(&sheet, Qt::Key_Return); // typed ahead: no answer to anything
-    EXPECT_EQ(canceled, 4);
     EXPECT_TRUE(sheet.isVisible());
     sheet.endLoading();
-    EXPECT_EQ(canceled, 4);
+    EXPECT_EQ(canceled, 3);
 }
 
 TEST_F(VXLoadingWndCtlTest, TheModelsDifferInThePicturesRoom)
@@ -104,24 +91,12 @@ TEST_F(VXLoadingWndCtlTest, TheModelsDifferInThePicturesRoom)
 
     for (const int model : {1, 7, -1}) {
         sheet.setModel(model);
-        EXPECT_EQ(sheet.model(), model);
         EXPECT_FALSE(image->isHidden());
         EXPECT_EQ(box->geometry(), QRect(image->x() + image->width() + 15, image->y() + 35,
                                          sheet.width() - image->width() - 45, loading.height()));
     }
     sheet.setModel(0);
     EXPECT_EQ(box->geometry(), loading);
-}
-
-TEST_F(VXLoadingWndCtlTest, APictureStaysUntilTheNext)
-{
-    sheet.setModel(1);
-    sheet.startLoading(QString(), &window);
-    sheet.updateProgress(0.1, QString(), QString(), picture);
-    const QPixmap shown = find<QLabel>("imageView")->pixmap();
-    EXPECT_NEAR(static_cast<double>(shown.width()) / shown.height(), 16.0 / 9.0, 0.03);
-    sheet.updateProgress(0.2, QString(), QString(), {});
-    EXPECT_EQ(find<QLabel>("imageView")->pixmap().cacheKey(), shown.cacheKey());
 }
 
 TEST_F(VXLoadingWndCtlTest, TextsOfAnyLengthMoveNothing)

@@ -12,15 +12,10 @@ namespace {
 
 class ColorWellTest : public testing::Test {
 protected:
-    ColorWellTest()
-    {
-        well.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&well));
-    }
-    QColorDialog *openDialog()
+    QColorDialog &openDialog()
     {
         QTest::keyClick(&well, Qt::Key_Space);
-        return well.findChild<QColorDialog *>();
+        return *well.findChild<QColorDialog *>();
     }
     void drop(const QVariant &color)
     {
@@ -28,10 +23,9 @@ protected:
         data.setColorData(color);
         QDragEnterEvent enter(well.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(&well, &enter);
-        if (enter.isAccepted()) {
-            QDropEvent event(well.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent event(well.rect().center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        if (enter.isAccepted())
             QCoreApplication::sendEvent(&well, &event);
-        }
     }
 
     ColorWell well;
@@ -42,7 +36,6 @@ protected:
 TEST_F(ColorWellTest, OnlyTheUsersChoiceCountsAsChosen)
 {
     well.setColor(Qt::red);
-    EXPECT_EQ(well.accessibleDescription(), u"#ffff0000");
     drop(QColor(Qt::blue));
     EXPECT_EQ(well.color(), QColor(Qt::blue));
     drop(QColor(Qt::blue)); // no change
@@ -55,32 +48,19 @@ TEST_F(ColorWellTest, OnlyTheUsersChoiceCountsAsChosen)
 
 TEST_F(ColorWellTest, DialogShowsItsChoiceAtOnceAndTakesItBackOnCancel)
 {
+    well.show();
     const QColor before(10, 20, 30, 40);
+    const QColor after(200, 20, 30, 99);
     well.setColor(before);
-    QColorDialog *dialog = openDialog();
-    ASSERT_NE(dialog, nullptr);
-    EXPECT_EQ(dialog->currentColor(), before) << "the alpha too";
-    dialog->setCurrentColor(QColor(200, 20, 30, 99));
-    EXPECT_EQ(well.color(), QColor(200, 20, 30, 99));
-    dialog->reject();
-    EXPECT_EQ(well.color(), before);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-
-    dialog = openDialog();
-    ASSERT_NE(dialog, nullptr);
-    dialog->setCurrentColor(Qt::green);
-    dialog->accept();
-    EXPECT_EQ(well.color(), QColor(Qt::green));
-}
-
-TEST_F(ColorWellTest, ColourIsSeenOverACheckerboardWhereItIsTransparent)
-{
-    well.resize(60, 40);
-    well.setColor(Qt::red);
-    EXPECT_EQ(well.grab().toImage().pixelColor(30, 20), QColor(Qt::red));
-    well.setColor(Qt::transparent);
-    const QImage image = well.grab().toImage();
-    EXPECT_NE(image.pixelColor(30, 20), image.pixelColor(34, 20));
+    for (const bool accepted : {false, true}) {
+        QColorDialog &dialog = openDialog();
+        EXPECT_EQ(dialog.currentColor(), before);
+        dialog.setCurrentColor(after);
+        EXPECT_EQ(well.color(), after);
+        static_cast<QDialog &>(dialog).done(accepted ? QDialog::Accepted : QDialog::Rejected);
+        EXPECT_EQ(well.color(), accepted ? after : before);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 } // namespace

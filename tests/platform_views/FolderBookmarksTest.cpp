@@ -1,48 +1,11 @@
 #include "platform/FolderBookmarks.h"
 
+#include "support/FakeService.h"
 #include "support/ScratchFolder.h"
-#include "support/SessionBus.h"
-
-#include <QDBusMessage>
-#include <QDBusVirtualObject>
-#include <QThread>
 
 #include <gtest/gtest.h>
 
 namespace {
-
-/// Answers GetMountPoint in the document portal's place, on a thread of its own.
-class FakePortal final : public QDBusVirtualObject {
-public:
-    FakePortal(const SessionBus &bus, const QByteArray &mountPoint) : answer(mountPoint), connection(bus.connect())
-    {
-        moveToThread(&thread);
-        thread.start();
-        connection.registerVirtualObject(QStringLiteral("/org/freedesktop/portal/documents"), this);
-        connection.registerService(QStringLiteral("org.freedesktop.portal.Documents"));
-    }
-    ~FakePortal() override
-    {
-        connection.unregisterService(QStringLiteral("org.freedesktop.portal.Documents"));
-        connection.unregisterObject(QStringLiteral("/org/freedesktop/portal/documents"));
-        thread.quit();
-        thread.wait();
-    }
-
-    QString introspect(const QString & /*path*/) const override { return {}; }
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override
-    {
-        if (message.interface() != u"org.freedesktop.portal.Documents" || message.member() != u"GetMountPoint") {
-            return false;
-        }
-        return bus.send(message.createReply(answer));
-    }
-
-private:
-    const QByteArray answer;
-    QThread thread;
-    QDBusConnection connection;
-};
 
 class PortalBookmarksTest : public testing::Test {
 protected:
@@ -89,30 +52,20 @@ TEST_F(PortalBookmarksTest, OtherFoldersAreRememberedByPath)
     EXPECT_FALSE(bookmarks.bookmarkData({}));
 }
 
-TEST_F(PortalBookmarksTest, PortalIsAskedWhereItIs)
-{
-    const SessionBus bus;
-    const FakePortal portal(bus, QByteArray("/run/user/0/d\xFF") + '\0');
-    EXPECT_EQ(PortalBookmarks::mountPointOf(bus.connect()), PathText::fromBytes("/run/user/0/d\xFF"));
-}
-
-TEST_F(PortalBookmarksTest, WithoutAnAnswerThePortalIsInItsUsualPlace)
+TEST_F(PortalBookmarksTest, PortalIsAskedWhereItIsAndElseInItsUsualPlace)
 {
     const QString usual = PathText::fromBytes(qgetenv("XDG_RUNTIME_DIR")) + u"/doc";
-    const SessionBus bus;
-    EXPECT_EQ(PortalBookmarks::mountPointOf(bus.connect()), usual);
+    const SessionBus silent;
+    EXPECT_EQ(PortalBookmarks::mountPointOf(silent.connect()), usual);
     EXPECT_EQ(PortalBookmarks::mountPointOf(QDBusConnection(QStringLiteral("none"))), usual);
-    const FakePortal portal(bus, "relative");
-    EXPECT_EQ(PortalBookmarks::mountPointOf(bus.connect()), usual);
-}
-
-TEST_F(PortalBookmarksTest, SandboxDecidesTheKind)
-{
-    const QDBusConnection noBus(QStringLiteral("none"));
-    const auto outside = FolderBookmarks::ofThisSystem(noBus, scratch.path("missing"));
-    EXPECT_NE(dynamic_cast<PathBookmarks *>(outside.get()), nullptr);
-    const auto inside = FolderBookmarks::ofThisSystem(noBus, scratch.write("flatpak-info"));
-    EXPECT_NE(dynamic_cast<PortalBookmarks *>(inside.get()), nullptr);
+    for (const auto &[answer, place] :
+         {std::pair{QByteArray("relative"), usual},
+          {QByteArray("/run/user/0/d\xFF") + '\0', PathText::fromBytes("/run/user/0/d\xFF")}}) {
+        const SessionBus bus;
+        const FakeService portal(bus, QStringLiteral("org.freedesktop.portal.Documents"),
+                                 {{QStringLiteral("GetMountPoint"), answer}});
+        EXPECT_EQ(PortalBookmarks::mountPointOf(bus.connect()), place);
+    }
 }
 
 } // namespace

@@ -67,21 +67,16 @@ TEST_F(PanelsTest, AlertAnswersWithTheButtonsIndex)
 
 TEST_F(PanelsTest, ThreadThatAsksWaitsForTheAnswerOfTheMainThread)
 {
-    auto answer = std::async(std::launch::async, [this] { return alert.run({}, {}, buttons); });
-    QTest::mouseClick(waitForAlert()->buttons().at(1), Qt::LeftButton);
-    EXPECT_EQ(answer.get(), 1);
-}
-
-TEST_F(PanelsTest, ThreadIsNotLeftWaitingWhenItsQuestionGoesAway)
-{
-    auto answer = std::async(std::launch::async, [this] { return alert.run({}, {}, buttons); });
-    delete waitForAlert();
-    EXPECT_EQ(answer.get(), 2);
-}
-
-TEST_F(PanelsTest, QuestionOfTheMainThreadIsShownWithoutWaiting)
-{
-    EXPECT_EQ(alert.run({}, {}, buttons), 2);
+    for (const bool answered : {true, false}) { // else its question goes away
+        auto answer = std::async(std::launch::async, [this] { return alert.run({}, {}, buttons); });
+        QMessageBox *box = waitForAlert();
+        if (answered)
+            QTest::mouseClick(box->buttons().at(1), Qt::LeftButton);
+        EXPECT_TRUE(!answered || answer.get() == 1);
+        delete box;
+        EXPECT_TRUE(answered || answer.get() == 2);
+    }
+    EXPECT_EQ(alert.run({}, {}, buttons), 2); // the main thread's question is shown without waiting
     EXPECT_NE(dialog<QMessageBox>(), nullptr);
 }
 
@@ -89,72 +84,58 @@ class FileOpenPanelTest : public PanelsTest {
 protected:
     FileOpenPanelTest()
     {
-        scratch.write("one.mkv");
-        scratch.write("TWO.MKV");
-        scratch.write("other.txt");
+        for (const char *name : {"one.mkv", "TWO.MKV", "other.txt"})
+            scratch.write(name);
         scratch.makeFolder("folder");
+        request.folder = scratch.path();
     }
 
-    /// Opens the panel in the scratch folder and waits until it shows this many names.
-    QFileDialog &open(OpenPanelRequest request, int names)
+    /// Opens the panel and waits until it shows this many names.
+    QFileDialog &open(int names)
     {
-        request.folder = scratch.path();
         panel.open(request, [this](const QStringList &paths) { chosen.push_back(paths); });
         auto *opened = dialog<QFileDialog>();
-        EXPECT_NE(opened, nullptr);
         const auto *list = opened->findChild<QTreeView *>(QStringLiteral("treeView"));
         EXPECT_TRUE(QTest::qWaitFor([list, names] { return list->model()->rowCount(list->rootIndex()) == names; }));
         return *opened;
     }
-    /// Types names as the user would and ends the panel.
-    void choose(QFileDialog &opened, const QString &names)
-    {
-        opened.findChild<QLineEdit *>()->setText(names);
-        static_cast<QDialog &>(opened).accept();
-    }
 
     const ScratchFolder scratch;
+    OpenPanelRequest request;
     FileOpenPanel panel{false};
     std::vector<QStringList> chosen;
 };
 
 TEST_F(FileOpenPanelTest, TakesFilesAndFoldersTogether)
 {
-    const OpenPanelRequest request{.title = QStringLiteral("Import"),
-                                   .prompt = QStringLiteral("Import it"),
-                                   .folder = {},
-                                   .files = true,
-                                   .folders = true,
-                                   .multiple = true,
-                                   .extensions = {QStringLiteral("mkv")}};
-    QFileDialog &opened = open(request, 3); // the text file is not offered
+    request = {.title = QStringLiteral("Import"),
+               .prompt = QStringLiteral("Import it"),
+               .folder = scratch.path(),
+               .files = true,
+               .folders = true,
+               .multiple = true,
+               .extensions = {QStringLiteral("mkv")}};
+    QFileDialog &opened = open(3); // the text file is not offered
     EXPECT_EQ(opened.windowTitle(), u"Import");
     EXPECT_EQ(opened.labelText(QFileDialog::Accept), u"Import it");
-    choose(opened, QStringLiteral("\"one.mkv\" \"folder\""));
+    opened.findChild<QLineEdit *>()->setText(QStringLiteral("\"one.mkv\" \"folder\"")); // as the user would type it
+    static_cast<QDialog &>(opened).accept();
     ASSERT_EQ(chosen.size(), 1U);
     EXPECT_THAT(chosen.front(), UnorderedElementsAre(scratch.path("one.mkv"), scratch.path("folder")));
 }
 
-TEST_F(FileOpenPanelTest, TakesSeveralFolders)
+TEST_F(FileOpenPanelTest, TakesSeveralFoldersOrNothingOnCancel)
 {
     scratch.makeFolder("second");
-    const OpenPanelRequest request{
-        .title = {}, .prompt = {}, .folder = {}, .files = false, .folders = true, .multiple = true, .extensions = {}};
-    QFileDialog &opened = open(request, 2);
-    auto *list = opened.findChild<QTreeView *>(QStringLiteral("treeView"));
-    list->selectAll();
+    request.folders = request.multiple = true;
+    QFileDialog &opened = open(2);
+    opened.findChild<QTreeView *>(QStringLiteral("treeView"))->selectAll();
     static_cast<QDialog &>(opened).accept();
     ASSERT_EQ(chosen.size(), 1U);
     EXPECT_THAT(chosen.front(), UnorderedElementsAre(scratch.path("folder"), scratch.path("second")));
-}
-
-TEST_F(FileOpenPanelTest, CancelChoosesNothing)
-{
-    open(
-        {.title = {}, .prompt = {}, .folder = {}, .files = true, .folders = false, .multiple = false, .extensions = {}},
-        4)
-        .reject();
-    EXPECT_THAT(chosen, ElementsAre(QStringList()));
+    delete &opened;
+    open(2).reject();
+    EXPECT_EQ(chosen.back(), QStringList());
 }
 
 } // namespace

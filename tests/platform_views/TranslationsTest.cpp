@@ -22,9 +22,8 @@ QSet<QString> usedKeys()
         QFile file(files.next());
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         const QString source = QString::fromUtf8(file.readAll());
-        for (auto found = use.globalMatch(source); found.hasNext();) {
+        for (auto found = use.globalMatch(source); found.hasNext();)
             keys << found.next().captured(1);
-        }
     }
     return keys;
 }
@@ -32,33 +31,26 @@ QSet<QString> usedKeys()
 TEST(TranslationsTest, EveryTextOfTheProgramIsThereInEveryLanguage)
 {
     const QSet<QString> keys = usedKeys();
-    EXPECT_GT(keys.size(), 10);
+    EXPECT_GT(keys.size(), 10); // else the search is wrong
     for (const QString &language : {QStringLiteral("en"), QStringLiteral("zh_CN")}) {
         QTranslator translator;
         ASSERT_TRUE(translator.load(u":/i18n/tessarine_" + language));
-        for (const QString &key : keys) {
-            EXPECT_FALSE(translator.translate(nullptr, key.toUtf8().constData()).isEmpty())
-                << language.toStdString() << ": " << key.toStdString();
-        }
+        for (const QString &key : keys)
+            EXPECT_FALSE(translator.translate(nullptr, key.toUtf8().constData()).isEmpty()) << key.toStdString();
     }
 }
 
-TEST(TranslationsTest, ChineseIsComplete)
+TEST(TranslationsTest, ChineseIsCompleteAndOtherLanguagesFallBackToEnglish)
 {
-    QFile file(QStringLiteral(TESSARINE_TRANSLATIONS "/tessarine_zh_CN.ts"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_FALSE(file.readAll().contains("unfinished"));
-}
-
-TEST(TranslationsTest, FallBackToEnglish)
-{
+    QFile chinese(QStringLiteral(TESSARINE_TRANSLATIONS "/tessarine_zh_CN.ts"));
+    ASSERT_TRUE(chinese.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(chinese.readAll().contains("unfinished"));
     const std::pair<const char *, const char16_t *> languages[] = {{"en_GB", u"General"},   {"zh_CN", u"通用"},
                                                                    {"zh_TW", u"General"},   {"de_DE", u"General"},
                                                                    {"zh_Hans_SG", u"通用"}, {"C", u"General"}};
     for (const auto &[name, text] : languages) {
         const Translations translations{QLocale(QLatin1StringView(name))};
         EXPECT_EQ(qtTrId("General"), QStringView(text)) << name;
-        EXPECT_NE(qtTrId("trusted_add"), u"trusted_add") << name;
     }
 }
 

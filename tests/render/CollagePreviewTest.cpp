@@ -40,20 +40,21 @@ protected:
 TEST_F(CollagePreviewTest, ASmallCollageIsCentredAtItsOwnSize)
 {
     const QImage image = render(); // 228 x 124 at 62, 50
-    EXPECT_EQ(image.pixel(61, 112), 0U);
-    EXPECT_EQ(image.pixel(62, 50), ground);
-    EXPECT_EQ(image.pixel(289, 173), ground);
-    EXPECT_EQ(image.pixel(290, 112), 0U);
-    EXPECT_EQ(image.pixel(82, 70), frame);
-    EXPECT_EQ(image.pixel(84, 72), frame);
-    EXPECT_EQ(image.pixel(85, 73), grey);
-    EXPECT_EQ(image.pixel(138, 106), grey);
-    EXPECT_EQ(image.pixel(139, 106), frame);
-    EXPECT_EQ(image.pixel(142, 70), ground);          // between columns
-    EXPECT_EQ(image.pixel(82 + 128, 70 + 44), frame); // last tile
-    EXPECT_EQ(image.pixel(104, 82), mark);
-    EXPECT_EQ(image.pixel(119, 97), mark);
-    EXPECT_EQ(image.pixel(120, 98), grey);
+    for (const auto &[x, y, color] : {std::tuple{61, 112, 0U},
+                                      {62, 50, ground},
+                                      {289, 173, ground},
+                                      {290, 112, 0U},
+                                      {82, 70, frame},
+                                      {84, 72, frame},
+                                      {85, 73, grey},
+                                      {138, 106, grey},
+                                      {139, 106, frame},
+                                      {142, 70, ground},          // between columns
+                                      {82 + 128, 70 + 44, frame}, // last tile
+                                      {104, 82, mark},
+                                      {119, 97, mark},
+                                      {120, 98, grey}})
+        EXPECT_EQ(image.pixel(x, y), color) << x << ", " << y;
 }
 
 TEST_F(CollagePreviewTest, ALargeCollageShrinksAndTheTextKeepsItsRoom)
@@ -78,16 +79,11 @@ TEST_F(CollagePreviewTest, OnlyTilesWithRoomForItShowThePlaceholder)
 {
     settings.rowNumber = settings.columeNumber = 1;
     settings.borderWidth = settings.gridBorderWidth = 0.0;
-    struct Case {
-        double side;
-        QSize view;
-        bool shown;
-    };
-    for (const Case &tile : {Case{16.0, {100, 100}, false}, Case{18.0, {100, 100}, true}, Case{32.0, {16, 16}, false},
-                             Case{300.0, {17, 17}, true}}) {
-        settings.gridWidth = settings.gridHeight = tile.side;
-        const QImage image = render(tile.view);
-        EXPECT_EQ(image.pixel(image.rect().center()) == mark, tile.shown) << tile.side;
+    for (const auto &[side, view, shown] :
+         {std::tuple{16.0, 100, false}, {18.0, 100, true}, {32.0, 16, false}, {300.0, 17, true}}) {
+        settings.gridWidth = settings.gridHeight = side;
+        const QImage image = render({view, view});
+        EXPECT_EQ(image.pixel(image.rect().center()) == mark, shown) << side;
     }
     settings.gridWidth = settings.gridHeight = 100.0;
     EXPECT_EQ(render({100, 100}).pixel(0, 0), grey); // no frame

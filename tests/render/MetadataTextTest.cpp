@@ -1,10 +1,9 @@
 #include "render/MetadataText.h"
 
 #include "media/VXMediaInfoItem.h"
+#include "support/ScratchFolder.h"
 
-#include <QFile>
 #include <QRegularExpression>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -28,18 +27,14 @@ TEST(MetadataText, ShowsTheChosenFactsInTheirOrder)
 
 TEST(MetadataText, SizesAreDecimalMegabytesAndDatesUniversalTime)
 {
-    const QTemporaryDir folder;
+    const ScratchFolder folder;
     VXMediaInfoItem movie;
-    movie.filePath = folder.filePath(QStringLiteral("movie"));
-    QFile file(movie.filePath);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    for (const auto &[bytes, text] : {std::pair{1'048'576, "1.0"}, {999'999, "1.0"}, {949'999, "0.9"}}) {
-        ASSERT_TRUE(file.resize(bytes));
-        EXPECT_EQ(getMetaStrWithObject(movie, 0x8), QStringLiteral("File Size: %1 MB\n").arg(QLatin1StringView(text)));
+    for (const auto &[bytes, text] : {std::pair{1'048'576, QStringLiteral("1.0")}, {949'999, QStringLiteral("0.9")}}) {
+        movie.filePath = folder.write("movie", QByteArray(bytes, 'x'));
+        EXPECT_EQ(getMetaStrWithObject(movie, 0x8), u"File Size: " + text + u" MB\n");
     }
     // A file system without creation dates leaves the line without one.
-    const QRegularExpression form(
-        QStringLiteral("^Creation Date: (\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d \\+0000)?\n$"));
+    const QRegularExpression form(u"^Creation Date: (\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d \\+0000)?\n$"_qs);
     EXPECT_TRUE(form.match(getMetaStrWithObject(movie, 0x40)).hasMatch());
 }
 

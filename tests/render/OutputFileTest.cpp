@@ -1,59 +1,47 @@
 #include "render/OutputFile.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include "support/ScratchFolder.h"
+#include "support/WithoutPrivileges.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 namespace {
 
-void touch(const QString &path)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-}
-
 TEST(OutputFile, NamesFollowTheMovie)
 {
-    const QTemporaryDir folder;
-    touch(folder.filePath(QStringLiteral("taken.jpg")));
-    touch(folder.filePath(QStringLiteral("taken(1).jpg")));
-    for (const auto &[movie, image] : {std::pair{u"/m/a.b.mov", u"a.b.jpg"},
-                                       {u"/m/taken.mp4", u"taken(2).jpg"},
-                                       {u"/m/plain", u"plain.jpg"},
-                                       {u"/m/already.jpg.mp4", u"already.jpg"},
-                                       {u"/m/.mp4", u".mp4.jpg"}}) {
-        EXPECT_EQ(OutputFile::freePath(folder.path(), QString::fromUtf16(movie), QStringLiteral("jpg")),
-                  folder.filePath(QString::fromUtf16(image)));
-    }
+    const ScratchFolder folder;
+    folder.write("taken.jpg");
+    folder.write("taken(1).jpg");
+    for (const auto &[movie, image] : {std::pair{"/m/a.b.mov", "a.b.jpg"},
+                                       {"/m/taken.mp4", "taken(2).jpg"},
+                                       {"/m/plain", "plain.jpg"},
+                                       {"/m/already.jpg.mp4", "already.jpg"},
+                                       {"/m/.mp4", ".mp4.jpg"}})
+        EXPECT_EQ(OutputFile::freePath(folder.path(), QString::fromUtf8(movie), u"jpg"_qs), folder.path(image));
 }
 
 TEST(OutputFile, NamesThatWouldBeTooLongAreCutBetweenCharacters)
 {
-    const QTemporaryDir folder;
-    for (const QString &letter : {QStringLiteral("x"), QStringLiteral("ß"), QStringLiteral("😀")}) {
+    const ScratchFolder folder;
+    for (const QString &letter : {u"x"_qs, u"ß"_qs, u"😀"_qs}) {
         for (int copy = 0; copy < 3; ++copy) {
-            const QString movie = letter.repeated(255 / letter.toUtf8().size()) + QStringLiteral(".ts");
-            const QString path = OutputFile::freePath(folder.path(), movie, QStringLiteral("tiff"));
-            EXPECT_FALSE(path.toUtf8().contains('?'));
-            touch(path); // fails on a name that is too long, and makes the next one collide
+            const QString movie = letter.repeated(255 / letter.toUtf8().size()) + u".ts";
+            const QByteArray image = OutputFile::freePath(folder.path(), movie, u"tiff"_qs).toUtf8();
+            EXPECT_FALSE(image.contains('?'));
+            folder.write(image.mid(folder.bytes().size() + 1)); // fails when too long, and makes the next one collide
         }
     }
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 9);
+    EXPECT_EQ(folder.names().size(), 9);
 }
 
 TEST(OutputFile, AsksWhetherThisProcessMayWrite)
 {
-    const QTemporaryDir folder;
+    const ScratchFolder folder;
+    folder.setMode(0700);
     EXPECT_TRUE(OutputFile::isWritableFolder(folder.path()));
-    EXPECT_FALSE(OutputFile::isWritableFolder(folder.filePath(QStringLiteral("missing"))));
-    if (geteuid() == 0) { // only root can take another identity
-        ASSERT_EQ(seteuid(65534), 0);
-        EXPECT_FALSE(OutputFile::isWritableFolder(folder.path()));
-        ASSERT_EQ(seteuid(0), 0);
-    }
+    EXPECT_FALSE(OutputFile::isWritableFolder(folder.path("missing")));
+    const WithoutPrivileges user;
+    EXPECT_NE(OutputFile::isWritableFolder(folder.path()), ::getuid() == 0);
 }
 
 } // namespace
