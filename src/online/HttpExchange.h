@@ -43,7 +43,8 @@ public:
     static constexpr qint64 largestBody = 1 << 20;
 
     /// Sends the request. Everything, the search for the host included, has to be done within the time-out. A GET is
-    /// redirected only to the same scheme, host and port, a POST never.
+    /// redirected only to the same scheme, host and port, a POST never. Where the connection breaks before the answer
+    /// begins, the toolkit may send the request once more.
     HttpExchange(HttpRequest request, Callback callback, std::chrono::milliseconds timeout = std::chrono::seconds(15));
     HttpExchange(const HttpExchange &) = delete;
     HttpExchange &operator=(const HttpExchange &) = delete;

@@ -1,27 +1,111 @@
+#include "Shared/HostIdentity.h"
+#include "online/ServiceUrl.h"
 #include "online/SupportedFormats.h"
 #include "online/VXConfigManager.h"
+#include "platform/Bundle.h"
 #include "platform/UserDefaults.h"
+#include "support/CapturedLog.h"
+#include "support/HttpServer.h"
 #include "support/ScratchFolder.h"
 
-#include <gtest/gtest.h>
+#include <QTest>
 
 namespace {
 
-TEST(VXConfigManager, StoresItsFlagsAtOnceButAnswersTrue)
-{
-    const ScratchFolder folder;
-    UserDefaults defaults(folder.path("store.ini"));
-    VXConfigManager config(defaults);
-    for (const bool flag : {true, false}) {
-        config.setSupportVOB(flag);
-        config.setExperimental(!flag);
-        UserDefaults onDisk(folder.path("store.ini"));
-        EXPECT_EQ(onDisk.boolValue("SupportVOBKey"), flag);
-        EXPECT_EQ(onDisk.boolValue("ExperimentalKey"), !flag);
-        EXPECT_TRUE(config.supportVOB());
-        EXPECT_TRUE(config.experimental());
+using namespace std::chrono_literals;
+
+class ConfigTest : public testing::Test {
+protected:
+    /// Both flags as they are on disk.
+    QList<bool> stored() const
+    {
+        const UserDefaults onDisk(folder.path("store.ini"));
+        return {onDisk.boolValue("SupportVOBKey"), onDisk.boolValue("ExperimentalKey")};
     }
-    EXPECT_TRUE(GlobalFun::getSupportedFmts(config).contains(u"vob"));
+    /// Asks the server, and waits for other flags or a line in the log.
+    void fetch(const QString &service, std::chrono::milliseconds timeout = 20s)
+    {
+        const QList<bool> before = stored();
+        config.getOnlineConfig(ServiceUrl(service), bundle, timeout);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return stored() != before || !CapturedLog::lines.isEmpty(); }, 30'000));
+    }
+
+    const ScratchFolder folder;
+    UserDefaults defaults{folder.path("store.ini")};
+    VXConfigManager config{defaults};
+    const Bundle bundle{"<plist><dict><key>CFBundleShortVersionString</key><string>2.1</string>"
+                        "<key>CFBundleIdentifier</key><string>org.example</string>"
+                        "<key>ServiceURL</key><string>http://built.in</string></dict></plist>"};
+    const CapturedLog log;
+};
+
+TEST_F(ConfigTest, AnAnswerSwitchesOffOnlyWhatItSaysIsOff)
+{
+    const struct {
+        QByteArray body;
+        bool supportVob, experimental;
+    } cases[] = {
+        {R"({"SupportVOBKey":false})", false, true},
+        {R"({"SupportVOBKey":1e300,"ExperimentalKey":-0.0})", true, false},
+        {R"({"SupportVOBKey":1e999,"ExperimentalKey":0})", true, true}, // no number, hence no JSON
+        {R"({"SupportVOBKey":"false","ExperimentalKey":null})", true, true},
+        {R"({"SupportVOBKey":[],"ExperimentalKey":{}})", true, true},
+        {R"({"SupportVOBKey":true,"SupportVOBKey":0,"ExperimentalKey":false})", false, false},
+        {"\xef\xbb\xbf{\"ExperimentalKey\":false}", true, false},
+        {"{\"ExperimentalKey\":false,\"x\":\"\xff\xfe\"}", true, true},
+        {R"({"ExperimentalKey":false} x)", true, true},
+        {R"([{"ExperimentalKey":false}])", true, true},
+        {R"({"ExperimentalKey":false,"x":)" + QByteArray(100'000, '['), true, true},
+        {"", true, true},
+    };
+    for (const auto &[body, supportVob, experimental] : cases) {
+        const HttpServer server(HttpServer::answering(body));
+        config.setSupportVOB(!supportVob);
+        config.setExperimental(!experimental);
+        fetch(server.url());
+        EXPECT_EQ(stored(), (QList<bool>{supportVob, experimental})) << body.left(80).constData();
+        EXPECT_TRUE(config.supportVOB() && config.experimental());
+    }
+    EXPECT_EQ(CapturedLog::lines, QStringList());
+}
+
+TEST_F(ConfigTest, AFailureIsALineInTheLogAndLeavesTheFlags)
+{
+    const HttpServer broken(HttpServer::answering("{}", "500 No"));
+    const HttpServer silent(HttpServer::silent);
+    config.setSupportVOB(false);
+    for (const QString &service : {broken.url(), silent.url(), u"http://127.0.0.1:1"_qs, u"http://h.invalid"_qs}) {
+        fetch(service, service == silent.url() ? 200ms : 20s);
+        ASSERT_EQ(CapturedLog::lines.size(), 1) << qUtf8Printable(service);
+        EXPECT_TRUE(CapturedLog::lines.takeFirst().startsWith(u"get configure error : "));
+        EXPECT_EQ(stored(), (QList<bool>{false, false})) << qUtf8Printable(service);
+    }
+}
+
+TEST_F(ConfigTest, AsksBelowTheServicesAddress)
+{
+    const HttpServer server(HttpServer::answering("{}"));
+    const QByteArray query = "common_task/getconfig.php?appver=2.1&appid=org.example&sysver=" +
+                             GlobalFun::getSystemVersionString().toLatin1() + "&appstore=0 HTTP/1.1\r\n";
+    for (const QString &around : {u"%1"_qs, u" %1/ \n"_qs, u"%1/below"_qs}) {
+        config.setSupportVOB(false);
+        fetch(around.arg(server.url()));
+        const QByteArray expected = "GET /" + QByteArray(around.endsWith(u'w') ? "below/" : "") + query;
+        EXPECT_EQ(server.requests.last().left(expected.size()), expected);
+    }
+    const auto page = [&] { return ServiceUrl::ofThisProgram(bundle).page(u"p"_qs, u"q"_qs).toString(); };
+    qunsetenv("TESSARINE_SERVICE_URL");
+    EXPECT_EQ(page(), u"http://built.in/p?q");
+    qputenv("TESSARINE_SERVICE_URL", "http://elsewhere");
+    EXPECT_EQ(page(), u"http://elsewhere/p?q");
+    qputenv("TESSARINE_SERVICE_URL", "");
+    EXPECT_EQ(page(), QString());
+    EXPECT_EQ(CapturedLog::lines, QStringList());
+    for (const QString &bad : {u"http://h/1 2"_qs, u"http://h/\r\nHost: b"_qs, u"http://h/50%"_qs, u"http://h/\0"_qs,
+                               u"h"_qs, u"file:///tmp"_qs, u"http://"_qs, u"http://a b"_qs, u"http://[::1"_qs}) {
+        EXPECT_TRUE(ServiceUrl(bad).page(u"p"_qs, {}).isEmpty()) << qUtf8Printable(bad);
+        EXPECT_FALSE(std::exchange(CapturedLog::lines, {}).isEmpty());
+    }
 }
 
 TEST(SupportedFormats, LeaveOutDiscFilesWithoutTheFlag)

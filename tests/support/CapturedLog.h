@@ -1,28 +1,16 @@
 #pragma once
 
 #include <QStringList>
-#include <QtGlobal>
 
-/// Keeps the program's log lines while it lives, in place of printing them. One at a time; main thread.
-class CapturedLog {
-public:
+/// Keeps the program's log lines while it lives, in place of printing them. One at a time.
+struct CapturedLog {
     CapturedLog()
     {
-        lines().clear();
-        previous = qInstallMessageHandler(
-            [](QtMsgType, const QMessageLogContext &, const QString &line) { lines().append(line); });
+        lines.clear();
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &line) { lines.append(line); });
     }
-    ~CapturedLog() { qInstallMessageHandler(previous); }
-    CapturedLog(const CapturedLog &) = delete;
-    CapturedLog &operator=(const CapturedLog &) = delete;
+    ~CapturedLog() { qInstallMessageHandler(nullptr); }
+    Q_DISABLE_COPY(CapturedLog)
 
-    /// A message handler reaches nothing but statics.
-    static QStringList &lines()
-    {
-        static QStringList all;
-        return all;
-    }
-
-private:
-    QtMessageHandler previous;
+    static inline QStringList lines; ///< a message handler reaches nothing but globals
 };
