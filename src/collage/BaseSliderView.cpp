@@ -32,13 +32,7 @@ void drawThreeParts(QPainter &painter, std::array<SliderPiece, 3> &parts, const 
 
 } // namespace
 
-BaseSliderView::BaseSliderView(QWidget *parent) :
-    QWidget(parent),
-    imgNormal{SliderPiece(QStringLiteral("SliderBkgLeft")), SliderPiece(QStringLiteral("SliderBkgMiddle")),
-              SliderPiece(QStringLiteral("SliderBkgRight"))},
-    imgHigh{SliderPiece(QStringLiteral("SliderAbLeft")), SliderPiece(QStringLiteral("SliderAbMiddle")),
-            SliderPiece(QStringLiteral("SliderAbRight"))},
-    imgKnob(QStringLiteral("SliderKnob"))
+BaseSliderView::BaseSliderView(QWidget *parent) : QWidget(parent)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     placeTrack();

@@ -103,9 +103,13 @@ private:
     std::int32_t eumCurSliderState = 0;
     QRectF rcKnob; // as drawn last; empty before
     bool bDraggingKnob = false;
-    std::optional<QPointF> pressed;       // where the pointer is, from a press to its release
-    std::array<SliderPiece, 3> imgNormal; // left, middle, right
-    std::array<SliderPiece, 3> imgHigh;
-    SliderPiece imgKnob;
+    std::optional<QPointF> pressed; // where the pointer is, from a press to its release
+    std::array<SliderPiece, 3> imgNormal{SliderPiece(QStringLiteral("SliderBkgLeft")),
+                                         SliderPiece(QStringLiteral("SliderBkgMiddle")),
+                                         SliderPiece(QStringLiteral("SliderBkgRight"))}; // left, middle, right
+    std::array<SliderPiece, 3> imgHigh{SliderPiece(QStringLiteral("SliderAbLeft")),
+                                       SliderPiece(QStringLiteral("SliderAbMiddle")),
+                                       SliderPiece(QStringLiteral("SliderAbRight"))};
+    SliderPiece imgKnob{QStringLiteral("SliderKnob")};
     SliderViewDelegate *viewDelegate = nullptr;
 };

@@ -14,13 +14,13 @@
 
 namespace {
 
-// All in points.
+// In the widget's pixels.
 constexpr double sideMargin = 10.0;
 constexpr double fieldGap = 10.0;
 constexpr double fieldMargin = 2.0; // above and below
 constexpr double colonBottom = 3.0;
 constexpr std::array<double, 2> colonDistances = {5.0, 4.0}; // behind the field before it
-constexpr double colonFontSize = 12.0;
+constexpr int colonSize = 12;
 
 TimeField *newField(QWidget *parent, const QString &name)
 {
@@ -130,7 +130,7 @@ void SWTimeEditView::resizeEvent(QResizeEvent * /*event*/)
 void SWTimeEditView::paintEvent(QPaintEvent * /*event*/)
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setPointSizeF(colonFontSize);
+    font.setPixelSize(colonSize);
     QPainter painter(this);
     painter.setFont(font);
     painter.setPen(palette().color(QPalette::WindowText));
@@ -158,7 +158,7 @@ QSize SWTimeEditView::sizeForText(const QString &text) const
 {
     constexpr int innerMargin = 3; // of a line edit, and half the caret
     const QSize wanted(lblHour->fontMetrics().horizontalAdvance(text) + 2 * innerMargin,
-                       lblHour->fontMetrics().height() + 2);
+                       lblHour->fontMetrics().height());
     QStyleOptionFrame option;
     option.initFrom(lblHour);
     option.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, lblHour);

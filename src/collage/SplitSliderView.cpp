@@ -15,15 +15,12 @@ namespace {
 constexpr double splitDistance = 2.0; // of the knob from the selection's ends, at least
 constexpr double hoverShade = 0.2;
 constexpr double pressShade = 0.4;
+constexpr double focusShade = 0.5;
 
 } // namespace
 
 SplitSliderView::SplitSliderView(QWidget *parent) :
-    BaseSliderView(parent),
-    imgLeftClip(QStringLiteral("SliderTrimLeft")),
-    imgRightClip(QStringLiteral("SliderTrimRight")),
-    leftHandle(new SliderHandle(*this, true)),
-    rightHandle(new SliderHandle(*this, false))
+    BaseSliderView(parent), leftHandle(new SliderHandle(*this, true)), rightHandle(new SliderHandle(*this, false))
 {
     itemSelection.dLength = dLength();
     leftHandle->setObjectName(QStringLiteral("leftClip"));
@@ -205,8 +202,9 @@ void SplitSliderView::drawClip(QPainter &painter, SliderPiece &image, const Slid
     const double shade = held ? pressShade : hovered == &handle ? hoverShade : 0.0;
     image.draw(painter, rect, ink(QPalette::Highlight, shade));
     if (handle.hasFocus()) {
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(ink(QPalette::Highlight, 0.5), 1.5));
-        painter.drawRoundedRect(rect.adjusted(0.75, 0.75, -0.75, -0.75), 4.0, 4.0);
+        const bool isLeft = &handle == leftHandle;
+        SliderPiece &ring = isLeft ? imgLeftFocus : imgRightFocus;
+        const QPointF corner = isLeft ? rect.topLeft() : rect.topRight() - QPointF(ring.size().width(), 0.0);
+        ring.draw(painter, QRectF(corner, ring.size()), ink(QPalette::Highlight, focusShade));
     }
 }

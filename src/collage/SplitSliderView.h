@@ -55,8 +55,10 @@ private:
     double dDragXoffset = 0.0; // between the pointer and the edge that is dragged, since the press
     QRectF rcClipLeft;         // as drawn last
     QRectF rcClipRight;
-    SliderPiece imgLeftClip;
-    SliderPiece imgRightClip;
+    SliderPiece imgLeftClip{QStringLiteral("SliderTrimLeft")};
+    SliderPiece imgRightClip{QStringLiteral("SliderTrimRight")};
+    SliderPiece imgLeftFocus{QStringLiteral("SliderFocusLeft")}; // the ring around the handle that has the focus
+    SliderPiece imgRightFocus{QStringLiteral("SliderFocusRight")};
     SliderHandle *leftHandle;
     SliderHandle *rightHandle;
     SliderHandle *hovered = nullptr;

@@ -1,0 +1,296 @@
+#include "collage/SWTimeEditView.h"
+
+#include "collage/SWTimeEditViewDelegate.h"
+#include "collage/SplitSliderView.h"
+#include "platform/AlertPanel.h"
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+using testing::ElementsAre;
+
+namespace {
+
+/// Keeps times of up to 100 seconds and writes down what it is asked and told.
+class Judge : public SWTimeEditViewDelegate {
+public:
+    bool isValid(SWTimeEditView & /*view*/, double seconds) override
+    {
+        asked.push_back(seconds);
+        return seconds <= 100.0;
+    }
+    void didChangeValue(SWTimeEditView & /*view*/, double seconds) override { told.push_back(seconds); }
+
+    std::vector<double> asked;
+    std::vector<double> told;
+};
+
+void activate(QWidget &front)
+{
+    front.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&front] { return front.isActiveWindow(); }));
+}
+
+/// Shows each alert as a window of its own, as the real one does.
+class Alerts : public AlertPanel {
+public:
+    explicit Alerts(QWidget &window) : box(&window) { box.setWindowModality(Qt::WindowModal); }
+
+    int run(const QString & /*title*/, const QString & /*message*/, const QStringList & /*buttons*/) override
+    {
+        ADD_FAILURE() << "it would wait";
+        return 0;
+    }
+    void show(const QString & /*title*/, const QString & /*message*/, const QStringList & /*buttons*/,
+              std::function<void(int)> /*answered*/) override
+    {
+        ++shown;
+        box.show();
+        activate(box);
+    }
+
+    QDialog box;
+    int shown = 0;
+};
+
+class SWTimeEditViewTest : public testing::Test {
+protected:
+    SWTimeEditViewTest()
+    {
+        auto *layout = new QVBoxLayout(&window);
+        layout->addWidget(view);
+        layout->addWidget(slider);
+        layout->addWidget(other);
+        view->setDelegate(&judge);
+        view->setAlertPanel(&alerts);
+        view->flushWithSeconds(60.0);
+        window.show();
+        activate(window);
+        window.grab();
+        other->setFocus();
+        judge = {};
+    }
+
+    QLineEdit *field(const QString &name) const { return view->findChild<QLineEdit *>(name); }
+    static void type(QLineEdit *field, const QString &text)
+    {
+        QTest::mouseClick(field, Qt::LeftButton);
+        field->selectAll();
+        QTest::keyClick(field, Qt::Key_Delete);
+        QTest::keyClicks(field, text);
+    }
+    /// What the fields show.
+    std::string shown() const
+    {
+        return QStringList{hour->text(), minute->text(), second->text()}.join(u' ').toStdString();
+    }
+
+    QDialog window;
+    SWTimeEditView *const view = new SWTimeEditView(&window);
+    SplitSliderView *const slider = new SplitSliderView(&window);
+    QPushButton *const other = new QPushButton(&window);
+    Judge judge;
+    Alerts alerts{window};
+    QLineEdit *const hour = field(QStringLiteral("lblHour"));
+    QLineEdit *const minute = field(QStringLiteral("lblMinite"));
+    QLineEdit *const second = field(QStringLiteral("lblSecond"));
+};
+
+TEST_F(SWTimeEditViewTest, ShowsWholeSeconds)
+{
+    for (const auto &[seconds, fields] :
+         {std::pair{3725.9, "01 02 05"}, {360000.0, "100 00 00"}, {-3725.0, "-1 -2 -5"}, {1e12, "596523 14 07"}}) {
+        view->flushWithSeconds(seconds);
+        EXPECT_EQ(shown(), fields);
+    }
+    EXPECT_THAT(judge.told, ElementsAre());
+}
+
+TEST_F(SWTimeEditViewTest, ReadsWhatIsTypedAsANumberOrNothing)
+{
+    const std::pair<QString, double> texts[] = {
+        {QStringLiteral("90"), 150.0},   {QStringLiteral("1.5"), 61.5},
+        {QStringLiteral("1e3"), 1060.0}, {QStringLiteral(" 5"), 65.0},
+        {QStringLiteral("-5"), 55.0},    {QStringLiteral("abc"), 60.0},
+        {QStringLiteral("5abc"), 60.0},  {QStringLiteral("nan"), 60.0},
+        {QStringLiteral("inf"), 60.0},   {QString(), 60.0},
+    };
+    for (const auto &[text, expected] : texts) {
+        type(second, text);
+        EXPECT_EQ(view->secondsValue(), expected) << text.toStdString();
+        second->setText(QStringLiteral("00"));
+    }
+    type(hour, QStringLiteral("1e308"));
+    EXPECT_TRUE(std::isfinite(view->secondsValue()));
+}
+
+TEST_F(SWTimeEditViewTest, EveryWayOutOfAFieldAsksAndAnAcceptedChangeIsToldOnce)
+{
+    const std::function<void()> waysOut[] = {
+        [this] { QTest::keyClick(second, Qt::Key_Tab); },
+        [this] { QTest::mouseClick(minute, Qt::LeftButton); },
+        [this] { QTest::keyClick(second, Qt::Key_Return); },
+        [this] { EXPECT_TRUE(view->endEditing()); },
+    };
+    for (const auto &leave : waysOut) {
+        view->flushWithSeconds(60.0);
+        type(second, QStringLiteral("7"));
+        judge = {};
+        leave();
+        EXPECT_THAT(judge.asked, ElementsAre(67.0));
+        EXPECT_THAT(judge.told, ElementsAre(67.0));
+        other->setFocus();
+        EXPECT_THAT(judge.told, ElementsAre(67.0));
+    }
+    judge = {};
+    second->setFocus();
+    QTest::keyClick(second, Qt::Key_Tab);
+    EXPECT_THAT(judge.asked, ElementsAre(67.0));
+    EXPECT_THAT(judge.told, ElementsAre());
+}
+
+TEST_F(SWTimeEditViewTest, ARefusedTimeIsTakenBackWithOneAlertAndTheFocusStays)
+{
+    const std::function<void()> waysOut[] = {
+        [this] { QTest::keyClick(minute, Qt::Key_Tab); },     [this] { QTest::mouseClick(second, Qt::LeftButton); },
+        [this] { QTest::mouseClick(other, Qt::LeftButton); }, [this] { QTest::keyClick(minute, Qt::Key_Return); },
+        [this] { EXPECT_FALSE(view->endEditing()); },
+    };
+    for (const auto &leave : waysOut) {
+        alerts.shown = 0;
+        type(minute, QStringLiteral("99"));
+        leave();
+        EXPECT_EQ(alerts.shown, 1);
+        alerts.box.hide();
+        activate(window);
+        EXPECT_TRUE(minute->hasFocus());
+        EXPECT_EQ(shown(), "00 01 00");
+    }
+    EXPECT_THAT(judge.told, ElementsAre());
+    QTest::keyClick(minute, Qt::Key_Tab);
+    EXPECT_TRUE(second->hasFocus());
+    EXPECT_EQ(alerts.shown, 1);
+}
+
+TEST_F(SWTimeEditViewTest, AnotherWindowInFrontEndsNothing)
+{
+    type(minute, QStringLiteral("99"));
+    QDialog front;
+    front.show();
+    activate(front);
+    EXPECT_THAT(judge.asked, ElementsAre());
+    activate(window);
+    EXPECT_EQ(shown(), "00 99 00");
+    other->setFocus();
+    EXPECT_EQ(alerts.shown, 1);
+    EXPECT_EQ(shown(), "00 01 00") << "what the editing began with";
+}
+
+TEST_F(SWTimeEditViewTest, EditingGoesOnInAFieldThatKeepsTheFocus)
+{
+    type(second, QStringLiteral("7"));
+    ASSERT_TRUE(view->endEditing());
+    QTest::keyClicks(second, QStringLiteral("77"));
+    EXPECT_FALSE(view->endEditing());
+    EXPECT_EQ(shown(), "00 01 07");
+    view->flushWithSeconds(30.0); // another movie
+    QTest::keyClicks(second, QStringLiteral("777"));
+    EXPECT_FALSE(view->endEditing());
+    EXPECT_EQ(shown(), "00 00 30");
+}
+
+TEST_F(SWTimeEditViewTest, AbandonedEditingIsNeitherAskedAboutNorTold)
+{
+    const std::function<void()> ways[] = {
+        [this] { view->abandonEditing(); },
+        [this] {
+            window.hide();
+            QDialog next; // or the window would not become active again without a window manager
+            next.show();
+            activate(next);
+        },
+        [this] { view->setEnabled(false); },
+    };
+    for (const auto &abandon : ways) {
+        type(minute, QStringLiteral("99"));
+        judge = {};
+        abandon();
+        view->setEnabled(true);
+        window.show();
+        activate(window);
+        EXPECT_THAT(judge.asked, ElementsAre());
+        EXPECT_THAT(judge.told, ElementsAre());
+        view->flushWithSeconds(60.0);
+        type(minute, QStringLiteral("99"));
+        other->setFocus();
+        EXPECT_EQ(shown(), "00 01 00");
+        alerts.box.hide();
+        activate(window);
+        other->setFocus();
+    }
+}
+
+TEST_F(SWTimeEditViewTest, WithoutADelegateAnyTimeStays)
+{
+    view->setDelegate(nullptr);
+    type(minute, QStringLiteral("99"));
+    other->setFocus();
+    EXPECT_EQ(view->secondsValue(), 99 * 60.0);
+}
+
+TEST_F(SWTimeEditViewTest, FieldsThatAreNotEditableTakeNoKeysAndAskNothing)
+{
+    view->setEditable(false);
+    type(minute, QStringLiteral("9"));
+    QTest::keyClick(minute, Qt::Key_Up);
+    other->setFocus();
+    EXPECT_EQ(shown(), "00 01 00");
+    EXPECT_THAT(judge.asked, ElementsAre());
+}
+
+TEST_F(SWTimeEditViewTest, ArrowKeysTypeTheNextNumber)
+{
+    type(second, QStringLiteral("8.7"));
+    QTest::keyClick(second, Qt::Key_Up);
+    EXPECT_EQ(shown(), "00 01 09");
+    type(hour, QStringLiteral("0"));
+    QTest::keyClick(hour, Qt::Key_Down);
+    EXPECT_EQ(hour->text(), u"00");
+    other->setFocus();
+    EXPECT_THAT(judge.told, ElementsAre(69.0, 69.0));
+}
+
+TEST_F(SWTimeEditViewTest, LaysFieldsOutAndHasRoomForHundredHours)
+{
+    view->setParent(nullptr);
+    view->resize(190, 30);
+    view->show();
+    EXPECT_EQ(hour->geometry(), QRect(10, 2, 50, 26));
+    EXPECT_EQ(minute->geometry(), QRect(70, 2, 50, 26));
+    EXPECT_EQ(second->geometry(), QRect(130, 2, 50, 26));
+    const QImage image = view->grab().toImage();
+    for (const int gap : {60, 120}) {
+        EXPECT_NE(image.copy(gap, 8, 10, 19), image.copy(0, 8, 10, 19)) << "the colon";
+    }
+    view->resize(view->minimumSizeHint());
+    type(hour, QStringLiteral("100"));
+    const auto caret = [this](Qt::Key key) {
+        QTest::keyClick(hour, key);
+        hour->grab(); // scrolls
+        return hour->inputMethodQuery(Qt::ImCursorRectangle).toRectF().center().x();
+    };
+    EXPECT_GE(caret(Qt::Key_Home), 1.0);
+    EXPECT_GE(caret(Qt::Key_End) - caret(Qt::Key_Home),
+              hour->fontMetrics().horizontalAdvance(QStringLiteral("100")) - 1.0);
+    EXPECT_LE(caret(Qt::Key_End), hour->width() - 1.0);
+    delete view;
+}
+
+} // namespace

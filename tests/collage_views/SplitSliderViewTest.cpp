@@ -1,0 +1,283 @@
+#include "collage/SplitSliderView.h"
+
+#include "collage/SliderScale.h"
+#include "collage/SliderViewDelegate.h"
+
+#include <QAccessible>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+#include <utility>
+
+using testing::ElementsAre;
+
+namespace {
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+
+/// Writes down the calls: 'b', 'd' and 'e' for the knob; a handle's with '<' or '>' and the selection as it was then.
+class Calls : public SliderViewDelegate {
+public:
+    void beginDragAt(BaseSliderView & /*slider*/, double value) override { note(QStringLiteral("b"), value); }
+    void didChangeValue(BaseSliderView & /*slider*/, double value) override { note(QStringLiteral("d"), value); }
+    void endDragAt(BaseSliderView & /*slider*/, double value) override { note(QStringLiteral("e"), value); }
+    void splitSliderViewBeginDragClip(SplitSliderView &slider, bool left) override
+    {
+        note(QStringLiteral("begin"), slider, left);
+    }
+    void splitSliderViewDragClipTo(SplitSliderView &slider, bool left) override
+    {
+        note(QStringLiteral("drag"), slider, left);
+    }
+    void splitSliderViewEndDragClip(SplitSliderView &slider, bool left) override
+    {
+        note(QStringLiteral("end"), slider, left);
+    }
+
+    std::vector<std::string> take() { return std::exchange(calls, {}); }
+
+private:
+    void note(const QString &call, double value)
+    {
+        calls.push_back(QString(call + QString::number(value)).toStdString());
+    }
+    void note(const QString &call, const SplitSliderView &slider, bool left)
+    {
+        const SliderSelectionItem &item = slider.selectionItem();
+        note(call + (left ? u'<' : u'>') + QString::number(item.dStart) + u'-', item.end());
+    }
+
+    std::vector<std::string> calls;
+};
+
+template<typename Slider>
+class SliderTest : public testing::Test {
+protected:
+    SliderTest()
+    {
+        slider.resize(320, 36); // the track is 300 wide
+        slider.setDLength(100.0);
+        slider.setDelegate(&calls);
+        slider.show();
+        slider.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&slider));
+        slider.grab();
+    }
+    static QPoint onKnob(double x) { return {qRound(x), 23}; }
+
+    Slider slider;
+    Calls calls;
+};
+
+using BaseSliderViewTest = SliderTest<BaseSliderView>;
+
+class SplitSliderViewTest : public SliderTest<SplitSliderView> {
+protected:
+    void select(double start, double length)
+    {
+        slider.setSelection(start, length);
+        slider.grab(); // a press means what is drawn
+    }
+    QPoint grip(bool ofLeft) const { return slider.clipRect(ofLeft).center().toPoint(); }
+    /// Pixels for seconds.
+    static QPoint by(double seconds) { return {qRound(seconds * 3.0), 0}; }
+    void press(QPoint point) { QTest::mousePress(&slider, Qt::LeftButton, {}, point); }
+    void move(QPoint point, Qt::MouseButtons buttons = Qt::LeftButton)
+    {
+        QMouseEvent event(QEvent::MouseMove, point, slider.mapToGlobal(point), Qt::NoButton, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(&slider, &event);
+    }
+    void release(QPoint point) { QTest::mouseRelease(&slider, Qt::LeftButton, {}, point); }
+    QWidget *handle(const QString &name) const { return slider.findChild<QWidget *>(name); }
+    QWidget *const left = handle(QStringLiteral("leftClip"));
+    QWidget *const right = handle(QStringLiteral("rightClip"));
+};
+
+TEST(SliderScaleTest, MapsBetweenTrackAndRangeAndEndsAtTheirEnds)
+{
+    const SliderScale scale{10.0, 300.0, 0.0, 120.0};
+    EXPECT_EQ(scale.valueAt(160.0), 60.0);
+    EXPECT_EQ(scale.valueAt(5.0), 0.0);
+    EXPECT_EQ(scale.valueAt(400.0), 120.0);
+    EXPECT_EQ(scale.xOf(60.0), 160.0);
+    EXPECT_EQ(scale.xOf(-1.0), 10.0);
+    EXPECT_EQ(scale.xOf(1e300), 310.0);
+    EXPECT_EQ(scale.unboundedXOf(180.0), 460.0);
+    const SliderScale late{10.0, 300.0, 50.0, 100.0};
+    EXPECT_EQ(late.valueAt(160.0), 100.0);
+    EXPECT_EQ(late.xOf(100.0), 160.0);
+}
+
+TEST_F(BaseSliderViewTest, KnobFollowsThePointerFromWhereItIsNearEnough)
+{
+    slider.setDCurValue(50.0);
+    slider.grab();
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, onKnob(160 + 12)); // 6 is the knob, 5 around it
+    EXPECT_THAT(calls.take(), ElementsAre());
+    QTest::mousePress(&slider, Qt::LeftButton, {}, onKnob(160 + 9));
+    QTest::mouseMove(&slider, onKnob(1000));
+    QTest::mouseRelease(&slider, Qt::LeftButton, {}, onKnob(10));
+    EXPECT_THAT(calls.take(), ElementsAre("b53", "d100", "e0"));
+    slider.seekToValue(7.0);
+    EXPECT_THAT(calls.take(), ElementsAre("d7"));
+}
+
+TEST_F(SplitSliderViewTest, HandlesMoveTheirEdgeAndKeepTheMinimum)
+{
+    const struct {
+        double start, length;
+        bool left;
+        double move;
+        std::vector<std::string> calls;
+    } cases[] = {
+        {10, 30, true, 5, {"begin<10-40", "drag<15-40", "end<15-40"}},
+        {10, 30, true, 28, {"begin<10-40", "drag<35-40", "end<35-40"}},
+        {10, 30, true, -500, {"begin<10-40", "drag<0-40", "end<0-40"}},
+        {10, 30, false, -28, {"begin>10-40", "drag>10-15", "end>10-15"}},
+        {10, 30, false, 500, {"begin>10-40", "drag>10-100", "end>10-100"}},
+        {98, 2, false, 0, {"begin>98-103", "drag>98-103", "end>98-103"}}, // past the end
+        {50, 0, true, -10, {"begin<45-50", "drag<40-50", "end<40-50"}},
+    };
+    for (const auto &[start, length, isLeft, seconds, expected] : cases) {
+        SCOPED_TRACE(testing::Message() << start << " + " << length << ", by " << seconds);
+        select(start, length);
+        const QPoint at = grip(isLeft);
+        press(at);
+        move(at + by(seconds));
+        release(at + by(1000));
+        EXPECT_EQ(calls.take(), expected);
+    }
+    slider.setDLength(3.0);
+    select(0.0, 3.0);
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, grip(false));
+    EXPECT_THAT(calls.take(), ElementsAre("begin>0-5", "end>0-5"));
+}
+
+TEST_F(SplitSliderViewTest, OnlyTheLeftButtonDragsAndADragAlwaysEnds)
+{
+    select(10.0, 30.0);
+    const QPoint at = grip(true);
+    QTest::mouseClick(&slider, Qt::RightButton, {}, at);
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, slider.rect().center());
+    EXPECT_THAT(calls.take(), ElementsAre());
+
+    press(at);
+    QTest::mousePress(&slider, Qt::RightButton, {}, grip(false));
+    QTest::mouseRelease(&slider, Qt::RightButton, {}, grip(false));
+    move(at + by(10), Qt::LeftButton | Qt::RightButton);
+    QTest::keyClick(right, Qt::Key_Home);
+    EXPECT_THAT(calls.take(), ElementsAre("begin<10-40", "drag<20-40"));
+    move(at, Qt::NoButton); // the release has gone elsewhere
+    EXPECT_THAT(calls.take(), ElementsAre("end<20-40"));
+
+    select(10.0, 30.0);
+    press(at);
+    slider.hide();
+    release(at);
+    EXPECT_THAT(calls.take(), ElementsAre("begin<10-40", "end<10-40"));
+}
+
+TEST_F(SplitSliderViewTest, KeysMoveTheHandleThatHasTheFocus)
+{
+    const struct {
+        Qt::Key key;
+        std::string left, right;
+    } cases[] = {
+        {Qt::Key_Left, "19-60", "20-59"},     {Qt::Key_Up, "21-60", "20-61"},  {Qt::Key_PageUp, "30-60", "20-70"},
+        {Qt::Key_PageDown, "10-60", "20-50"}, {Qt::Key_Home, "0-60", "20-25"}, {Qt::Key_End, "55-60", "20-100"},
+    };
+    for (const auto &[key, movedLeft, movedRight] : cases) {
+        select(20.0, 40.0);
+        QTest::keyClick(left, key);
+        EXPECT_THAT(calls.take(), ElementsAre("begin<" + movedLeft, "drag<" + movedLeft, "end<" + movedLeft));
+        select(20.0, 40.0);
+        QTest::keyClick(right, key);
+        EXPECT_THAT(calls.take(), ElementsAre("begin>" + movedRight, "drag>" + movedRight, "end>" + movedRight));
+    }
+}
+
+TEST_F(SplitSliderViewTest, HandlesAreFocusStopsAndShowIt)
+{
+    select(20.0, 40.0);
+    left->setFocus();
+    const QImage leftFocused = slider.grab().toImage();
+    QTest::keyClick(left, Qt::Key_Tab);
+    EXPECT_TRUE(right->hasFocus());
+    EXPECT_NE(slider.grab().toImage(), leftFocused);
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, grip(true));
+    EXPECT_TRUE(left->hasFocus());
+    EXPECT_EQ(slider.grab().toImage(), leftFocused);
+    move(grip(false), Qt::NoButton);
+    EXPECT_EQ(slider.cursor().shape(), Qt::SizeHorCursor);
+    EXPECT_NE(slider.grab().toImage(), leftFocused);
+    move({160, 35}, Qt::NoButton);
+    EXPECT_EQ(slider.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(SplitSliderViewTest, ScreenReadersKnowTheHandlesAsSliders)
+{
+    select(20.0, 3600.0);
+    QAccessibleInterface *const end = QAccessible::queryAccessibleInterface(right);
+    EXPECT_EQ(end->role(), QAccessible::Slider);
+    EXPECT_EQ(end->text(QAccessible::Value), u"01:00:20");
+    EXPECT_TRUE(QRect(slider.mapToGlobal(QPoint()), slider.size()).contains(end->rect()));
+    end->valueInterface()->setCurrentValue(70.0);
+    EXPECT_THAT(calls.take(), ElementsAre("begin>20-70", "drag>20-70", "end>20-70"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(left)->valueInterface()->currentValue(), 20.0);
+}
+
+TEST_F(SplitSliderViewTest, NoNumbersAndNoSizeBreakIt)
+{
+    const double odd[] = {0.0, -1e308, 1e308, 360000.0, notANumber, std::numeric_limits<double>::infinity()};
+    for (const QSize size : {QSize(320, 36), QSize(15, 3), QSize(0, 0)}) {
+        slider.resize(size);
+        for (const double length : odd) {
+            for (const double start : odd) {
+                slider.setDMinValue(start);
+                slider.setDLength(length);
+                select(start, length);
+                EXPECT_TRUE(std::isfinite(slider.curProgressWithXValue(160.0)));
+                EXPECT_TRUE(std::isfinite(slider.curXValueWithProgress(start)));
+                slider.moveClip(true, start);
+                QTest::mouseClick(&slider, Qt::LeftButton, {}, grip(true));
+                QTest::mouseClick(&slider, Qt::LeftButton, {}, grip(false));
+            }
+        }
+    }
+}
+
+TEST_F(SplitSliderViewTest, HighlightsTheSelectionAlone)
+{
+    select(20.0, 40.0);
+    const QImage image = slider.grab().toImage();
+    const QColor highlight = slider.palette().color(QPalette::Highlight);
+    for (const auto &[x, isSelected] : {std::pair{69, false}, {72, true}, {187, true}, {191, false}}) {
+        EXPECT_EQ(image.pixelColor(x, 36 - 13) == highlight, isSelected) << x;
+    }
+    select(20.0, 0.0);
+    EXPECT_NE(slider.grab().toImage().pixelColor(72, 36 - 13), highlight);
+}
+
+TEST_F(SplitSliderViewTest, SplitsWhereTheKnobIsWithinTheSelection)
+{
+    slider.setSelection(10.0, 30.0);
+    for (const auto &[value, canBeSplited] : {std::pair{12.0, false}, {12.1, true}, {37.9, true}, {38.0, false}}) {
+        slider.setDCurValue(value);
+        EXPECT_EQ(slider.canBeSplited(), canBeSplited) << value;
+    }
+    slider.splitAtCurPoint();
+    EXPECT_EQ(slider.dLength(), 28.0);
+    EXPECT_EQ(slider.selectionItem().end(), 38.0);
+    EXPECT_EQ(slider.dCurValue(), 0.0);
+    slider.splitAtCurPoint(); // the knob is outside now
+    EXPECT_EQ(slider.dLength(), 28.0);
+    slider.setSelection(5.0, 7.0);
+    slider.splitAtPoint(0.0);
+    EXPECT_EQ(slider.dLength(), 7.0);
+    EXPECT_EQ(slider.selectionItem().dStart, 0.0);
+}
+
+} // namespace
