@@ -13,6 +13,7 @@
 #include "render/CollagePreview.h"
 #include "ui_KTCustomCollageWndCtl.h"
 
+#include <QScreen>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -23,6 +24,7 @@ namespace {
 
 constexpr double usualMargin = 200.0;
 constexpr double usualFrame = 50.0;
+constexpr QSize roomAroundSheet(16, 48); // its frame and title, and a little air
 
 struct NumberField {
     QLineEdit *Ui::KTCustomCollageWndCtl::*field;
@@ -72,6 +74,7 @@ KTCustomCollageWndCtl::KTCustomCollageWndCtl(Services editorServices, QWidget *p
     QDialog(parent), services(std::move(editorServices)), ui(std::make_unique<Ui::KTCustomCollageWndCtl>())
 {
     ui->setupUi(this);
+    resize(size().boundedTo(screen()->availableSize() - roomAroundSheet));
     prepareControls();
     connectControls();
 }
