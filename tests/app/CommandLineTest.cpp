@@ -1,10 +1,12 @@
 // The real program in a process of its own, with tools that misbehave.
 
+#include "support/HttpServer.h"
 #include "support/ScriptedTool.h"
 
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -122,6 +124,29 @@ TEST_F(CommandLineTest, AReaderThatGoesAwayDoesNotStopTheExport)
     program.setStandardOutputFile(QStringLiteral("/dev/full"));
     EXPECT_EQ(run(exportMovie + QStringList{movie}), 0);
     EXPECT_EQ(folder.names("out").size(), 2);
+}
+
+TEST_F(CommandLineTest, AWindowTellsTheServiceOfItsStartAnExportDoesNot)
+{
+    const HttpServer server(HttpServer::silent); // which keeps neither the launch nor the end waiting
+    folder.write("config/Tessarine/Tessarine.ini", "[General]\nguid=ID\nOutputFolderKey=" + folder.bytes("out") + '\n');
+    environment.insert(u"TESSARINE_SERVICE_URL"_qs, server.url());
+    environment.insert(u"HOME"_qs, folder.path());
+    environment.remove(u"DBUS_SESSION_BUS_ADDRESS"_qs);
+    folder.write("Documents/crash.info", "a report that cannot be read");
+    EXPECT_EQ(run(exportMovie), 0);
+    EXPECT_TRUE(folder.has("Documents/crash.info"));
+    environment.insert(u"QT_QPA_PLATFORM"_qs, u"offscreen"_qs);
+    start({});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return server.requests.size() == 2; }, 60'000));
+    program.terminate();
+    EXPECT_EQ(finish(), 0);
+    EXPECT_FALSE(folder.has("Documents/crash.info"));
+    const QByteArray all = server.requests.join();
+    EXPECT_TRUE(all.contains("GET /common_task/getconfig.php?appver=0.1.0&appid=org.tessarine.Tessarine&sysver="));
+    EXPECT_TRUE(
+        all.contains("GET /common_task/reportstartup.php?appver=0.1.0.1&appid=org.tessarine.Tessarine&sysver="));
+    EXPECT_TRUE(all.contains("&channelid=5&userid=ID HTTP/1.1\r\n"));
 }
 
 } // namespace

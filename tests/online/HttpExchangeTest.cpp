@@ -32,13 +32,13 @@ void drip(QTcpSocket &client, const QByteArray & /*request*/)
     timer->start(1);
 }
 
-void redirectOnce(QTcpSocket &client, const QByteArray &request)
+HttpServer::Respond redirectingTo(const QByteArray &host)
 {
-    const QByteArray target =
-        request.contains("/far") ? QByteArray("http://localhost:%").replace("%", QByteArray::number(client.localPort()))
-                                 : "";
-    const auto redirect = HttpServer::saying("HTTP/1.1 302 Found\r\nLocation: " + target + "/end\r\n\r\n");
-    (request.contains("/end") ? HttpServer::answering("here") : redirect)(client, request);
+    return [host](QTcpSocket &client, const QByteArray &request) {
+        const QByteArray target = "http://" + host + ':' + QByteArray::number(client.localPort()) + "/end";
+        const auto redirect = HttpServer::saying("HTTP/1.1 302 Found\r\nLocation: " + target + "\r\n\r\n");
+        (request.contains("/end") ? HttpServer::answering("here") : redirect)(client, request);
+    };
 }
 
 TEST(HttpExchange, GivesTheWholeBodyOrAReason)
@@ -49,7 +49,6 @@ TEST(HttpExchange, GivesTheWholeBodyOrAReason)
         bool succeeds;
         int status;
         qsizetype bodySize = 0;
-        QString path = u"/"_qs;
         std::chrono::milliseconds timeout = 20s;
     } cases[] = {
         {HttpServer::answering("hello"), true, 200, 5},
@@ -58,21 +57,20 @@ TEST(HttpExchange, GivesTheWholeBodyOrAReason)
         {HttpServer::saying(ok + "Content-Length: 9\r\n\r\ncut off"), false, 200},
         {HttpServer::saying("HTTP/1.1 401 No\r\nWWW-Authenticate: Basic realm=\"x\"\r\n\r\n"), false, 401},
         {HttpServer::answering("no", "404 \x1b[31mNo"), false, 404},
-        {HttpServer::answering("no", "500 Oops"), false, 500},
         {HttpServer::answering(QByteArray(1 << 20, 'x')), true, 200, 1 << 20},
         {HttpServer::answering(QByteArray(2 << 20, 'x')), false, 200},
         {HttpServer::saying(QByteArray(5000, '\xff')), false, 0},
         {HttpServer::saying(""), false, 0},
-        {HttpServer::silent, false, 0, 0, u"/"_qs, 200ms},
-        {drip, false, 200, 0, u"/"_qs, 1500ms},
-        {redirectOnce, true, 200, 4, u"/near"_qs},
-        {redirectOnce, false, 302, 0, u"/far"_qs},
+        {HttpServer::silent, false, 0, 0, 200ms},
+        {drip, false, 200, 0, 1500ms},
+        {redirectingTo("127.0.0.1"), true, 200, 4},
+        {redirectingTo("localhost"), false, 302},
     };
     int number = 0;
-    for (const auto &[respond, succeeds, status, bodySize, path, timeout] : cases) {
+    for (const auto &[respond, succeeds, status, bodySize, timeout] : cases) {
         SCOPED_TRACE(++number);
         const HttpServer server(respond);
-        const HttpAnswer answer = answerTo({QUrl(server.url() + path), {}}, timeout);
+        const HttpAnswer answer = answerTo({QUrl(server.url()), {}}, timeout);
         EXPECT_EQ(answer.error.isEmpty(), succeeds) << qUtf8Printable(answer.error);
         EXPECT_FALSE(answer.error.contains(u'\x1b'));
         EXPECT_EQ(answer.status, status);
