@@ -1,31 +1,24 @@
 #include "desktop/Desktop.h"
 
-#include <gtest/gtest.h>
-
-namespace {
-
-QStringList coordinates(QPoint point)
+Desktop::Desktop()
 {
-    return {QString::number(point.x()), QString::number(point.y())};
-}
-
-} // namespace
-
-Desktop::Desktop() : environment(QProcessEnvironment::systemEnvironment())
-{
-    for (const char *name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR", "LANGUAGE"}) {
+    for (const char *name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR", "LANGUAGE"})
         environment.remove(QString::fromLatin1(name));
-    }
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    environment.insert(QStringLiteral("DISPLAY"), screen.display());
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus.address());
-    environment.insert(QStringLiteral("HOME"), folder.path());
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), folder.path("config"));
-    environment.insert(QStringLiteral("XDG_DATA_HOME"), folder.path("data"));
-    environment.insert(QStringLiteral("XDG_CACHE_HOME"), folder.path("cache"));
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), folder.makeFolder("run"));
-    std::filesystem::permissions(folder.bytes("run").toStdString(), std::filesystem::perms(0700));
+    folder.makeFolder("run");
+    folder.setMode(0700, "run");
+    const std::pair<const char *, QString> variables[] = {
+        {"QT_QPA_PLATFORM", u"xcb"_qs},
+        {"LC_ALL", u"C.UTF-8"_qs},
+        {"DISPLAY", screen.display()},
+        {"DBUS_SESSION_BUS_ADDRESS", bus.address()},
+        {"HOME", folder.path()},
+        {"XDG_CONFIG_HOME", folder.path("config")},
+        {"XDG_DATA_HOME", folder.path("data")},
+        {"XDG_CACHE_HOME", folder.path("cache")},
+        {"XDG_RUNTIME_DIR", folder.path("run")},
+    };
+    for (const auto &[name, value] : variables)
+        setVariable(QString::fromLatin1(name), value);
 }
 
 void Desktop::start(QProcess &program, const QString &path, const QStringList &arguments) const
@@ -36,66 +29,36 @@ void Desktop::start(QProcess &program, const QString &path, const QStringList &a
     EXPECT_TRUE(program.waitForStarted()) << path.toStdString();
 }
 
-QByteArray Desktop::awaitWindow(const QString &title) const
+QString Desktop::awaitWindow(const QString &title) const
 {
-    QByteArray window = xdotool({QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--all"),
-                                 QStringLiteral("--onlyvisible"), QStringLiteral("--name"), u'^' + title + u'$'});
-    xdotool({QStringLiteral("windowactivate"), QStringLiteral("--sync"), QString::fromLatin1(window)});
+    QString window =
+        xdotool({u"search"_qs, u"--sync"_qs, u"--all"_qs, u"--onlyvisible"_qs, u"--name"_qs, u'^' + title + u'$'});
+    xdotool({u"windowactivate"_qs, u"--sync"_qs, window});
     return window;
 }
 
-void Desktop::moveToCorner(const QByteArray &window) const
+void Desktop::movePointer(QPoint point) const
 {
-    xdotool({QStringLiteral("windowmove"), QStringLiteral("--sync"), QString::fromLatin1(window), QStringLiteral("0"),
-             QStringLiteral("0")});
+    xdotool({u"mousemove"_qs, QString::number(point.x()), QString::number(point.y())});
 }
 
 void Desktop::click(QPoint point) const
 {
     movePointer(point);
-    xdotool({QStringLiteral("click"), QStringLiteral("1")});
+    xdotool({u"click"_qs, u"1"_qs});
 }
 
-void Desktop::pressKey(const QString &keys) const
+void Desktop::grab(const QString &window, const QString &imagePath) const
 {
-    xdotool({QStringLiteral("key"), keys});
+    const QString options = u"-v error -y -f x11grab -draw_mouse 0 -window_id %1 -i %2 -frames:v 1"_qs;
+    run(u"ffmpeg"_qs, options.arg(window, screen.display()).split(u' ') + QStringList(imagePath));
 }
 
-void Desktop::pressButton(QPoint point) const
+QString Desktop::run(const QString &tool, const QStringList &arguments) const
 {
-    movePointer(point);
-    xdotool({QStringLiteral("mousedown"), QStringLiteral("1")});
-}
-
-void Desktop::movePointer(QPoint point) const
-{
-    xdotool(QStringList{QStringLiteral("mousemove")} + coordinates(point));
-}
-
-void Desktop::releaseButton() const
-{
-    xdotool({QStringLiteral("mouseup"), QStringLiteral("1")});
-}
-
-void Desktop::grab(const QByteArray &window, const QString &imagePath) const
-{
-    run(QStringLiteral("ffmpeg"),
-        {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-y"), QStringLiteral("-f"),
-         QStringLiteral("x11grab"), QStringLiteral("-draw_mouse"), QStringLiteral("0"), QStringLiteral("-window_id"),
-         QString::fromLatin1(window), QStringLiteral("-i"), screen.display(), QStringLiteral("-frames:v"),
-         QStringLiteral("1"), imagePath});
-}
-
-QByteArray Desktop::xdotool(const QStringList &arguments) const
-{
-    return run(QStringLiteral("xdotool"), arguments);
-}
-
-QByteArray Desktop::run(const QString &toolPath, const QStringList &arguments) const
-{
-    QProcess tool;
-    start(tool, toolPath, arguments);
-    EXPECT_TRUE(tool.waitForFinished()) << "does not end: " << arguments.join(u' ').toStdString();
-    EXPECT_EQ(tool.exitCode(), 0) << arguments.join(u' ').toStdString();
-    return tool.readAllStandardOutput().trimmed();
+    QProcess program;
+    start(program, tool, arguments);
+    EXPECT_TRUE(program.waitForFinished()) << "does not end: " << arguments.join(u' ').toStdString();
+    EXPECT_EQ(program.exitCode(), 0) << arguments.join(u' ').toStdString();
+    return QString::fromLatin1(program.readAllStandardOutput().trimmed());
 }

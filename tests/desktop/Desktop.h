@@ -1,14 +1,12 @@
 #pragma once
 
-#include "desktop/AccessibilityBus.h"
 #include "desktop/XServer.h"
+#include "support/FakeService.h"
 #include "support/ScratchFolder.h"
-#include "support/SessionBus.h"
 
+#include <QDBusVariant>
 #include <QPoint>
 #include <QProcess>
-#include <QProcessEnvironment>
-#include <QStringList>
 
 /// A small desktop of a test's own: windows, a bus, an empty home, a pointer and a keyboard. Nothing on it reaches the
 /// real one.
@@ -22,27 +20,26 @@ public:
     void start(QProcess &program, const QString &path, const QStringList &arguments) const;
 
     /// Waits until a window of this title is there and in front; gives its number.
-    QByteArray awaitWindow(const QString &title) const;
-    /// Puts the window's frame into the upper left corner of the screen.
-    void moveToCorner(const QByteArray &window) const;
-
-    void click(QPoint point) const;
-    void pressKey(const QString &keys) const; ///< such as "ctrl+q"
-    void pressButton(QPoint point) const;     ///< the mouse's left one, and keeps it down
+    QString awaitWindow(const QString &title) const;
+    /// Has xdotool move the pointer, type and so on, and gives what it says.
+    QString xdotool(const QStringList &arguments) const { return run(QStringLiteral("xdotool"), arguments); }
     void movePointer(QPoint point) const;
-    void releaseButton() const;
-
+    void click(QPoint point) const;
     /// Writes what the window shows into an image file.
-    void grab(const QByteArray &window, const QString &imagePath) const;
+    void grab(const QString &window, const QString &imagePath) const;
 
     const SessionBus bus;
     const ScratchFolder folder; ///< with the homes of settings and data in it
 
 private:
-    QByteArray xdotool(const QStringList &arguments) const;
-    QByteArray run(const QString &toolPath, const QStringList &arguments) const;
+    QString run(const QString &tool, const QStringList &arguments) const;
 
-    const AccessibilityBus accessibility{bus};
+    /// Tells programs that a screen reader listens on the session bus, so that they describe themselves there.
+    const FakeService accessibility{bus,
+                                    "org.a11y.Bus",
+                                    "/org/a11y/bus",
+                                    {{QStringLiteral("GetAddress"), bus.address()},
+                                     {QStringLiteral("Get"), QVariant::fromValue(QDBusVariant(true))}}};
     const XServer screen;
-    QProcessEnvironment environment;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
 };

@@ -1,4 +1,4 @@
-#include "desktop/DragPeer.h"
+#include "desktop/Desktop.h"
 #include "desktop/ScreenReader.h"
 #include "platform/FileUri.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 /// The real program on a desktop, used as a user does: by pointer, keyboard and the desktop's own ways.
 class JourneyTest : public testing::Test {
-public:
+protected:
     JourneyTest()
     {
         desktop.folder.makeFolder("out");
@@ -20,11 +20,11 @@ public:
 
     ~JourneyTest() override
     {
-        program.kill();
-        program.waitForFinished();
+        for (QProcess *running : {&program, &files}) {
+            running->kill();
+            running->waitForFinished();
+        }
     }
-
-    static QString executable() { return QStringLiteral(TESSARINE_EXECUTABLE); }
 
     QString movie(const QByteArray &name) const
     {
@@ -35,8 +35,9 @@ public:
     /// Starts the program and waits until its window can be used.
     void start(const QStringList &arguments = {})
     {
-        desktop.start(program, executable(), arguments);
-        desktop.moveToCorner(desktop.awaitWindow(QStringLiteral("Tessarine")));
+        desktop.start(program, QStringLiteral(TESSARINE_EXECUTABLE), arguments);
+        const QString window = desktop.awaitWindow(u"Tessarine"_qs);
+        desktop.xdotool({u"windowmove"_qs, u"--sync"_qs, window, u"0"_qs, u"0"_qs});
         reader = std::make_unique<ScreenReader>(desktop.bus.connect(), program.processId());
     }
 
@@ -44,7 +45,7 @@ public:
     int runOther(const QStringList &arguments) const
     {
         QProcess other;
-        desktop.start(other, executable(), arguments);
+        desktop.start(other, QStringLiteral(TESSARINE_EXECUTABLE), arguments);
         EXPECT_TRUE(other.waitForFinished());
         return other.exitStatus() == QProcess::NormalExit ? other.exitCode() : -1;
     }
@@ -52,6 +53,20 @@ public:
     QPoint place(const QString &role, const QString &name) const
     {
         return reader->await(role, name).rectangle.center();
+    }
+
+    /// Drags a file from another program to the point, and lets go there as soon as it is welcome.
+    void drag(const QString &path, QPoint point)
+    {
+        desktop.start(files, QStringLiteral(TESSARINE_DRAG_WINDOW), {QString::fromLatin1(FileUri::fromPath(path))});
+        desktop.awaitWindow(u"Files"_qs);
+        desktop.movePointer({1400, 850});
+        desktop.xdotool({u"mousedown"_qs, u"1"_qs});
+        for (const QPoint way : {QPoint(1420, 870), point - QPoint(5, 5), point})
+            desktop.movePointer(way);
+        EXPECT_EQ(nextLine(files), "accepted");
+        desktop.xdotool({u"mouseup"_qs, u"1"_qs});
+        EXPECT_EQ(nextLine(files), "given");
     }
 
     /// Waits until the movie is in the list and no job is running: jobs cover the window with a sheet.
@@ -69,6 +84,7 @@ public:
 
     const Desktop desktop;
     QProcess program;
+    QProcess files; ///< that other program: it must stay, for what is dropped is fetched from it
     std::unique_ptr<ScreenReader> reader;
 };
 
@@ -76,21 +92,19 @@ TEST_F(JourneyTest, AMovieDraggedOnTheWindowBecomesTheCollageThatTheCommandLineM
 {
     const QString path = movie("holiday \xE2\x9D\xA4.mp4");
     start();
-    DragPeer files(desktop, QStringLiteral("Files"), {1300, 800}, {QString::fromLatin1(FileUri::fromPath(path))});
-    files.dragTo(place(QStringLiteral("table"), QStringLiteral("Movies")));
+    drag(path, place(QStringLiteral("table"), QStringLiteral("Movies")));
     awaitMovie(QString::fromUtf8("holiday \xE2\x9D\xA4"));
     desktop.click(place(QStringLiteral("push button"), QStringLiteral("Start")));
     const QByteArray collage = "out/holiday \xE2\x9D\xA4.jpg";
-    while (!desktop.folder.has(collage) && program.state() == QProcess::Running) {
+    while (!desktop.folder.has(collage) && program.state() == QProcess::Running)
         program.waitForFinished(20);
-    }
     awaitMovie(QString::fromUtf8("holiday \xE2\x9D\xA4"));
     EXPECT_EQ(runOther({QStringLiteral("--export"), QStringLiteral("-q"), path}), 0);
     EXPECT_GT(desktop.folder.read(collage).size(), 10'000);
     EXPECT_EQ(desktop.folder.read(collage), desktop.folder.read("out/holiday \xE2\x9D\xA4(1).jpg"));
 
     desktop.awaitWindow(QStringLiteral("Tessarine"));
-    desktop.pressKey(QStringLiteral("ctrl+q"));
+    desktop.xdotool({u"key"_qs, u"ctrl+q"_qs});
     EXPECT_EQ(finish(), 0);
 }
 
@@ -101,9 +115,8 @@ TEST_F(JourneyTest, FilesOfLaterStartsComeIntoTheFirstWindow)
     EXPECT_EQ(runOther({movie("two.mp4")}), 0);
     awaitMovie(QStringLiteral("two.mp4"));
     EXPECT_EQ(runOther({}), 0); // only brings the window forward
-    for (const int signal : {SIGTERM, SIGINT}) {
+    for (const int signal : {SIGTERM, SIGINT})
         kill(static_cast<pid_t>(program.processId()), signal); // the second comes while it quits
-    }
     EXPECT_EQ(finish(), 0);
 }
 

@@ -6,125 +6,80 @@
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 #include <QDeadlineTimer>
-#include <QVector>
 
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <vector>
 
 namespace {
 
 using Object = ScreenReader::Object;
-using Filter = std::function<bool(const Object &)>;
 
 constexpr std::chrono::seconds patience(30);
-constexpr unsigned enabledState = 8; // of the accessibility protocol's list of states
-constexpr unsigned showingState = 25;
+constexpr unsigned showingState = 25; // of the accessibility protocol's list of states
 
-/// One object of the program on the accessibility bus.
-class Node {
-public:
-    Node(const QDBusConnection &connection, QString service, QString objectPath) :
-        bus(connection), owner(std::move(service)), path(std::move(objectPath))
-    {
-    }
+/// One object of a program on the accessibility bus.
+struct Node {
+    QString owner;
+    QString path = u"/org/a11y/atspi/accessible/root"_qs;
+};
 
-    /// The first argument of the answer; invalid when there is none, as from an object that has just gone.
-    QVariant call(const QString &interface, const QString &method, const QVariantList &arguments = {}) const
-    {
-        QDBusMessage message = QDBusMessage::createMethodCall(owner, path, interface, method);
-        message.setArguments(arguments);
-        return bus.call(message).arguments().value(0);
-    }
+/// The first argument of the answer; invalid when there is none, as from an object that has just gone.
+QVariant call(const QDBusConnection &bus, const Node &node, const char *method, const QVariantList &arguments = {})
+{
+    const QString name = QString::fromLatin1(method); // the interface, a dot, the method
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(node.owner, node.path, name.section(u'.', 0, -2), name.section(u'.', -1));
+    message.setArguments(arguments);
+    return bus.call(message).arguments().value(0);
+}
 
-    bool exists() const { return property("Name").isValid(); }
+QVariant nameOf(const QDBusConnection &bus, const Node &node)
+{
+    const QVariantList property{u"org.a11y.atspi.Accessible"_qs, u"Name"_qs};
+    return call(bus, node, "org.freedesktop.DBus.Properties.Get", property).value<QDBusVariant>().variant();
+}
 
-    Object read() const
-    {
-        const auto state = qdbus_cast<QVector<quint32>>(call(accessible(), QStringLiteral("GetState"))).value(0);
-        return {.name = property("Name").toString(),
-                .role = call(accessible(), QStringLiteral("GetRoleName")).toString(),
-                .isEnabled = (state >> enabledState & 1U) != 0,
-                .rectangle = (state >> showingState & 1U) != 0 ? rectangle() : QRect()};
-    }
-
-    std::vector<Node> children() const
-    {
-        std::vector<Node> nodes;
-        const auto list = call(accessible(), QStringLiteral("GetChildren")).value<QDBusArgument>();
-        list.beginArray();
-        while (!list.atEnd()) {
-            QString service;
-            QDBusObjectPath child;
-            list.beginStructure();
-            list >> service >> child;
-            list.endStructure();
-            nodes.emplace_back(bus, service, child.path());
-        }
-        return nodes;
-    }
-
-private:
-    static QString accessible() { return QStringLiteral("org.a11y.atspi.Accessible"); }
-
-    QVariant property(const char *name) const
-    {
-        return call(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-                    {accessible(), QString::fromLatin1(name)})
-            .value<QDBusVariant>()
-            .variant();
-    }
-
-    QRect rectangle() const
-    {
-        const QVariant extents = call(QStringLiteral("org.a11y.atspi.Component"), QStringLiteral("GetExtents"), {0U});
-        if (!extents.isValid()) {
-            return {};
-        }
-        int x = 0;
-        int y = 0;
-        int width = 0;
-        int height = 0;
+QRect rectangleOf(const QDBusConnection &bus, const Node &node)
+{
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    const QVariant extents = call(bus, node, "org.a11y.atspi.Component.GetExtents", {0U});
+    if (extents.isValid()) {
         const auto structure = extents.value<QDBusArgument>();
         structure.beginStructure();
         structure >> x >> y >> width >> height;
         structure.endStructure();
-        return {x, y, width, height};
     }
-
-    QDBusConnection bus;
-    QString owner;
-    QString path;
-};
-
-/// The program's application object; it has connections to the bus that lead nowhere, too.
-std::optional<Node> rootOf(const QDBusConnection &bus, qint64 program)
-{
-    const QStringList names = bus.interface()->registeredServiceNames();
-    for (const QString &name : names) {
-        if (name.startsWith(u':') && bus.interface()->servicePid(name).value() == program) {
-            Node root(bus, name, QStringLiteral("/org/a11y/atspi/accessible/root"));
-            if (root.exists()) {
-                return root;
-            }
-        }
-    }
-    return {};
+    return {x, y, width, height};
 }
 
-std::optional<Object> findBelow(const Node &node, const Filter &isWanted)
+Object read(const QDBusConnection &bus, const Node &node)
 {
-    for (const Node &child : node.children()) {
-        const Object object = child.read();
-        if (!object.rectangle.isEmpty() && isWanted(object)) {
-            return object;
-        }
-        if (std::optional<Object> found = findBelow(child, isWanted)) {
-            return found;
-        }
+    const auto state = qdbus_cast<QList<quint32>>(call(bus, node, "org.a11y.atspi.Accessible.GetState")).value(0);
+    return {.name = nameOf(bus, node).toString(),
+            .role = call(bus, node, "org.a11y.atspi.Accessible.GetRoleName").toString(),
+            .rectangle = (state >> showingState & 1U) != 0 ? rectangleOf(bus, node) : QRect()};
+}
+
+std::optional<Object> findBelow(const QDBusConnection &bus, const Node &node, const ScreenReader::Filter &isWanted)
+{
+    std::optional<Object> found;
+    const auto children = call(bus, node, "org.a11y.atspi.Accessible.GetChildren").value<QDBusArgument>();
+    children.beginArray();
+    while (!children.atEnd() && !found) {
+        Node child;
+        QDBusObjectPath path;
+        children.beginStructure();
+        children >> child.owner >> path;
+        children.endStructure();
+        child.path = path.path();
+        const Object object = read(bus, child);
+        found = !object.rectangle.isEmpty() && isWanted(object) ? object : findBelow(bus, child, isWanted);
     }
-    return {};
+    return found;
 }
 
 } // namespace
@@ -136,24 +91,24 @@ ScreenReader::ScreenReader(QDBusConnection accessibilityBus, qint64 programId) :
 
 std::optional<Object> ScreenReader::find(const Filter &isWanted) const
 {
-    const std::optional<Node> root = rootOf(bus, program);
-    return root ? findBelow(*root, isWanted) : std::nullopt;
+    const QStringList names = bus.interface()->registeredServiceNames();
+    for (const QString &name : names) { // the program has connections that lead nowhere, too
+        const Node root{.owner = name};
+        if (name.startsWith(u':') && bus.interface()->servicePid(name).value() == program &&
+            nameOf(bus, root).isValid())
+            return findBelow(bus, root, isWanted);
+    }
+    return {};
 }
 
 Object ScreenReader::await(const Filter &isWanted) const
 {
     // No event tells of all changes; the program's answers set the pace.
     for (const QDeadlineTimer deadline(patience); !deadline.hasExpired();) {
-        if (const std::optional<Object> found = find(isWanted)) {
+        if (const std::optional<Object> found = find(isWanted))
             return *found;
-        }
     }
-    QString list;
-    find([&list](const Object &object) {
-        list += object.role + u": " + object.name + u'\n';
-        return false;
-    });
-    ADD_FAILURE() << "not there; there are\n" << list.toStdString();
+    ADD_FAILURE() << "it does not come";
     return {};
 }
 
@@ -165,9 +120,8 @@ Object ScreenReader::await(const QString &role, const QString &name) const
 
 void ScreenReader::awaitNone(const QString &role) const
 {
-    const auto isThere = [&role](const Object &object) { return object.role == role; };
     const QDeadlineTimer deadline(patience);
-    while (find(isThere) && !deadline.hasExpired()) {
+    while (find([&role](const Object &object) { return object.role == role; }) && !deadline.hasExpired()) {
     }
     EXPECT_FALSE(deadline.hasExpired()) << role.toStdString() << " stays";
 }

@@ -34,11 +34,6 @@ const Shot shots[] = {
     {"preferences-paths", "1", "ctrl+comma", {"check box", "Trusted Paths"}, "Preferences"},
 };
 
-void PrintTo(const Shot &shot, std::ostream *stream)
-{
-    *stream << shot.image;
-}
-
 class Screenshots : public testing::TestWithParam<Shot> {};
 
 TEST_P(Screenshots, Grab)
@@ -50,7 +45,8 @@ TEST_P(Screenshots, Grab)
     QProcess program;
     const QStringList movies = qEnvironmentVariable("MOVIES").split(u'\n', Qt::SkipEmptyParts);
     desktop.start(program, QStringLiteral(TESSARINE_EXECUTABLE), movies);
-    desktop.moveToCorner(desktop.awaitWindow(QStringLiteral("Tessarine")));
+    const QString main = desktop.awaitWindow(u"Tessarine"_qs);
+    desktop.xdotool({u"windowmove"_qs, u"--sync"_qs, main, u"0"_qs, u"0"_qs});
     const ScreenReader reader(desktop.bus.connect(), program.processId());
     for (const QString &movie : movies) {
         const QString name = movie.section(u'/', -1);
@@ -59,14 +55,14 @@ TEST_P(Screenshots, Grab)
     reader.awaitNone(QStringLiteral("dialog"));
 
     if (*shot.keys != '\0') {
-        desktop.awaitWindow(QStringLiteral("Tessarine")); // it has lost the keyboard to its sheet
-        desktop.pressKey(QString::fromLatin1(shot.keys));
+        desktop.awaitWindow(u"Tessarine"_qs); // it has lost the keyboard to its sheet
+        desktop.xdotool({u"key"_qs, QString::fromLatin1(shot.keys)});
     }
     if (shot.click.name != nullptr) {
         desktop.click(reader.await(QString::fromLatin1(shot.click.role), QString::fromLatin1(shot.click.name))
                           .rectangle.center());
     }
-    const QByteArray window = desktop.awaitWindow(QString::fromLatin1(shot.title));
+    const QString window = desktop.awaitWindow(QString::fromLatin1(shot.title));
     const QString image = qEnvironmentVariable("IMAGES") + u'/' + QString::fromLatin1(shot.image) + u".png";
     desktop.grab(window, image);
     EXPECT_TRUE(QFile::exists(image)) << image.toStdString();

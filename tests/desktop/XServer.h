@@ -1,14 +1,36 @@
 #pragma once
 
-#include <QProcess>
-#include <QString>
+#include "support/SessionBus.h"
+
+#include <QProcessEnvironment>
 
 /// An X server without a screen, with a window manager, of a test's own; both end with their owner.
 class XServer {
 public:
     /// Returns when windows can be shown; fails the test when they cannot.
-    XServer();
-    ~XServer();
+    XServer()
+    {
+        server.start(u"Xvfb"_qs, u"-displayfd 1 -noreset -nolisten tcp -screen 0 2560x1600x24"_qs.split(u' '));
+        name = u':' + QString::fromLatin1(nextLine(server));
+        EXPECT_NE(name, u":") << "Xvfb does not start: " << server.readAllStandardError().constData();
+
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"DISPLAY"_qs, name);
+        windowManager.setProcessEnvironment(environment);
+        // It runs this command once it manages the windows.
+        windowManager.start(u"openbox"_qs, {u"--sm-disable"_qs, u"--startup"_qs, u"echo ready"_qs});
+        QByteArray line = nextLine(windowManager);
+        while (!line.isEmpty() && line != "ready") // it complains of missing menus
+            line = nextLine(windowManager);
+        EXPECT_EQ(line, "ready") << "openbox does not start";
+    }
+    ~XServer()
+    {
+        for (QProcess *program : {&windowManager, &server}) {
+            program->terminate();
+            program->waitForFinished();
+        }
+    }
     XServer(const XServer &) = delete;
     XServer &operator=(const XServer &) = delete;
 

@@ -58,7 +58,7 @@ TEST_F(DesktopWorkspaceTest, OpensFilesOnTheMainThreadWhoeverAsksWhileThereIsTim
 
 TEST_F(DesktopWorkspaceTest, HasTheFileBrowserSelectTheFile)
 {
-    const FakeService browser(bus, QStringLiteral("org.freedesktop.FileManager1"));
+    const FakeService browser(bus, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1");
     DesktopWorkspace workspace(mainQueue, bus.connect(), false);
     workspace.revealFile(file);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !browser.calls().empty(); }));
@@ -81,7 +81,7 @@ TEST_F(DesktopWorkspaceTest, OpensTheFolderWhereNobodyCanSelect)
 
 TEST_F(DesktopWorkspaceTest, HandsThePortalTheFileItselfInASandbox)
 {
-    const FakeService portal(bus, QStringLiteral("org.freedesktop.portal.Desktop"));
+    const FakeService portal(bus, "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop");
     DesktopWorkspace workspace(mainQueue, bus.connect(), true);
     workspace.revealFile(file);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !portal.calls().empty(); }));

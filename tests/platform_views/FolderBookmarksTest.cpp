@@ -62,7 +62,7 @@ TEST_F(PortalBookmarksTest, PortalIsAskedWhereItIsAndElseInItsUsualPlace)
          {std::pair{QByteArray("relative"), usual},
           {QByteArray("/run/user/0/d\xFF") + '\0', PathText::fromBytes("/run/user/0/d\xFF")}}) {
         const SessionBus bus;
-        const FakeService portal(bus, QStringLiteral("org.freedesktop.portal.Documents"),
+        const FakeService portal(bus, "org.freedesktop.portal.Documents", "/org/freedesktop/portal/documents",
                                  {{QStringLiteral("GetMountPoint"), answer}});
         EXPECT_EQ(PortalBookmarks::mountPointOf(bus.connect()), place);
     }

@@ -11,17 +11,18 @@
 /// its own: the test may block meanwhile.
 class FakeService final : private QDBusVirtualObject {
 public:
-    FakeService(const SessionBus &sessionBus, const QString &name, const QVariantMap &answersByMember = {}) :
-        answers(answersByMember), bus(sessionBus.connect())
+    FakeService(const SessionBus &sessionBus, const char *name, const char *objectPath,
+                const QVariantMap &answersByMember = {}) :
+        answers(answersByMember), path(QString::fromLatin1(objectPath)), bus(sessionBus.connect())
     {
         moveToThread(&thread);
         thread.start();
-        EXPECT_TRUE(bus.registerVirtualObject(QStringLiteral("/"), this, QDBusConnection::SubPath));
-        EXPECT_TRUE(bus.registerService(name));
+        EXPECT_TRUE(bus.registerVirtualObject(path, this));
+        EXPECT_TRUE(bus.registerService(QString::fromLatin1(name)));
     }
     ~FakeService() override
     {
-        bus.unregisterObject(QStringLiteral("/"), QDBusConnection::UnregisterTree);
+        bus.unregisterObject(path);
         thread.quit();
         thread.wait();
     }
@@ -33,7 +34,7 @@ public:
     }
 
 private:
-    QString introspect(const QString & /*path*/) const override { return {}; }
+    QString introspect(const QString & /*ofPath*/) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
     {
         const QMutexLocker lock(&mutex);
@@ -43,6 +44,7 @@ private:
     }
 
     const QVariantMap answers;
+    const QString path;
     mutable QMutex mutex;
     QList<QDBusMessage> received;
     QThread thread;
