@@ -41,7 +41,7 @@ QRectF SplitSliderView::clipRect(bool bLeftClip) const
 
 void SplitSliderView::moveClip(bool bLeftClip, double value)
 {
-    if (bDraggingLeftClip || bDraggingRightClip || std::isnan(value)) {
+    if (bDraggingLeftClip || bDraggingRightClip || !std::isfinite(value)) {
         return;
     }
     dragEdgeTo(bLeftClip, std::clamp(value, dMinValue(), dMinValue() + std::max(dLength(), 0.0)));
