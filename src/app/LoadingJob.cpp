@@ -15,14 +15,14 @@ namespace {
 
 /// Where in a movie its thumbnail is taken, seconds: behind the black that many begin with.
 constexpr double thumbnailTime = 2.0;
-/// Twice what the list shows, for screens that have two pixels to the point; a movie's own size would cost a hundred
-/// times as much in a long list.
-constexpr QSize thumbnailSize(192, 128);
+/// What the list shows of a picture, in points; a movie's own size would cost a hundred times as much in a long list.
+constexpr QSizeF thumbnailSize(96.0, 64.0);
 
-QImage fitted(const QImage &picture)
+QImage fitted(const QImage &picture, qreal devicePixelRatio)
 {
-    const bool isSmall = picture.width() <= thumbnailSize.width() && picture.height() <= thumbnailSize.height();
-    return isSmall ? picture : picture.scaled(thumbnailSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const QSize size = (thumbnailSize * devicePixelRatio).toSize();
+    const bool isSmall = picture.width() <= size.width() && picture.height() <= size.height();
+    return isSmall ? picture : picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
 } // namespace
@@ -59,7 +59,7 @@ void LoadingJob::loadMovie(const QString &path) const
         return;
     }
     const GrabbedFrame frame = services.grabber.createThumbnail(path, thumbnailTime, services.bLoadingCanceled);
-    movie->setImgThumbnail(fitted(frame.picture));
+    movie->setImgThumbnail(fitted(frame.picture, services.devicePixelRatio));
     movie->setImgPreview(services.renderPreview(*movie));
     services.observer.loaded(movie);
 }

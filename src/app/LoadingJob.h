@@ -37,6 +37,7 @@ public:
         FrameGrabber &grabber;
         /// Renders the picture of the movie's collage for the list.
         std::function<QImage(const KTMovieObject &)> renderPreview;
+        qreal devicePixelRatio; ///< of the sharpest screen
         LoadingObserver &observer;
         const CancelFlag &bLoadingCanceled;
     };

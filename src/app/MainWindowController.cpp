@@ -14,8 +14,15 @@
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 #include <utility>
+
+namespace {
+
+constexpr QSize roomForFrame(8, 32);
+
+} // namespace
 
 MainWindowController::MainWindowController(Services windowServices) :
     services(std::move(windowServices)), ui(std::make_unique<Ui::MainWindowController>()), model(aryItems)
@@ -258,6 +265,8 @@ void MainWindowController::restoreLayout()
 {
     if (const auto geometry = services.defaults.dataValue(PreferenceKeys::mainWindowGeometry)) {
         restoreGeometry(*geometry);
+    } else {
+        resize(size().boundedTo(screen()->availableSize() - roomForFrame));
     }
     if (const auto columns = services.defaults.dataValue(PreferenceKeys::movieTableColumns)) {
         ui->tableView->horizontalHeader()->restoreState(*columns);

@@ -11,6 +11,8 @@
 #include "render/ExportJob.h"
 #include "render/ExportObserver.h"
 
+#include <QGuiApplication>
+
 #include <utility>
 
 /// Takes what a batch tells on its thread to the list and to the main thread.
@@ -98,9 +100,10 @@ void MovieJobs::startLoading(const QStringList &paths, int indexToInsert)
 {
     view.jobStarted(JobsView::Kind::Loading, QStringLiteral("Loading..."));
     bLoadingCanceled = false;
-    loadingThread = std::jthread([this, paths, reporter = std::make_shared<LoadingReporter>(*this, indexToInsert)] {
+    loadingThread = std::jthread([this, paths, ratio = qGuiApp->devicePixelRatio(),
+                                  reporter = std::make_shared<LoadingReporter>(*this, indexToInsert)] {
         const AlternateStack stack;
-        LoadingJob({services.defaults, services.grabber, services.renderPreview, *reporter, bLoadingCanceled})
+        LoadingJob({services.defaults, services.grabber, services.renderPreview, ratio, *reporter, bLoadingCanceled})
             .loadMediasThread(paths);
     });
 }
