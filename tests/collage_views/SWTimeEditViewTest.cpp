@@ -52,6 +52,7 @@ public:
               std::function<void(int)> /*answered*/) override
     {
         ++shown;
+        box.parentWidget()->findChild<QPushButton *>()->setFocus(); // nothing to ask about again
         box.show();
         activate(box);
     }
@@ -156,9 +157,15 @@ TEST_F(SWTimeEditViewTest, EveryWayOutOfAFieldAsksAndAnAcceptedChangeIsToldOnce)
 TEST_F(SWTimeEditViewTest, ARefusedTimeIsTakenBackWithOneAlertAndTheFocusStays)
 {
     const std::function<void()> waysOut[] = {
-        [this] { QTest::keyClick(minute, Qt::Key_Tab); },     [this] { QTest::mouseClick(second, Qt::LeftButton); },
-        [this] { QTest::mouseClick(other, Qt::LeftButton); }, [this] { QTest::keyClick(minute, Qt::Key_Return); },
+        [this] { QTest::keyClick(minute, Qt::Key_Tab); },
+        [this] { QTest::mouseClick(second, Qt::LeftButton); },
+        [this] { QTest::keyClick(minute, Qt::Key_Return); },
         [this] { EXPECT_FALSE(view->endEditing()); },
+        [this] {
+            QTest::mousePress(slider, Qt::LeftButton, {}, slider->clipRect(true).center().toPoint());
+            QTest::mouseMove(slider, slider->rect().center());
+            EXPECT_EQ(slider->selectionItem().dStart, 0.0) << "a drag behind the alert";
+        },
     };
     for (const auto &leave : waysOut) {
         alerts.shown = 0;

@@ -93,6 +93,7 @@ TEST(SliderScaleTest, MapsBetweenTrackAndRangeAndEndsAtTheirEnds)
     EXPECT_EQ(scale.valueAt(400.0), 120.0);
     EXPECT_EQ(scale.xOf(60.0), 160.0);
     EXPECT_EQ(scale.xOf(1e300), 310.0);
+    EXPECT_EQ((SliderScale{10.0, 300.0, 0.0, 0.0}).xOf(5.0), 10.0);
     EXPECT_EQ((SliderScale{10.0, 300.0, 50.0, 100.0}).valueAt(160.0), 100.0);
 }
 
