@@ -192,19 +192,20 @@ void SplitSliderView::draw2Clips(QPainter &painter)
     const double top = rcSlider.bottom(); // y upwards: the handles stand on the track
     rcClipLeft = QRectF({curXValueWithProgress(itemSelection.dStart) - size.width(), top}, size);
     rcClipRight = QRectF({curXValueWithProgress(itemSelection.end()), top}, size);
-    drawClip(painter, imgLeftClip, *leftHandle, bDraggingLeftClip);
-    drawClip(painter, imgRightClip, *rightHandle, bDraggingRightClip);
+    drawClip(painter, true);
+    drawClip(painter, false);
 }
 
-void SplitSliderView::drawClip(QPainter &painter, SliderPiece &image, const SliderHandle &handle, bool held)
+void SplitSliderView::drawClip(QPainter &painter, bool bLeftClip)
 {
-    const QRectF rect = clipRect(&handle == leftHandle);
-    const double shade = held ? pressShade : hovered == &handle ? hoverShade : 0.0;
-    image.draw(painter, rect, ink(QPalette::Highlight, shade));
-    if (handle.hasFocus()) {
-        const bool isLeft = &handle == leftHandle;
-        SliderPiece &ring = isLeft ? imgLeftFocus : imgRightFocus;
-        const QPointF corner = isLeft ? rect.topLeft() : rect.topRight() - QPointF(ring.size().width(), 0.0);
+    const SliderHandle *const handle = bLeftClip ? leftHandle : rightHandle;
+    const bool held = bLeftClip ? bDraggingLeftClip : bDraggingRightClip;
+    const double shade = held ? pressShade : hovered == handle ? hoverShade : 0.0;
+    const QRectF rect = clipRect(bLeftClip);
+    (bLeftClip ? imgLeftClip : imgRightClip).draw(painter, rect, ink(QPalette::Highlight, shade));
+    if (handle->hasFocus()) {
+        SliderPiece &ring = bLeftClip ? imgLeftFocus : imgRightFocus;
+        const QPointF corner = bLeftClip ? rect.topLeft() : rect.topRight() - QPointF(ring.size().width(), 0.0);
         ring.draw(painter, QRectF(corner, ring.size()), ink(QPalette::Highlight, focusShade));
     }
 }

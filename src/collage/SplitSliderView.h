@@ -43,7 +43,7 @@ protected:
 
 private:
     void draw2Clips(QPainter &painter);
-    void drawClip(QPainter &painter, SliderPiece &image, const SliderHandle &handle, bool held);
+    void drawClip(QPainter &painter, bool bLeftClip);
     void holdClip(bool bLeftClip, QPointF point);
     void dragEdgeTo(bool bLeftClip, double value);
     double edgeUnderPointer(bool bLeftClip, double x) const;

@@ -19,49 +19,14 @@ using testing::ElementsAre;
 
 namespace {
 
-/// Keeps times of up to 100 seconds and writes down what it is asked and told.
-class Judge : public SWTimeEditViewDelegate {
-public:
-    bool isValid(SWTimeEditView & /*view*/, double seconds) override
-    {
-        asked.push_back(seconds);
-        return seconds <= 100.0;
-    }
-    void didChangeValue(SWTimeEditView & /*view*/, double seconds) override { told.push_back(seconds); }
-
-    std::vector<double> asked;
-    std::vector<double> told;
-};
-
 void activate(QWidget &front)
 {
     front.activateWindow();
     EXPECT_TRUE(QTest::qWaitFor([&front] { return front.isActiveWindow(); }));
 }
 
-/// Shows each alert as a window of its own, as the real one does.
-class Alerts : public AlertPanel {
-public:
-    explicit Alerts(QWidget &window) : box(&window) { box.setWindowModality(Qt::WindowModal); }
-
-    int run(const QString & /*title*/, const QString & /*message*/, const QStringList & /*buttons*/) override
-    {
-        throw std::logic_error("it would wait");
-    }
-    void show(const QString & /*title*/, const QString & /*message*/, const QStringList & /*buttons*/,
-              std::function<void(int)> /*answered*/) override
-    {
-        ++shown;
-        box.parentWidget()->findChild<QPushButton *>()->setFocus(); // nothing to ask about again
-        box.show();
-        activate(box);
-    }
-
-    QDialog box;
-    int shown = 0;
-};
-
-class SWTimeEditViewTest : public testing::Test {
+/// Keeps times of up to 100 seconds, and shows each alert as a window of its own, as the real one does.
+class SWTimeEditViewTest : public testing::Test, protected SWTimeEditViewDelegate, protected AlertPanel {
 protected:
     SWTimeEditViewTest()
     {
@@ -69,17 +34,35 @@ protected:
         layout->addWidget(view);
         layout->addWidget(slider);
         layout->addWidget(other);
+        box.setWindowModality(Qt::WindowModal);
         view->setAccessibleName(QStringLiteral("Start"));
-        view->setDelegate(&judge);
-        view->setAlertPanel(&alerts);
+        view->setDelegate(this);
+        view->setAlertPanel(this);
         view->flushWithSeconds(60.0);
         window.show();
         activate(window);
         window.grab();
         other->setFocus();
-        judge = {};
+        asked.clear();
     }
-
+    bool isValid(SWTimeEditView & /*view*/, double seconds) override
+    {
+        asked.push_back(seconds);
+        return seconds <= 100.0;
+    }
+    void didChangeValue(SWTimeEditView & /*view*/, double seconds) override { told.push_back(seconds); }
+    int run(const QString & /*title*/, const QString & /*message*/, const QStringList & /*buttons*/) override
+    {
+        throw std::logic_error("it would wait");
+    }
+    void show(const QString & /*title*/, const QString & /*message*/, const QStringList & /*buttons*/,
+              std::function<void(int)> /*answered*/) override
+    {
+        ++alerts;
+        other->setFocus(); // nothing to ask about again
+        box.show();
+        activate(box);
+    }
     static void type(QLineEdit *field, const QString &text)
     {
         QTest::mouseClick(field, Qt::LeftButton);
@@ -96,8 +79,10 @@ protected:
     SWTimeEditView *const view = new SWTimeEditView(&window);
     SplitSliderView *const slider = new SplitSliderView(&window);
     QPushButton *const other = new QPushButton(&window);
-    Judge judge;
-    Alerts alerts{window};
+    QDialog box{&window};
+    std::vector<double> asked;
+    std::vector<double> told;
+    int alerts = 0;
     QLineEdit *const hour = view->findChild<QLineEdit *>(QStringLiteral("lblHour"));
     QLineEdit *const minute = view->findChild<QLineEdit *>(QStringLiteral("lblMinite"));
     QLineEdit *const second = view->findChild<QLineEdit *>(QStringLiteral("lblSecond"));
@@ -110,7 +95,6 @@ TEST_F(SWTimeEditViewTest, ShowsWholeSeconds)
         view->flushWithSeconds(seconds);
         EXPECT_EQ(shown(), fields);
     }
-    EXPECT_THAT(judge.told, ElementsAre());
     EXPECT_EQ(minute->accessibleName(), u"Start, time_minutes");
 }
 
@@ -140,18 +124,20 @@ TEST_F(SWTimeEditViewTest, EveryWayOutOfAFieldAsksAndAnAcceptedChangeIsToldOnce)
     for (const auto &leave : waysOut) {
         view->flushWithSeconds(60.0);
         type(second, QStringLiteral("7"));
-        judge = {};
+        asked.clear();
+        told.clear();
         leave();
-        EXPECT_THAT(judge.asked, ElementsAre(67.0));
-        EXPECT_THAT(judge.told, ElementsAre(67.0));
+        EXPECT_THAT(asked, ElementsAre(67.0));
+        EXPECT_THAT(told, ElementsAre(67.0));
         other->setFocus();
-        EXPECT_THAT(judge.told, ElementsAre(67.0));
+        EXPECT_THAT(told, ElementsAre(67.0));
     }
-    judge = {};
+    asked.clear();
+    told.clear();
     second->setFocus();
     QTest::keyClick(second, Qt::Key_Tab);
-    EXPECT_THAT(judge.asked, ElementsAre(67.0));
-    EXPECT_THAT(judge.told, ElementsAre());
+    EXPECT_THAT(asked, ElementsAre(67.0));
+    EXPECT_THAT(told, ElementsAre());
 }
 
 TEST_F(SWTimeEditViewTest, ARefusedTimeIsTakenBackWithOneAlertAndTheFocusStays)
@@ -168,19 +154,18 @@ TEST_F(SWTimeEditViewTest, ARefusedTimeIsTakenBackWithOneAlertAndTheFocusStays)
         },
     };
     for (const auto &leave : waysOut) {
-        alerts.shown = 0;
+        alerts = 0;
         type(minute, QStringLiteral("99"));
         leave();
-        EXPECT_EQ(alerts.shown, 1);
-        alerts.box.hide();
+        EXPECT_EQ(alerts, 1);
+        box.hide();
         activate(window);
         EXPECT_TRUE(minute->hasFocus());
         EXPECT_EQ(shown(), "00 01 00");
     }
-    EXPECT_THAT(judge.told, ElementsAre());
+    EXPECT_THAT(told, ElementsAre());
     QTest::keyClick(minute, Qt::Key_Tab);
     EXPECT_TRUE(second->hasFocus());
-    EXPECT_EQ(alerts.shown, 1);
 }
 
 TEST_F(SWTimeEditViewTest, AnotherWindowInFrontEndsNothing)
@@ -189,11 +174,11 @@ TEST_F(SWTimeEditViewTest, AnotherWindowInFrontEndsNothing)
     QDialog front;
     front.show();
     activate(front);
-    EXPECT_THAT(judge.asked, ElementsAre());
+    EXPECT_THAT(asked, ElementsAre());
     activate(window);
     EXPECT_EQ(shown(), "00 99 00");
     other->setFocus();
-    EXPECT_EQ(alerts.shown, 1);
+    EXPECT_EQ(alerts, 1);
     EXPECT_EQ(shown(), "00 01 00") << "what the editing began with";
 }
 
@@ -220,10 +205,10 @@ TEST_F(SWTimeEditViewTest, AbandonedEditingIsNeitherAskedAboutNorTold)
     for (const auto &abandon : ways) {
         view->setEnabled(true);
         type(second, QStringLiteral("77"));
-        judge = {};
+        asked.clear();
         abandon();
-        EXPECT_THAT(judge.asked, ElementsAre());
-        EXPECT_THAT(judge.told, ElementsAre());
+        EXPECT_THAT(asked, ElementsAre());
+        EXPECT_THAT(told, ElementsAre());
         view->flushWithSeconds(60.0);
     }
 }
@@ -235,7 +220,7 @@ TEST_F(SWTimeEditViewTest, AsksNothingWithoutADelegateOrWhenNotEditable)
     QTest::keyClick(minute, Qt::Key_Up);
     other->setFocus();
     EXPECT_EQ(shown(), "00 01 00");
-    EXPECT_THAT(judge.asked, ElementsAre());
+    EXPECT_THAT(asked, ElementsAre());
     view->setEditable(true);
     view->setDelegate(nullptr);
     type(minute, QStringLiteral("99"));
@@ -250,7 +235,7 @@ TEST_F(SWTimeEditViewTest, ArrowKeysTypeTheNextNumber)
     QTest::keyClick(hour, Qt::Key_Down);
     EXPECT_EQ(shown(), "00 01 09");
     other->setFocus();
-    EXPECT_THAT(judge.told, ElementsAre(69.0));
+    EXPECT_THAT(told, ElementsAre(69.0));
 }
 
 TEST_F(SWTimeEditViewTest, LaysFieldsOutAndHasRoomForHundredHours)
