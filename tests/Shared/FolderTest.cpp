@@ -45,21 +45,6 @@ TEST(MovieScan, FindsMoviesByTheirExtensionAnywhereBelow)
     EXPECT_THAT(fileListAtDirenctory(folder.path("notes.txt"), filter, never), IsEmpty());
 }
 
-TEST(MovieScan, KeepsTheOrderOfTheListingsDepthFirst)
-{
-    const ScratchFolder folder;
-    for (int i = 0; i < 60; ++i) {
-        const QByteArray name = QByteArray::number(i) + ".mp4";
-        folder.write(i < 20 ? name : QByteArray::number(i % 7) + '/' + QByteArray::number(i % 3) + '/' + name);
-    }
-    std::vector<std::string> expected;
-    for (const auto &entry : fs::recursive_directory_iterator(folder.bytes().toStdString())) {
-        if (entry.is_regular_file())
-            expected.push_back(fs::relative(entry.path(), folder.bytes().toStdString()));
-    }
-    EXPECT_EQ(scan(folder), expected);
-}
-
 TEST(MovieScan, DoesNotEnterAFolderInsideItself)
 {
     const ScratchFolder folder;

@@ -1,7 +1,6 @@
 #include "Shared/NumberText.h"
 #include "Shared/SizeFit.h"
 #include "Shared/TimeFormat.h"
-#include "Shared/UrlText.h"
 
 #include <QLocale>
 
@@ -101,19 +100,6 @@ TEST(SizeFit, ShrinksButNeverEnlarges)
         EXPECT_EQ(getSizeWithOrigin(each.size, each.max), each.fitted);
         EXPECT_EQ(rate, each.rate);
     }
-}
-
-TEST(UrlText, EscapesAllThatHasAMeaningInAQuery)
-{
-    const std::pair<const char *, const char *> cases[] = {
-        {"", ""},
-        {"AZaz09-._~&;", "AZaz09-._~&;"},
-        {":/= +*, '()!@$?^[]{}", "%3A%2F%3D%20%2B%2A%2C%20%27%28%29%21%40%24%3F%5E%5B%5D%7B%7D"},
-        {"100%#<>\"\\|`\n", "100%25%23%3C%3E%22%5C%7C%60%0A"},
-        {"é片🎬", "%C3%A9%E7%89%87%F0%9F%8E%AC"},
-    };
-    for (const auto &[text, escaped] : cases)
-        EXPECT_EQ(encodedURLParameterString(QString::fromUtf8(text)).toStdString(), escaped);
 }
 
 } // namespace

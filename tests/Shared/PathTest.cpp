@@ -32,16 +32,6 @@ TEST(PathParts, TakeAPathApart)
     }
 }
 
-TEST(PathParts, PutAPathTogetherWithSingleSlashes)
-{
-    const char *const cases[][3] = {
-        {"/a", "b", "/a/b"}, {"/a/", "/b/", "/a/b"}, {"/", "b", "/b"},         {"", "b", "b"},
-        {"/a", "", "/a"},    {"", "/b", "/b"},       {"/a", "b//c", "/a/b/c"},
-    };
-    for (const auto &[path, component, joined] : cases)
-        EXPECT_EQ(appendingPathComponent(QString::fromUtf8(path), QString::fromUtf8(component)).toStdString(), joined);
-}
-
 TEST(OutputName, IsFreeAndHasTheExtension)
 {
     struct {

@@ -7,10 +7,8 @@
 #include <sys/wait.h>
 
 #include <cerrno>
-#include <fstream>
 #include <functional>
 #include <string>
-#include <thread>
 
 namespace {
 
@@ -164,30 +162,6 @@ TEST_F(TaskWrapperTest, LeavesABusyToolAlone)
         EXPECT_TRUE(recorder.output.endsWith(u"done\n")) << script;
         EXPECT_EQ(recorder.events.back(), "ended 0");
     }
-}
-
-TEST_F(TaskWrapperTest, SuspendsAndResumes)
-{
-    const QByteArray script = "echo $$; while [ ! -e \"${0%/*}/go\" ]; do :; done; exit 2";
-    TaskWrapper task(&recorder, {scriptedTool(folder, "tool", script)}, {.silence = 200ms});
-    recorder.onOutput = [&] {
-        const std::string process = recorder.output.trimmed().toStdString();
-        const auto state = [&process] {
-            std::ifstream file("/proc/" + process + "/stat");
-            std::string text; // by stream iterators, it would not compile with -O3
-            std::getline(file, text);
-            return text.at(text.rfind(')') + 2);
-        };
-        task.suspend();
-        while (state() != 'T')
-            std::this_thread::yield();
-        folder.write("go");
-        EXPECT_EQ(state(), 'T');
-        task.resume();
-    };
-    task.startProcess();
-    task.waitUntilTaskExit();
-    EXPECT_EQ(recorder.events.back(), "ended 2");
 }
 
 TEST_F(TaskWrapperTest, NeverLeavesAProcessBehind)

@@ -71,10 +71,10 @@ protected:
 
 TEST_F(CommandLineTest, StreamsAndStatusWithoutLocaleAndDisplay)
 {
-    folder.link(movie.toUtf8(), "a movie.mp4");
-    EXPECT_EQ(run({u"--export"_qs, u"./a movie.mp4"_qs, u"-o"_qs, u"./out"_qs}), 0);
-    EXPECT_EQ(output, folder.bytes("out/a movie.jpg") + '\n');
-    EXPECT_EQ(errors, "movie 1 of 1: a movie.mp4\n");
+    folder.link(movie.toUtf8(), "a\nmovie.mp4");
+    EXPECT_EQ(run({u"--export"_qs, u"./a\nmovie.mp4"_qs, u"-o"_qs, u"./out"_qs}), 0);
+    EXPECT_EQ(output, folder.bytes("out/a\nmovie.jpg") + '\n');
+    EXPECT_EQ(errors, "movie 1 of 1: a\xEF\xBF\xBDmovie.mp4\n");
     EXPECT_TRUE(folder.names("tmp").isEmpty());
     EXPECT_TRUE(folder.names("config").isEmpty()); // an export stores nothing
     for (const auto &[option, status, stream, text] : {std::tuple{u"--help", 0, &output, "--tile-width"},

@@ -16,32 +16,13 @@ ExportProgress at(int movie, std::int64_t tile)
     return {QStringLiteral("/films/a\nb.mkv"), movie, 2, tile, 6, {}};
 }
 
-TEST(Console, APipeGetsOneLinePerMovieAndTheResultsAlone)
-{
-    for (const bool quiet : {false, true}) {
-        const CapturedStream results;
-        const CapturedStream messages;
-        Console console(results.stream(), messages.stream(), quiet);
-        console.showProgress(at(0, 1));
-        console.showProgress(at(0, 2));
-        console.printResult(QStringLiteral("/out/a\nb.jpg"));
-        console.showProgress(at(1, 1));
-        console.printMessage(QStringLiteral("/films/x\ny.mkv"), QStringLiteral("is a folder"));
-        EXPECT_EQ(results.contents(), "/out/a\nb.jpg\n");
-        const QString progress = QStringLiteral("movie 1 of 2: a\uFFFDb.mkv\nmovie 2 of 2: a\uFFFDb.mkv\n");
-        EXPECT_EQ(QString::fromUtf8(messages.contents()),
-                  (quiet ? QString() : progress) + QStringLiteral("tessarine: /films/x\uFFFDy.mkv: is a folder\n"));
-    }
-}
-
 TEST(Console, ATerminalGetsABarThatFitsAndGoesAway)
 {
     int master = -1;
     int slave = -1;
     const struct winsize size = {24, 40, 0, 0};
-    if (openpty(&master, &slave, nullptr, nullptr, &size) != 0) {
+    if (openpty(&master, &slave, nullptr, nullptr, &size) != 0)
         GTEST_SKIP() << "there are no pseudo-terminals here (/dev/pts)";
-    }
     {
         const CapturedStream results;
         const CapturedStream messages(fdopen(slave, "w"));

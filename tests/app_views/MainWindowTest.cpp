@@ -104,17 +104,6 @@ TEST_F(MainWindowTest, BatchesWaitTheirTurnAndStandInReverseOrder)
     EXPECT_FALSE(control<QAbstractButton>("btnStart").isEnabled());
 }
 
-TEST_F(MainWindowTest, StartWritesTheListFromTheTop)
-{
-    answers.chosen = {movie("short.mp4"), movie("portrait.mp4")};
-    control<QAction>("importMovies").trigger();
-    ASSERT_TRUE(waitForRows({u"portrait.mp4"_qs, u"short.mp4"_qs}));
-    QTest::mouseClick(&control<QAbstractButton>("btnStart"), Qt::LeftButton);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !delegate.mainWindow().isJobRunning(); }, 60'000));
-    EXPECT_EQ(folder.names("out"), (QStringList{u"portrait.jpg"_qs, u"short.jpg"_qs}));
-    EXPECT_EQ(rows().size(), 2);
-}
-
 TEST_F(MainWindowTest, ClosingDuringAnExportCancelsWaitsAndLeavesNothing)
 {
     delegate.openFile(movie("clock.mp4"));

@@ -51,29 +51,6 @@ TEST(MovieList, ThreadsMayShareIt)
     }
 }
 
-TEST(MovieTableModel, EveryColumnShowsItsPartOfTheMovie)
-{
-    const auto movie = movieAt(QStringLiteral("/films/holiday.mkv"));
-    movie->pixWidth = 1280;
-    movie->pixHeight = 720;
-    movie->videoBitrate = 2'500'000.0;
-    QImage picture(4, 3, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    movie->setImgThumbnail(picture);
-    picture.fill(Qt::blue);
-    movie->setImgPreview(picture);
-
-    const auto value = [&movie](const char16_t *column) {
-        return objectValueForTableColumn(QString::fromUtf16(column), *movie);
-    };
-    EXPECT_EQ(value(u"Thumbnail").value<QImage>(), movie->imgThumbnail());
-    EXPECT_EQ(value(u"Summary").value<QImage>(), picture);
-    EXPECT_EQ(value(u"Title").toString(), u"holiday.mkv\n/films/holiday.mkv");
-    EXPECT_EQ(value(u"Grids").toString(), u"2 * 3");
-    EXPECT_EQ(value(u"Description").toString(), u"Resolution: 1280 * 720\nData Rate:2500.0Kbps");
-    EXPECT_FALSE(value(u"Other").isValid());
-}
-
 TEST(MovieTableModel, ShowsTheListOfTheLastReloadWhateverTheNames)
 {
     MovieList list;

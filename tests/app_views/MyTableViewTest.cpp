@@ -88,12 +88,17 @@ protected:
     QMimeData mime;
 };
 
-TEST_F(MyTableViewTest, TheHintCoversTheEmptyTableOnly)
+TEST_F(MyTableViewTest, TheHintCoversTheEmptyTableOnlyAndIsHighlightedUnderFiles)
 {
     reload();
     ASSERT_TRUE(hintIsShown());
     table.resize(500, 300);
     EXPECT_EQ(hint()->geometry(), table.rect());
+    EXPECT_TRUE(drag("file:///a.mkv", 5)); // where the heading is under the hint
+    EXPECT_TRUE(hint()->bHighlighted());
+    EXPECT_TRUE(drop("file:///a.mkv", 200));
+    EXPECT_FALSE(hint()->bHighlighted());
+    EXPECT_EQ(controller.heard, QStringList{QStringLiteral("0 /a.mkv")});
 
     add(1);
     EXPECT_FALSE(hintIsShown());
@@ -146,19 +151,6 @@ TEST_F(MyTableViewTest, FilesGoBetweenRowsNeverOntoOne)
         EXPECT_EQ(controller.heard.join(u'|'), welcome ? QString::number(before) + u" /a.mkv" : QString());
         EXPECT_NE(markAt(std::max(0, before * row - 1)), mark());
     }
-}
-
-TEST_F(MyTableViewTest, TheHintIsHighlightedWhileFilesAreHeldOverIt)
-{
-    reload();
-    EXPECT_TRUE(drag("file:///a.mkv", 5)); // where the heading is under the hint
-    EXPECT_TRUE(hint()->bHighlighted());
-    QDragLeaveEvent leave;
-    QCoreApplication::sendEvent(&table, &leave);
-    EXPECT_FALSE(hint()->bHighlighted());
-    EXPECT_TRUE(drop("file:///a.mkv", 200));
-    EXPECT_FALSE(hint()->bHighlighted());
-    EXPECT_EQ(controller.heard, QStringList{QStringLiteral("0 /a.mkv")});
 }
 
 TEST_F(MyTableViewTest, OnlyLocalFilesAreTakenByteForByte)

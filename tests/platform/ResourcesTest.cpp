@@ -21,26 +21,6 @@ const QByteArray everyType = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 } // namespace
 
-TEST(PropertyList, KeepsTypes)
-{
-    const auto map = PropertyList::parseDictionary(everyType);
-    ASSERT_TRUE(map);
-    const QVariantMap expected{
-        {u"no"_s, false},
-        {u"minus"_s, qlonglong{-7}},
-        {u"big"_s, qlonglong{9007199254740993}},
-        {u"real"_s, 0.1},
-        {u"text"_s, u"Füße & 映画"_s},
-        {u"none"_s, QString()},
-        {u"data"_s, QByteArray("\0\x01\xFF", 3)},
-        {u"date"_s, u"2024-02-29T12:30:00Z"_s},
-        {u"list"_s, QVariantList{true, QVariantMap{{u"k"_s, u"v"_s}}, QVariantList()}},
-    };
-    EXPECT_EQ(*map, expected);
-    for (auto value = expected.cbegin(); value != expected.cend(); ++value)
-        EXPECT_EQ(map->value(value.key()).typeId(), value->typeId()) << qPrintable(value.key());
-}
-
 TEST(PropertyList, SurvivesHostileInput)
 {
     const QByteArray head = "<plist version=\"1.0\">";

@@ -54,9 +54,8 @@ TEST(MainQueueTest, WorkOfEachThreadIsDoneInItsOrderOnTheMainThread)
     };
     const std::jthread first([&] { feed(fromFirst); });
     const std::jthread second([&] { feed(fromSecond); });
-    while (left > 0) {
+    while (left > 0)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
     std::vector<int> inOrder(pieces);
     std::iota(inOrder.begin(), inOrder.end(), 0);
     EXPECT_EQ(fromFirst, inOrder);

@@ -81,22 +81,6 @@ protected:
         std::make_unique<MASPreferencesWindowController>(panes, QStringLiteral("Title"), defaults);
 };
 
-TEST_F(PreferencesWindowTest, PaneAppendedAfterTheConstructionIsAPage)
-{
-    add("third", {10, 10});
-    controller->window();
-    EXPECT_EQ(selected(), u"first");
-    EXPECT_TRUE(controller->selectControllerAtIndex(2));
-    add("fourth", {10, 10}); // and one that comes when the window is there
-    EXPECT_TRUE(controller->selectControllerAtIndex(3));
-    EXPECT_TRUE(items().at(3)->isChecked());
-    EXPECT_FALSE(controller->selectControllerAtIndex(4));
-    controller->goNextTab();
-    EXPECT_EQ(selected(), u"first");
-    controller->goPreviousTab();
-    EXPECT_EQ(selected(), u"fourth");
-}
-
 TEST_F(PreferencesWindowTest, LeavingAPaneCommitsItFirstAndThenTellsIt)
 {
     controller->window();

@@ -6,9 +6,9 @@
 
 namespace {
 
-CollageSettings grid(std::int32_t rows, std::int32_t columns, double start = 0.0, double end = 0.0)
+CollageSettings grid(std::int32_t rows, std::int32_t columns)
 {
-    return {.rowNumber = rows, .columeNumber = columns, .startPoint = start, .endPoint = end};
+    return {.rowNumber = rows, .columeNumber = columns};
 }
 
 TEST(CollageLayout, TilesStandBelowTheTextWithTheirOwnGaps)
@@ -24,31 +24,6 @@ TEST(CollageLayout, TilesStandBelowTheTextWithTheirOwnGaps)
     EXPECT_EQ(layout.textRect(), QRectF(20.0, 20.0, 120.0, 60.0));
     EXPECT_EQ(layout.tileRect(1, 2), QRectF(640.0, 255.75, 300.0, 168.75));
     EXPECT_EQ(layout.pictureRect(layout.tileRect(1, 2)), QRectF(643.0, 258.75, 294.0, 162.75));
-}
-
-TEST(CollageLayout, StampsStandAtFixedDistancesFromTheChosenCorner)
-{
-    for (const auto &[position, point] : {std::pair<std::int64_t, QPointF>{0, {340, 330}},
-                                          {1, {100, 330}},
-                                          {2, {340, 200}},
-                                          {3, {100, 200}},
-                                          {-1, {0, 0}},
-                                          {7, {0, 0}},
-                                          {INT64_MAX, {0, 0}}}) {
-        EXPECT_EQ(CollageLayout::stampPoint({100.0, 200.0, 300.0, 150.0}, position), point) << position;
-    }
-}
-
-TEST(CollageLayout, TimesRunFromTheFirstTileToTheLast)
-{
-    for (const auto &[settings, tile, time] : {std::tuple{grid(3, 4, 10, 120), 0, 10.0},
-                                               {grid(3, 4, 10, 120), 5, 60.0},
-                                               {grid(3, 4, 10, 120), 11, 120.0},
-                                               {grid(1, 1, 5, 99), 0, 5.0},
-                                               {grid(1, 2, 4, 9), 1, 9.0},
-                                               {grid(2, 2, 0, 0), 3, 0.0}}) {
-        EXPECT_DOUBLE_EQ(CollageLayout(settings).tileTime(tile), time) << settings.rowNumber << ", tile " << tile;
-    }
 }
 
 TEST(CollageLayout, AnyCountIsAllowed)

@@ -71,9 +71,8 @@ TEST_F(CollagePainterTest, GroundFramesAndPicturesAreSharpRectanglesBelowTheText
                                                {inner.bottomRight(), content},
                                                {inner.topLeft() - QPoint(1, 1), frame},
                                                {outer.topLeft() - QPoint(1, 1), ground},
-                                               {outer.bottomRight() + QPoint(1, 1), ground}}) {
+                                               {outer.bottomRight() + QPoint(1, 1), ground}})
                 EXPECT_EQ(canvas.pixel(point), color) << point.x() << ", " << point.y();
-            }
         }
         EXPECT_TRUE(finished);
         EXPECT_EQ(times, (std::vector{0.0, 10.0, 20.0, 30.0}));
@@ -112,9 +111,8 @@ TEST_F(CollagePainterTest, AGreyShadowFallsToTheRightAndDown)
                                        {{60, 80}, 0.69},
                                        {{19, 50}, 0.06},
                                        {{125, 50}, 0.0},
-                                       {{15, 50}, 0.0}}) {
+                                       {{15, 50}, 0.0}})
         EXPECT_NEAR(255 - qRed(canvas.pixel(point)), 127 * share, 3) << point.x();
-    }
 }
 
 TEST_F(CollagePainterTest, AStampsShadowStaysOnForTheTilesAfterIt)
@@ -141,9 +139,8 @@ TEST_F(CollagePainterTest, StampsStandWhereThePositionSays)
         const QImage canvas = paint();
         for (const QPoint &place : places) {
             int ink = 0;
-            for (int at = 0; at < 40 * 14; ++at) {
+            for (int at = 0; at < 40 * 14; ++at)
                 ink += qRed(canvas.pixel(place + QPoint(at % 40, at / 40))) < 60 ? 1 : 0;
-            }
             EXPECT_EQ(ink > 10, place == places[position]) << position << " at " << place.x() << ", " << place.y();
         }
     }

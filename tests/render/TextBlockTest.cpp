@@ -25,9 +25,8 @@ TEST(TextBlock, MeasuresTheLinesThatFitTheBox)
          {Case{{}, {500, 500}, 0}, Case{u"a\n"_qs, {500, 500}, 1}, Case{u"a\n\nb\n"_qs, {500, 500}, 3},
           Case{u"some words here"_qs, {70, 500}, 2}, Case{QString(20, u'w'), {100, 500}, 2}, // within a word too
           Case{u"a\nb\nc"_qs, {500, 2.5 * line}, 2}, Case{u"a"_qs, {0, 100}, 0}, Case{u"a"_qs, {-5, 100}, 0},
-          Case{u"a"_qs, {100, -5}, 0}, Case{u"a"_qs, {qQNaN(), 100}, 0}, Case{u"a"_qs, {1e300, 1e300}, 1}}) {
+          Case{u"a"_qs, {100, -5}, 0}, Case{u"a"_qs, {qQNaN(), 100}, 0}, Case{u"a"_qs, {1e300, 1e300}, 1}})
         EXPECT_EQ(measured(block.text, block.box).height(), block.lines * line) << block.text.toStdString();
-    }
 }
 
 TEST(TextBlock, DrawsWithinWhatItMeasured)
@@ -41,9 +40,8 @@ TEST(TextBlock, DrawsWithinWhatItMeasured)
     painter.end();
     QRect ink;
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
+        for (int x = 0; x < image.width(); ++x)
             ink |= image.pixel(x, y) == qRgb(255, 255, 255) ? QRect() : QRect(x, y, 1, 1);
-        }
     }
     const QRect room(QPoint(50, 60), block.size().toSize());
     EXPECT_TRUE(room.adjusted(-1, 0, 1, 0).contains(ink)); // a glyph may lean over its own width
