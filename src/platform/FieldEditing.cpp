@@ -31,7 +31,7 @@ bool FieldEditing::endEditing()
         return !editing;
     }
     if (!field->isEnabled() || !field->isVisible()) {
-        abandonEditing(); // the user could not mend a text that is refused, and nobody wants one that is not asked about
+        abandonEditing(); // a refused text could not be mended there, and one that nobody judged is not told of
         return true;
     }
     const QScopedValueRollback isAsking(asking, true);
