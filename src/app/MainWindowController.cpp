@@ -15,6 +15,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 
 #include <utility>
 
@@ -78,7 +79,12 @@ void MainWindowController::connectActions()
     connect(ui->clearlibrary, &QAction::triggered, this, &MainWindowController::clearDown);
     connect(ui->selectAll, &QAction::triggered, ui->tableView, &QAbstractItemView::selectAll);
     connect(ui->customcollage, &QAction::triggered, this, &MainWindowController::customCollageDown);
-    connect(ui->tableView, &QAbstractItemView::activated, this, &MainWindowController::customCollageDown);
+    // Not activated(): some desktops send it at every click.
+    connect(ui->tableView, &QAbstractItemView::doubleClicked, this, &MainWindowController::customCollageDown);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto *shortcut = new QShortcut(key, ui->tableView, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, &MainWindowController::customCollageDown);
+    }
     connect(ui->preferences, &QAction::triggered, this, &MainWindowController::preferencesDown);
     connect(ui->start, &QAction::triggered, this, &MainWindowController::startDown);
     connect(ui->btnStart, &QPushButton::clicked, this, &MainWindowController::startDown);

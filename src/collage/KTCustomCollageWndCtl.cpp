@@ -10,7 +10,6 @@
 #include "platform/FieldEditing.h"
 #include "platform/Log.h"
 #include "platform/PathText.h"
-#include "render/CollagePreview.h"
 #include "ui_KTCustomCollageWndCtl.h"
 
 #include <QScreen>
@@ -53,15 +52,6 @@ void showNumber(QLineEdit *field, double value)
     field->setText(QString::number(GlobalFun::truncatedToInt32(value)));
 }
 
-/// The preview as the list keeps it: the list may hold thousands of them, and shows them small.
-QImage listPicture(const QImage &preview)
-{
-    const QSize size = listPreviewSize * preview.devicePixelRatio();
-    if (preview.width() <= size.width() && preview.height() <= size.height())
-        return preview;
-    return preview.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-}
-
 void write(KTMovieObject &movie, const CollageForm &form, const QImage &preview)
 {
     movie.setSettings(settingsFromForm(form, movie));
@@ -92,6 +82,7 @@ void KTCustomCollageWndCtl::prepareControls()
     for (SWTimeEditView *view : {ui->startTimeView, ui->endTimeView}) {
         view->setDelegate(this);
         view->setAlertPanel(&services.alert);
+        view->setMaximumWidth(view->minimumSizeHint().width()); // what is left is the slider's
     }
     ui->timeRangeSlidView->setDelegate(this);
     ui->thumbPreview->setMetadataText(services.metadataText);
@@ -195,7 +186,7 @@ CollageForm KTCustomCollageWndCtl::form() const
 
 void KTCustomCollageWndCtl::serilizedToKTObject(KTMovieObject &object) const
 {
-    write(object, form(), listPicture(ui->thumbPreview->imageWithSubviews()));
+    write(object, form(), ui->thumbPreview->imageForList());
 }
 
 // Live changes
@@ -371,7 +362,7 @@ void KTCustomCollageWndCtl::doneDown()
         DefaultParameters::store(services.defaults, form());
     if (ui->chkApplyToAll->isChecked()) {
         const CollageForm values = form();
-        const QImage picture = listPicture(ui->thumbPreview->imageWithSubviews());
+        const QImage picture = ui->thumbPreview->imageForList();
         for (const auto &each : services.host.aryItems())
             write(*each, values, picture);
     } else {
