@@ -30,7 +30,7 @@ AppDelegate::AppDelegate(Services appServices) :
     window = std::make_unique<MainWindowController>(MainWindowController::Services{
         services.defaults, services.grabber, trustedFolders, notifications, services.alert, services.openPanel,
         services.workspace, services.mainQueue, services.home, config.experimental(), renderPreview,
-        [this] { preferencesDown(); }});
+        [this](const KTMovieObject &movie) { return getMetaStrWithObject(movie); }, [this] { preferencesDown(); }});
     if (qEnvironmentVariable("TESSARINE_DEBUG_MENU") == u'1') {
         addDebugMenu();
     }
