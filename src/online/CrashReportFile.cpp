@@ -88,10 +88,11 @@ void CrashReportFile::writeText(SignalSafeWriter &writer, std::string_view text)
     writer.append("\"");
     for (const char letter : text) {
         const auto code = static_cast<unsigned char>(letter);
-        if (code < ' ')
+        if (code < ' ') {
             writer.append("\\u").append(FixedText().appendNumber(code, 16, 4).view());
-        else
+        } else {
             writer.append(letter == '"' || letter == '\\' ? "\\" : "").append({&letter, 1});
+        }
     }
     writer.append("\"");
 }

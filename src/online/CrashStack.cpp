@@ -111,10 +111,11 @@ FixedText CrashStack::frame(std::size_t index, Detail detail) const
     const char *symbol = place.symbol != nullptr ? place.symbol : place.function;
     if (symbol == nullptr && detail == Detail::Readable)
         symbol = loaderSymbol(addresses[index]);
-    if (symbol != nullptr && detail == Detail::Readable)
+    if (symbol != nullptr && detail == Detail::Readable) {
         appendDemangled(text.append(" "), symbol);
-    else if (symbol != nullptr)
+    } else if (symbol != nullptr) {
         text.append(" ").append(symbol);
+    }
     if (place.file != nullptr && place.line > 0) {
         text.append(" (").append(lastComponent(place.file)).append(":");
         text.appendNumber(static_cast<unsigned>(place.line)).append(")");

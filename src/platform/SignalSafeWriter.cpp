@@ -23,10 +23,11 @@ bool SignalSafeWriter::flush()
     std::string_view rest(buffer.data(), std::exchange(length, 0));
     while (!rest.empty() && complete) {
         const ssize_t written = ::write(file, rest.data(), rest.size());
-        if (written >= 0)
+        if (written >= 0) {
             rest.remove_prefix(static_cast<std::size_t>(written));
-        else
+        } else {
             complete = errno == EINTR;
+        }
     }
     return complete;
 }
