@@ -1,6 +1,9 @@
 #include "desktop/Desktop.h"
 #include "desktop/ScreenReader.h"
+#include "movies/ColorClock.h"
 #include "platform/FileUri.h"
+
+#include <QImage>
 
 #include <gtest/gtest.h>
 
@@ -106,6 +109,35 @@ TEST_F(JourneyTest, AMovieDraggedOnTheWindowBecomesTheCollageThatTheCommandLineM
     desktop.awaitWindow(QStringLiteral("Tessarine"));
     desktop.xdotool({u"key"_qs, u"ctrl+q"_qs});
     EXPECT_EQ(finish(), 0);
+}
+
+TEST_F(JourneyTest, TheEditorsRangeAndGridAreThoseOfTheImage)
+{
+    start({movie("clock.mp4")});
+    awaitMovie(QStringLiteral("clock.mp4"));
+    desktop.click(reader->await([](const ScreenReader::Object &object) { return object.name.contains(u"clock.mp4"); })
+                      .rectangle.center());
+    desktop.xdotool({u"key"_qs, u"Return"_qs});
+    desktop.awaitWindow(QStringLiteral("Custom Collage"));
+    const QPoint handle = place(QStringLiteral("slider"), QStringLiteral("End handle"));
+    desktop.movePointer(handle);
+    desktop.xdotool({u"mousedown"_qs, u"1"_qs});
+    desktop.movePointer({0, handle.y()}); // as far as it goes: five seconds after the start
+    desktop.xdotool({u"mouseup"_qs, u"1"_qs});
+    desktop.click(place(QStringLiteral("text"), QStringLiteral("Rows")));
+    desktop.xdotool({u"key"_qs, u"ctrl+a"_qs, u"1"_qs, u"Tab"_qs, u"4"_qs, u"Return"_qs, u"Return"_qs});
+    reader->awaitNone(QStringLiteral("dialog"));
+    desktop.click(place(QStringLiteral("push button"), QStringLiteral("Start")));
+    while (!desktop.folder.has("out/clock.jpg") && program.state() == QProcess::Running)
+        program.waitForFinished(20);
+
+    const QImage collage(desktop.folder.path("out/clock.jpg"));
+    ASSERT_EQ(collage.width(), 4 * 300 + 3 * 4 + 2 * 20);
+    std::vector<int> seconds; // of the tiles, from 2.0 to 7.0
+    for (int column = 0; column < 4; ++column)
+        seconds.push_back(
+            ColorClock::secondOfColor(collage.pixelColor(20 + column * 304 + 150, collage.height() - 20 - 112)));
+    EXPECT_EQ(seconds, (std::vector{2, 3, 5, 7}));
 }
 
 TEST_F(JourneyTest, FilesOfLaterStartsComeIntoTheFirstWindow)
