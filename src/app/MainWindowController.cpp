@@ -223,7 +223,10 @@ void MainWindowController::bringForward()
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
-    activateWindow();
+    QWidget *sheet = QApplication::activeModalWidget();
+    QWidget *front = sheet != nullptr ? sheet : this; // what a sheet hangs over cannot take the keyboard
+    front->raise();
+    front->activateWindow();
 }
 
 void MainWindowController::quit()

@@ -71,19 +71,21 @@ int MovieCellDelegate::rowHeight(const QFontMetrics &metrics)
 
 void MovieCellDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
+    QStyleOptionViewItem cell = option;
+    cell.state &= ~QStyle::State_MouseOver; // a row is one thing; its cells do not light up by themselves
     const QVariant picture = index.data(Qt::DecorationRole);
     if (!picture.isValid() && index.column() != MovieTableModel::Title) {
-        QStyledItemDelegate::paint(painter, option, index);
+        QStyledItemDelegate::paint(painter, cell, index);
         return;
     }
     painter->save();
-    paintGround(*painter, option, index);
+    paintGround(*painter, cell, index);
     if (picture.isValid()) {
-        paintPicture(*painter, option.rect, picture.value<QImage>());
+        paintPicture(*painter, cell.rect, picture.value<QImage>());
     } else {
         const QString text = index.data(Qt::DisplayRole).toString();
         const qsizetype lineBreak = text.indexOf(u'\n');
-        paintTitle(*painter, option, text.first(lineBreak), text.sliced(lineBreak + 1));
+        paintTitle(*painter, cell, text.first(lineBreak), text.sliced(lineBreak + 1));
     }
     painter->restore();
 }

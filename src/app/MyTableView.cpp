@@ -83,11 +83,15 @@ void MyTableView::reloadData()
     if (movies) {
         const MovieList::Movies selected = selectedMovies();
         const int row = currentIndex().row();
+        const MovieList::Movie current = row >= 0 ? movies->movies().at(static_cast<std::size_t>(row)) : nullptr;
         movies->reloadData();
         setInsertion({});
         select(selected);
-        const int near = std::min(row, rowCount() - 1); // the arrow keys go on from here
-        selectionModel()->setCurrentIndex(movies->index(near, MovieTableModel::Title), QItemSelectionModel::NoUpdate);
+        // The arrow keys go on from the same movie, or from where it was.
+        const auto found = std::ranges::find(movies->movies(), current);
+        const int next = found != movies->movies().end() ? static_cast<int>(found - movies->movies().begin())
+                                                         : std::min(row, rowCount() - 1);
+        selectionModel()->setCurrentIndex(movies->index(next, MovieTableModel::Title), QItemSelectionModel::NoUpdate);
     }
     auto *delay = new QTimer(this);
     delay->setSingleShot(true);
