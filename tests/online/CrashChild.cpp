@@ -131,7 +131,7 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     const CrashReportSingal handlers(QString::fromLocal8Bit(argv[2]),
                                      CrashReportObject(Bundle::main(), QStringLiteral("GUID \"1\"")),
-                                     std::chrono::seconds(1));
+                                     std::chrono::seconds(4));
     SerialQueue worker(QStringLiteral("worker"));
     std::string mode = argv[1];
     if (mode == "raise")

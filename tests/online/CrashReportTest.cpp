@@ -77,6 +77,7 @@ TEST_F(CrashTest, IsRecordedOnceAndEndsByItsSignal)
         const auto [signal, log] = end();
         EXPECT_EQ(signal, crash.signal);
         EXPECT_EQ(log.contains(exception), crash.log == exception) << log.constData();
+        EXPECT_EQ(log.contains("recorded by the exception handler\n"), crash.log == exception);
         EXPECT_EQ(log.count(warning), crash.log.isEmpty() ? 0 : 1) << log.constData();
         EXPECT_EQ(folder.names(), QStringList{u"crash.info"_s});
         const auto record = CrashReportObject::initWithContentsOfFile(report);
