@@ -45,6 +45,7 @@ struct ProcessState {
     std::atomic<pid_t> dyingThread = 0; ///< the first that crashes, and the only one that records; 0 is none
     std::atomic<int> endingSignal = 0;  ///< what the process is to end by
     std::atomic<bool> exceptionAlreadyRecorded = false;
+    std::atomic<bool> rescuing = false; ///< the recording has crashed, and what it has found is being written
 };
 ProcessState state;
 static_assert(decltype(state.dyingThread)::is_always_lock_free && decltype(state.endingSignal)::is_always_lock_free &&
@@ -105,8 +106,7 @@ void onSignal(int signal, siginfo_t * /*info*/, void * /*context*/)
     if (state.dyingThread != ::gettid())
         waitForEnd();
     // The recording has crashed. What saves its findings may crash too.
-    static std::atomic<bool> isRescuing = false;
-    if (!isRescuing.exchange(true))
+    if (!state.rescuing.exchange(true))
         state.recorder->rescue();
     endProcess();
 }
