@@ -21,7 +21,7 @@ struct Click {
 struct Shot {
     const char *image;
     const char *scale; ///< device pixels for each pixel of the program's
-    const char *keys;  ///< pressed in the main window first
+    const char *keys;  ///< pressed in the main window first, with spaces between
     Click click;       ///< then, when it has a name
     const char *title; ///< of the window to grab
 };
@@ -29,6 +29,7 @@ struct Shot {
 const Shot shots[] = {
     {"window", "1", "", {}, "Tessarine"},
     {"window-2x", "2", "", {}, "Tessarine"},
+    {"editor", "1", "Down ctrl+e", {}, "Custom Collage"},
     {"preferences-general", "1", "ctrl+comma", {"check box", "General"}, "Preferences"},
     {"preferences-metadata", "1", "ctrl+comma", {"check box", "Metadata"}, "Preferences"},
     {"preferences-paths", "1", "ctrl+comma", {"check box", "Trusted Paths"}, "Preferences"},
@@ -56,7 +57,7 @@ TEST_P(Screenshots, Grab)
 
     if (*shot.keys != '\0') {
         desktop.awaitWindow(u"Tessarine"_qs); // it has lost the keyboard to its sheet
-        desktop.xdotool({u"key"_qs, QString::fromLatin1(shot.keys)});
+        desktop.xdotool(QStringList{u"key"_qs} + QString::fromLatin1(shot.keys).split(u' '));
     }
     if (shot.click.name != nullptr) {
         desktop.click(reader.await(QString::fromLatin1(shot.click.role), QString::fromLatin1(shot.click.name))
