@@ -88,12 +88,10 @@ TEST_F(FrameGrabberTest, GivesTheToolItsArgumentsInOrder)
     const std::pair<double, QByteArray> times[] = {
         {0.0, "0.00"}, {12.345, "12.35"}, {2.0, "2.00"}, {86399.996, "86400.00"}};
     for (const auto &[seconds, text] : times) {
-        for (const QByteArray movie : {"/a b.mp4", "/caf\xe9\n.mkv", "-y"}) {
-            EXPECT_TRUE(grabber.createThumbnail(PathText::fromBytes(movie), seconds, never).isNew);
-            const QByteArrayList expected = {"-ss", text, "-i", movie, "-vframes", "1", "-y", folder.bytes("x.jpg"),
-                                             ""};
-            EXPECT_EQ(folder.read("recorded").split('\0'), expected);
-        }
+        EXPECT_TRUE(grabber.createThumbnail(PathText::fromBytes("/a b\xe9\n.mp4"), seconds, never).isNew);
+        const QByteArrayList expected = {"-ss",      text, "-i", "/a b\xe9\n.mp4",
+                                         "-vframes", "1",  "-y", folder.bytes("x.jpg")};
+        EXPECT_EQ(folder.read("recorded"), expected.join('\0') + '\0');
     }
     QLocale::setDefault(QLocale::c());
 }

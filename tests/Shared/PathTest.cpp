@@ -1,5 +1,4 @@
 #include "Shared/OutputName.h"
-#include "Shared/PathParts.h"
 #include "support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
@@ -7,30 +6,6 @@
 namespace {
 
 using namespace GlobalFun;
-
-TEST(PathParts, TakeAPathApart)
-{
-    struct {
-        const char *path, *name, *folder, *extension, *withoutExtension;
-    } const cases[] = {
-        {"/a/b.mp4", "b.mp4", "/a", "mp4", "/a/b"},
-        {"/a.b/c", "c", "/a.b", "", "/a.b/c"},
-        {"/x/.mp4", ".mp4", "/x", "mp4", "/x/"},
-        {"/x/end.", "end.", "/x", "", "/x/end"},
-        {"name.MKV", "name.MKV", "", "MKV", "name"},
-        {"/top", "top", "/", "", "/top"},
-        {"/a/b.d/", "b.d", "/a", "d", "/a/b"},
-        {"/", "/", "/", "", "/"},
-        {"", "", "", "", ""},
-    };
-    for (const auto &each : cases) {
-        const QString path = QString::fromUtf8(each.path);
-        EXPECT_EQ(lastPathComponent(path).toStdString(), each.name) << each.path;
-        EXPECT_EQ(deletingLastPathComponent(path).toStdString(), each.folder) << each.path;
-        EXPECT_EQ(pathExtension(path).toStdString(), each.extension) << each.path;
-        EXPECT_EQ(deletingPathExtension(path).toStdString(), each.withoutExtension) << each.path;
-    }
-}
 
 TEST(OutputName, IsFreeAndHasTheExtension)
 {

@@ -34,21 +34,10 @@ TEST(ExportOptions, ReadsEveryOption)
                            QString::fromUtf8(ColorArchive::archive(QColor(255, 0, 0, 128))), u"3"_qs}));
 }
 
-TEST(ExportOptions, ChoosesWhatToDo)
-{
-    for (const auto &[arguments, action] : {std::pair{"--export a", Action::Export},
-                                            {"--help", Action::ShowHelp},
-                                            {"-v", Action::ShowVersion},
-                                            {"--export --help", Action::ShowHelp},
-                                            {"a.mkv b.mkv", Action::OpenWindow}})
-        EXPECT_EQ(parse(QString::fromLatin1(arguments)).action, action) << arguments;
-    EXPECT_EQ(ExportOptions::parse({QStringLiteral("tessarine")}).action, Action::OpenWindow);
-    EXPECT_EQ(parse(QStringLiteral("--rows 3 a")).action, Action::RefuseUsage);
-}
-
 TEST(ExportOptions, RefusesWhatMakesNoSense)
 {
     EXPECT_EQ(parse(QStringLiteral("--export --set DefaultRowNumber=1 a")).action, Action::Export); // the rest is good
+    EXPECT_EQ(parse(QStringLiteral("--rows 3 a")).action, Action::RefuseUsage);
     for (const char *options : {"--frobnicate a",
                                 "-o",
                                 "-o out --beside a",
