@@ -143,6 +143,47 @@ TEST_F(MainWindowTest, BesideTheMoviesAsksForTheFoldersThatCannotBeWritten)
     }
 }
 
+TEST_F(MainWindowTest, TheEditorStepsThroughTheListWhileBatchesWait)
+{
+    const QStringList all = {u"portrait.mp4"_qs, u"short.mp4"_qs, u"clock.mp4"_qs};
+    delegate.mainWindow().loadMediasWithPaths({movie("clock.mp4"), movie("short.mp4"), movie("portrait.mp4")}, 0);
+    ASSERT_TRUE(waitForRows(all));
+    auto &table = control<QTableView>("tableView");
+    EXPECT_FALSE(control<QAction>("customcollage").isEnabled());
+    const auto open = [&](int row) {
+        table.selectRow(row);
+        control<QAction>("customcollage").trigger();
+    };
+    const auto steps = [this] {
+        return std::pair(control<QAbstractButton>("btnPrev").isEnabled(),
+                         control<QAbstractButton>("btnNext").isEnabled());
+    };
+    open(2);
+    EXPECT_EQ(steps(), std::pair(true, false));
+    control<QAbstractButton>("btnCancel").click();
+    open(1); // away from the ends both stay as they were
+    EXPECT_EQ(steps(), std::pair(true, false));
+    control<QAbstractButton>("btnPrev").click();
+    EXPECT_EQ(steps(), std::pair(false, true));
+    EXPECT_EQ(table.currentIndex().row(), 0);
+
+    delegate.openFile(movie("odd.mkv"));
+    for (int row : {1, 2}) {
+        control<QLineEdit>("lblGridRowNum").setText(QString::number(row + 5));
+        control<QAbstractButton>("btnNext").click();
+        EXPECT_EQ(steps(), std::pair(true, row == 1));
+        EXPECT_EQ(table.selectionModel()->selectedRows().value(0).row(), row);
+    }
+    EXPECT_EQ(rows(), all);
+    control<QAbstractButton>("btnDone").click();
+    EXPECT_TRUE(waitForRows(QStringList{u"odd.mkv"_qs} + all));
+    QStringList grids;
+    for (int row = 1; row < 4; ++row)
+        grids += table.model()->index(row, 3).data().toString();
+    EXPECT_EQ(grids, (QStringList{u"6 * 3"_qs, u"7 * 3"_qs, u"2 * 3"_qs}));
+    EXPECT_EQ(table.currentIndex().row(), 3) << "the keyboard stays with its movie";
+}
+
 TEST_F(MainWindowTest, EveryControlHasANameAndIsReachedByTab)
 {
     delegate.openFile(movie("short.mp4"));
