@@ -48,7 +48,7 @@ CrashReportObject::CrashReportObject(const Bundle &bundle, const QString &guid) 
     const QString shortVersion = bundle.value(QStringLiteral("CFBoundleShortVersionString"));
     if (!shortVersion.isEmpty())
         version = shortVersion + QStringLiteral(".build") + bundle.value(QStringLiteral("CFBundleVersion"));
-    qCInfo(lcTessarine).noquote() << "---------|||||||| :" << guid;
+    qCDebug(lcTessarine).noquote() << "---------|||||||| :" << guid;
 }
 
 CrashReportObject CrashReportObject::initWithCrashDate(const QDateTime &date, const QStringList &stack,
