@@ -42,17 +42,26 @@ class Heartbeat {
 public:
     Heartbeat()
     {
-        QObject::connect(&timer, &QTimer::timeout, [this] { longest = std::max(longest, clock.restart()); });
+        QObject::connect(&timer, &QTimer::timeout, [this] {
+            const qint64 wait = clock.restart();
+            longest = std::max(longest, wait);
+            if (wait > wanted)
+                std::printf("%26lld s: a wait of %lld ms\n", running.elapsed() / 1000, wait);
+        });
         timer.setTimerType(Qt::PreciseTimer);
         timer.start(1);
         clock.start();
+        running.start();
     }
     /// Milliseconds, since the last time.
     qint64 takeLongest() { return std::exchange(longest, 0); }
 
 private:
+    static constexpr qint64 wanted = 50; // at most
+
     QTimer timer;
     QElapsedTimer clock;
+    QElapsedTimer running;
     qint64 longest = 0;
 };
 

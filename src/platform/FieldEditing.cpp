@@ -72,8 +72,8 @@ bool FieldEditing::returnPressed()
 
 bool FieldEditing::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != field) {
-        return false;
+    if (qobject_cast<QLineEdit *>(watched) == nullptr) {
+        return false; // half destroyed
     }
     switch (event->type()) {
     case QEvent::FocusIn:
