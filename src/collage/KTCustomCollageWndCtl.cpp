@@ -71,7 +71,10 @@ KTCustomCollageWndCtl::KTCustomCollageWndCtl(Services editorServices, QWidget *p
 
 KTCustomCollageWndCtl::~KTCustomCollageWndCtl()
 {
-    abandonEditing(); // the focus leaves the fields when this is no editor any more
+    // The controls lose focus and drags when this is no editor any more.
+    ui->startTimeView->setDelegate(nullptr);
+    ui->endTimeView->setDelegate(nullptr);
+    ui->timeRangeSlidView->setDelegate(nullptr);
 }
 
 void KTCustomCollageWndCtl::prepareControls()
