@@ -4,8 +4,6 @@
 
 #include <limits>
 
-namespace {
-
 TEST(AutomaticGridHeight, IsWholePixelsOfTheMoviesOwnShape)
 {
     constexpr auto most = std::numeric_limits<std::int32_t>::max();
@@ -21,5 +19,3 @@ TEST(AutomaticGridHeight, IsWholePixelsOfTheMoviesOwnShape)
         EXPECT_EQ(automaticGridHeight(movie, gridWidth), gridHeight) << width << ' ' << height << ' ' << gridWidth;
     }
 }
-
-} // namespace

