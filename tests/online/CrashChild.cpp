@@ -10,6 +10,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <barrier>
 #include <cstdlib>
@@ -56,8 +57,7 @@ struct BrokenError : std::exception {
 
 [[gnu::noinline]] void fill(volatile char *start, int size)
 {
-    for (int i = 0; i < size; ++i)
-        start[i] = 'A';
+    std::fill_n(start, size, 'A');
 }
 
 /// Leaves no address space to anybody.
@@ -115,11 +115,6 @@ const std::map<std::string, std::function<void()>> modes{
     {"heap", breakHeap},
     {"smash", smashStack},
     {"two", crashInTwoThreads},
-    {"wait",
-     [] {
-         ::write(STDOUT_FILENO, "ready\n", 6);
-         ::pause();
-     }},
 };
 
 } // namespace

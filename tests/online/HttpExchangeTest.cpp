@@ -7,11 +7,9 @@
 
 #include <memory>
 
-namespace {
-
 using namespace std::chrono_literals;
 
-HttpAnswer answerTo(const HttpRequest &request, std::chrono::milliseconds timeout = 20s)
+static HttpAnswer answerTo(const HttpRequest &request, std::chrono::milliseconds timeout = 20s)
 {
     HttpAnswer result;
     std::unique_ptr<HttpExchange> exchange;
@@ -24,7 +22,7 @@ HttpAnswer answerTo(const HttpRequest &request, std::chrono::milliseconds timeou
     return result;
 }
 
-void drip(QTcpSocket &client, const QByteArray & /*request*/)
+static void drip(QTcpSocket &client, const QByteArray & /*request*/)
 {
     client.write("HTTP/1.1 200 OK\r\n\r\n");
     auto *timer = new QTimer(&client);
@@ -32,7 +30,7 @@ void drip(QTcpSocket &client, const QByteArray & /*request*/)
     timer->start(1);
 }
 
-HttpServer::Respond redirectingTo(const QByteArray &host)
+static HttpServer::Respond redirectingTo(const QByteArray &host)
 {
     return [host](QTcpSocket &client, const QByteArray &request) {
         const QByteArray target = "http://" + host + ':' + QByteArray::number(client.localPort()) + "/end";
@@ -52,23 +50,18 @@ TEST(HttpExchange, GivesTheWholeBodyOrAReason)
         std::chrono::milliseconds timeout = 20s;
     } cases[] = {
         {HttpServer::answering("hello"), true, 200, 5},
-        {HttpServer::answering(""), true, 200},
         {HttpServer::saying(ok + "\r\nup to the end"), true, 200, 13},
         {HttpServer::saying(ok + "Content-Length: 9\r\n\r\ncut off"), false, 200},
-        {HttpServer::saying("HTTP/1.1 401 No\r\nWWW-Authenticate: Basic realm=\"x\"\r\n\r\n"), false, 401},
         {HttpServer::answering("no", "404 \x1b[31mNo"), false, 404},
         {HttpServer::answering(QByteArray(1 << 20, 'x')), true, 200, 1 << 20},
         {HttpServer::answering(QByteArray(2 << 20, 'x')), false, 200},
         {HttpServer::saying(QByteArray(5000, '\xff')), false, 0},
-        {HttpServer::saying(""), false, 0},
         {HttpServer::silent, false, 0, 0, 200ms},
         {drip, false, 200, 0, 1500ms},
         {redirectingTo("127.0.0.1"), true, 200, 4},
         {redirectingTo("localhost"), false, 302},
     };
-    int number = 0;
     for (const auto &[respond, succeeds, status, bodySize, timeout] : cases) {
-        SCOPED_TRACE(++number);
         const HttpServer server(respond);
         const HttpAnswer answer = answerTo({QUrl(server.url()), {}}, timeout);
         EXPECT_EQ(answer.error.isEmpty(), succeeds) << qUtf8Printable(answer.error);
@@ -77,10 +70,8 @@ TEST(HttpExchange, GivesTheWholeBodyOrAReason)
         EXPECT_EQ(answer.body.size(), bodySize);
         EXPECT_TRUE(QTest::qWaitFor([&] { return server.clientCount == 0; }));
     }
-    for (const char *address :
-         {"", "file:///etc/passwd", "data:,x", "http:///x", "qrc:/Info.plist", "http://h.invalid/"}) {
+    for (const char *address : {"", "file:///etc/passwd", "data:,x", "http:///x", "http://h.invalid/"})
         EXPECT_FALSE(answerTo({QUrl(QLatin1StringView(address)), {}}).error.isEmpty()) << address;
-    }
 }
 
 TEST(HttpExchange, SaysNothingOfTheUser)
@@ -92,9 +83,8 @@ TEST(HttpExchange, SaysNothingOfTheUser)
     answerTo({url, QByteArray("text")});
     ASSERT_EQ(server.requests.size(), 2);
     EXPECT_TRUE(server.requests[0].startsWith("GET /page?a=b HTTP/1.1\r\n"));
-    EXPECT_TRUE(server.requests[0].contains("Cache-Control: no-cache\r\n"));
-    EXPECT_TRUE(server.requests[1].startsWith("POST /page?a=b HTTP/1.1\r\n") &&
-                server.requests[1].endsWith("\n\r\ntext"));
+    EXPECT_TRUE(server.requests[1].startsWith("POST /page?a=b HTTP/1.1\r\n"));
+    EXPECT_TRUE(server.requests[1].endsWith("\n\r\ntext"));
     for (const QByteArray &request : server.requests) {
         EXPECT_FALSE(request.contains("Authorization") || request.contains("Cookie") || request.contains("Mozilla"));
         EXPECT_TRUE(request.contains("Accept-Language: *\r\n"));
@@ -107,12 +97,10 @@ TEST(HttpExchange, EndsAtOnceWithItsOwner)
     const auto fail = [](const HttpAnswer &) { FAIL() << "called after its end"; };
     auto exchange = std::make_unique<HttpExchange>(HttpRequest{QUrl(server.url()), {}}, fail);
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.requests.size() == 1; }));
-    exchange =
-        std::make_unique<HttpExchange>(HttpRequest{QUrl(server.url()), {}}, fail); // ends before its host is found
-    exchange = std::make_unique<HttpExchange>(HttpRequest{QUrl(), {}}, fail);      // ends with its answer under way
+    // Those end before their host is found, and with their answer under way.
+    exchange = std::make_unique<HttpExchange>(HttpRequest{QUrl(server.url()), {}}, fail);
+    exchange = std::make_unique<HttpExchange>(HttpRequest{QUrl(), {}}, fail);
     exchange.reset();
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.clientCount == 0; }));
     EXPECT_FALSE(answerTo({QUrl(), {}}).error.isEmpty());
 }
-
-} // namespace
