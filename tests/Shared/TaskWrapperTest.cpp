@@ -10,8 +10,6 @@
 #include <functional>
 #include <string>
 
-namespace {
-
 using namespace testing;
 using namespace std::chrono_literals;
 
@@ -43,7 +41,6 @@ protected:
         EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
         EXPECT_EQ(errno, ECHILD);
     }
-
     /// Runs a script to its end.
     bool run(const QByteArray &script, const TaskLimits &limits = {})
     {
@@ -59,11 +56,7 @@ protected:
 
 TEST_F(TaskWrapperTest, TellsOfAToolsLifeInOrder)
 {
-    struct {
-        const char *script;
-        std::vector<std::string> events;
-        const char *output;
-    } const cases[] = {
+    const std::tuple<const char *, std::vector<std::string>, const char *> cases[] = {
         {"echo out; echo err >&2; exit 3", {"started", "output", "finished", "ended 3"}, "out\nerr\n"},
         {"kill -9 $$", {"started", "finished", "ended 9"}, ""},
         {"read line && exit 5; exit 6", {"started", "finished", "ended 6"}, ""},
@@ -72,12 +65,11 @@ TEST_F(TaskWrapperTest, TellsOfAToolsLifeInOrder)
         // Its output ends before it does, upon which it is asked to end.
         {"trap 'exit 7' TERM; exec >&- 2>&-; while :; do :; done", {"started", "finished", "ended 7"}, ""},
     };
-    for (const auto &each : cases) {
-        SCOPED_TRACE(each.script);
+    for (const auto &[script, events, output] : cases) {
         recorder = {};
-        EXPECT_TRUE(run(each.script));
-        EXPECT_EQ(recorder.events, each.events);
-        EXPECT_EQ(recorder.output, QString::fromUtf8(each.output));
+        EXPECT_TRUE(run(script)) << script;
+        EXPECT_EQ(recorder.events, events) << script;
+        EXPECT_EQ(recorder.output, QString::fromUtf8(output));
     }
 }
 
@@ -93,9 +85,8 @@ TEST_F(TaskWrapperTest, EndsAtOnceWhenTheToolCannotBeRun)
     }
     TaskWrapper nothing(nullptr, {});
     nothing.startProcess();
-    nothing.waitUntilTaskExit();
     nothing.stopProcess();
-    nothing.suspend();
+    nothing.waitUntilTaskExit();
 }
 
 TEST_F(TaskWrapperTest, PassesEveryByteOfEveryArgument)
@@ -121,34 +112,28 @@ TEST_F(TaskWrapperTest, StopsTheToolWhenCancelled)
         {"echo ready; kill -STOP $$; sleep 1000", "ended 15"},
     };
     for (const auto &[script, end] : cases) {
-        SCOPED_TRACE(script);
         recorder = {};
         cancelled = false;
         recorder.onOutput = [this] { cancelled = true; };
         EXPECT_FALSE(run(script));
-        EXPECT_THAT(recorder.events, ElementsAre("started", "output", "finished", end));
+        EXPECT_THAT(recorder.events, ElementsAre("started", "output", "finished", end)) << script;
     }
 }
 
 TEST_F(TaskWrapperTest, StopsAToolThatWillNeverEnd)
 {
-    struct {
-        const char *script;
-        TaskLimits limits;
-        const char *end;
-    } const cases[] = {
+    const std::tuple<const char *, TaskLimits, const char *> cases[] = {
         {"sleep 1000", {.silence = 200ms}, "ended 15"},
         {"trap '' TERM; sleep 1000", {.silence = 200ms}, "ended 9"},
         {"trap '' TERM; exec >&- 2>&-; while :; do :; done", {.silence = 200ms}, "ended 9"},
         {"exec yes", {.outputBytes = 1 << 20}, "ended 15"},
         {"trap '' TERM; while :; do echo flood; done", {.outputBytes = 1 << 16}, "ended 9"},
     };
-    for (const auto &each : cases) {
-        SCOPED_TRACE(each.script);
+    for (const auto &[script, limits, end] : cases) {
         recorder = {};
-        EXPECT_TRUE(run(each.script, each.limits));
-        EXPECT_EQ(recorder.events.back(), each.end);
-        EXPECT_LE(recorder.output.size(), each.limits.outputBytes + (1 << 20));
+        EXPECT_TRUE(run(script, limits)) << script;
+        EXPECT_EQ(recorder.events.back(), end) << script;
+        EXPECT_LE(recorder.output.size(), limits.outputBytes + (1 << 20));
     }
 }
 
@@ -176,5 +161,3 @@ TEST_F(TaskWrapperTest, NeverLeavesAProcessBehind)
         }
     }
 }
-
-} // namespace

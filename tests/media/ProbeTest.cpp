@@ -11,14 +11,12 @@
 #include <cmath>
 #include <thread>
 
-namespace {
-
 using namespace testing;
 
 const QString movies = QStringLiteral(TESSARINE_TEST_MOVIES "/");
 const CancelFlag never{false};
 
-std::optional<MediaError> probe(VXMediaInfoItem &item, const QString &path, const CancelFlag &cancelled = never)
+static std::optional<MediaError> probe(VXMediaInfoItem &item, const QString &path, const CancelFlag &cancelled = never)
 {
     std::optional<MediaError> error;
     item.filePath = path;
@@ -84,7 +82,6 @@ TEST(Probe, RefusesWhatIsNoMovieFileAndLeavesTheItemAlone)
                                                       "timestamp: 00:00:01:000, filepos: 000000000\n");
     const QString unreadable = folder.write("unreadable.mp4", "movie");
     folder.setMode(0, "unreadable.mp4");
-
     const std::pair<QString, const char *> cases[] = {
         {movies + u"text.mp4", "not a media file"},
         {movies + u"empty.mp4", "not a media file"},
@@ -142,5 +139,3 @@ TEST(Probe, RunsOnSeveralThreadsAndLeavesNothingOpen)
     }
     EXPECT_EQ(openFiles(), before);
 }
-
-} // namespace
