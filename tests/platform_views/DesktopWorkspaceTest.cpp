@@ -25,15 +25,13 @@ class OpenedUrls : public QObject {
 public:
     OpenedUrls() { QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "open"); }
     ~OpenedUrls() override { QDesktopServices::unsetUrlHandler(QStringLiteral("file")); }
-
     std::vector<std::string> urls;
 
 public Q_SLOTS:
     void open(const QUrl &url) { urls.push_back(url.toEncoded().toStdString()); }
 };
 
-class DesktopWorkspaceTest : public testing::Test {
-protected:
+struct DesktopWorkspaceTest : testing::Test {
     const ScratchFolder scratch;
     const QString file = scratch.write("a \xFF#%.jpg");
     const std::string encodedFolder = "file://" + scratch.bytes().toStdString();

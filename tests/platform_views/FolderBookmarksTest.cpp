@@ -5,10 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-class PortalBookmarksTest : public testing::Test {
-protected:
+struct PortalBookmarksTest : testing::Test {
     const ScratchFolder scratch;
     const QString mount = scratch.makeFolder("doc");
     const QString granted = scratch.makeFolder("doc/1a2b/My \xFF\"Movies\"");
@@ -22,7 +19,6 @@ TEST_F(PortalBookmarksTest, FindTheFolderAgainUnderAnotherMountPoint)
         ASSERT_TRUE(data);
         EXPECT_EQ(bookmarks.resolve(*data)->path, folder);
         EXPECT_FALSE(bookmarks.resolve(*data)->isStale);
-
         const QString elsewhere = PortalBookmarks(scratch.path("other")).resolve(*data)->path;
         EXPECT_EQ(elsewhere, scratch.path("other") + folder.sliced(mount.size()));
     }
@@ -55,8 +51,7 @@ TEST_F(PortalBookmarksTest, OtherFoldersAreRememberedByPath)
 TEST_F(PortalBookmarksTest, PortalIsAskedWhereItIsAndElseInItsUsualPlace)
 {
     const QString usual = PathText::fromBytes(qgetenv("XDG_RUNTIME_DIR")) + u"/doc";
-    const SessionBus silent;
-    EXPECT_EQ(PortalBookmarks::mountPointOf(silent.connect()), usual);
+    EXPECT_EQ(PortalBookmarks::mountPointOf(SessionBus().connect()), usual);
     EXPECT_EQ(PortalBookmarks::mountPointOf(QDBusConnection(QStringLiteral("none"))), usual);
     for (const auto &[answer, place] :
          {std::pair{QByteArray("relative"), usual},
@@ -67,5 +62,3 @@ TEST_F(PortalBookmarksTest, PortalIsAskedWhereItIsAndElseInItsUsualPlace)
         EXPECT_EQ(PortalBookmarks::mountPointOf(bus.connect()), place);
     }
 }
-
-} // namespace

@@ -8,24 +8,22 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <atomic>
-#include <numeric>
+#include <array>
+#include <set>
 #include <thread>
 
 using testing::ElementsAre;
 
-namespace {
-
 TEST(SerialQueueTest, DoesAllOfItsWorkInOrderOnOneThreadOfItsOwn)
 {
     std::vector<int> done; // no lock: the queue's order is all that guards it
-    std::vector<Qt::HANDLE> threads;
+    std::set<Qt::HANDLE> threads{QThread::currentThreadId()};
     {
         SerialQueue queue(QStringLiteral("a label longer than names of threads"));
         for (int number = 0; number < 3; ++number) {
             queue.async([&, number] {
                 done.push_back(number);
-                threads.push_back(QThread::currentThreadId());
+                threads.insert(QThread::currentThreadId());
                 queue.async([&done, number] { done.push_back(10 + number); });
             });
         }
@@ -33,33 +31,26 @@ TEST(SerialQueueTest, DoesAllOfItsWorkInOrderOnOneThreadOfItsOwn)
     // Added work falls in anywhere behind its adder; each kind keeps its own order.
     std::stable_partition(done.begin(), done.end(), [](int number) { return number < 10; });
     EXPECT_THAT(done, ElementsAre(0, 1, 2, 10, 11, 12));
-    EXPECT_THAT(threads, testing::Each(threads.front()));
-    EXPECT_NE(threads.front(), QThread::currentThreadId());
+    EXPECT_EQ(threads.size(), 2U);
 }
 
 TEST(MainQueueTest, WorkOfEachThreadIsDoneInItsOrderOnTheMainThread)
 {
-    constexpr int pieces = 500;
     MainQueue queue;
-    std::vector<int> fromFirst; // touched on the main thread only
-    std::vector<int> fromSecond;
-    std::atomic<int> left = 2 * pieces;
-    const auto feed = [&](std::vector<int> &done) {
-        for (int number = 0; number < pieces; ++number) {
-            queue.async([&, number] {
-                done.push_back(QThread::currentThread() == QCoreApplication::instance()->thread() ? number : -1);
-                --left;
+    std::array<std::vector<int>, 2> done; // touched on the main thread only
+    const auto feed = [&](std::vector<int> &numbers) {
+        for (int number = 0; number < 500; ++number) {
+            queue.async([&numbers, number] {
+                EXPECT_EQ(QThread::currentThread(), QCoreApplication::instance()->thread());
+                numbers.push_back(number);
             });
         }
     };
-    const std::jthread first([&] { feed(fromFirst); });
-    const std::jthread second([&] { feed(fromSecond); });
-    while (left > 0)
+    const std::jthread first([&] { feed(done[0]); });
+    const std::jthread second([&] { feed(done[1]); });
+    while (done[0].size() + done[1].size() < 1000)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    std::vector<int> inOrder(pieces);
-    std::iota(inOrder.begin(), inOrder.end(), 0);
-    EXPECT_EQ(fromFirst, inOrder);
-    EXPECT_EQ(fromSecond, inOrder);
+    EXPECT_TRUE(std::ranges::is_sorted(done[0]) && std::ranges::is_sorted(done[1]));
 }
 
 TEST(MainQueueTest, WorkThatAddsWorkDoesNotKeepTheEventLoop)
@@ -102,7 +93,6 @@ TEST(NotificationCenterTest, CallsThoseWhoObserveTheNameAtThatMoment)
     });
     second = center.observe(QStringLiteral("name"), [&] { heard.push_back("second"); });
     const auto other = center.observe(QStringLiteral("other"), [&] { heard.push_back("other"); });
-
     center.post(QStringLiteral("name"));
     EXPECT_THAT(heard, ElementsAre("first"));
     center.post(QStringLiteral("name"));
@@ -124,5 +114,3 @@ TEST(NotificationCenterTest, ObserverMayEndItselfAndOutliveTheCentre)
     EXPECT_EQ(calls, 3);
     center.reset();
 }
-
-} // namespace

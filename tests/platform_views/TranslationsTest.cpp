@@ -4,40 +4,30 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
-#include <QSet>
 #include <QTranslator>
 
 #include <gtest/gtest.h>
 
-namespace {
-
-/// The keys of texts that the sources use.
-QSet<QString> usedKeys()
+TEST(TranslationsTest, EveryTextOfTheProgramIsThereInEveryLanguage)
 {
-    QSet<QString> keys;
-    const QRegularExpression use(QStringLiteral("(?:qtTrId\\(\\s*|<string id=)\"([^\"]+)\""));
-    QDirIterator files(QStringLiteral(TESSARINE_SOURCES), {QStringLiteral("*.cpp"), QStringLiteral("*.ui")},
-                       QDir::Files, QDirIterator::Subdirectories);
+    QTranslator english;
+    QTranslator chinese;
+    ASSERT_TRUE(english.load(u":/i18n/tessarine_en"_qs) && chinese.load(u":/i18n/tessarine_zh_CN"_qs));
+    const QRegularExpression use(u"(?:qtTrId\\(\\s*|<string id=)\"([^\"]+)\""_qs);
+    QDirIterator files(QStringLiteral(TESSARINE_SOURCES), {u"*.cpp"_qs, u"*.ui"_qs}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    int count = 0;
     while (files.hasNext()) {
         QFile file(files.next());
         EXPECT_TRUE(file.open(QIODevice::ReadOnly));
         const QString source = QString::fromUtf8(file.readAll());
-        for (auto found = use.globalMatch(source); found.hasNext();)
-            keys << found.next().captured(1);
+        for (auto found = use.globalMatch(source); found.hasNext(); ++count) {
+            const QByteArray key = found.next().captured(1).toUtf8();
+            EXPECT_FALSE(english.translate(nullptr, key.constData()).isEmpty()) << key.constData();
+            EXPECT_FALSE(chinese.translate(nullptr, key.constData()).isEmpty()) << key.constData();
+        }
     }
-    return keys;
-}
-
-TEST(TranslationsTest, EveryTextOfTheProgramIsThereInEveryLanguage)
-{
-    const QSet<QString> keys = usedKeys();
-    EXPECT_GT(keys.size(), 10); // else the search is wrong
-    for (const QString &language : {QStringLiteral("en"), QStringLiteral("zh_CN")}) {
-        QTranslator translator;
-        ASSERT_TRUE(translator.load(u":/i18n/tessarine_" + language));
-        for (const QString &key : keys)
-            EXPECT_FALSE(translator.translate(nullptr, key.toUtf8().constData()).isEmpty()) << key.toStdString();
-    }
+    EXPECT_GT(count, 10);
 }
 
 TEST(TranslationsTest, ChineseIsCompleteAndOtherLanguagesFallBackToEnglish)
@@ -45,13 +35,10 @@ TEST(TranslationsTest, ChineseIsCompleteAndOtherLanguagesFallBackToEnglish)
     QFile chinese(QStringLiteral(TESSARINE_TRANSLATIONS "/tessarine_zh_CN.ts"));
     ASSERT_TRUE(chinese.open(QIODevice::ReadOnly));
     EXPECT_FALSE(chinese.readAll().contains("unfinished"));
-    const std::pair<const char *, const char16_t *> languages[] = {{"en_GB", u"General"},   {"zh_CN", u"通用"},
-                                                                   {"zh_TW", u"General"},   {"de_DE", u"General"},
-                                                                   {"zh_Hans_SG", u"通用"}, {"C", u"General"}};
+    const std::pair<const char *, const char16_t *> languages[] = {
+        {"zh_CN", u"通用"}, {"zh_Hans_SG", u"通用"}, {"zh_TW", u"General"}, {"de_DE", u"General"}, {"C", u"General"}};
     for (const auto &[name, text] : languages) {
         const Translations translations{QLocale(QLatin1StringView(name))};
         EXPECT_EQ(qtTrId("General"), QStringView(text)) << name;
     }
 }
-
-} // namespace
