@@ -6,31 +6,25 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(ImageEncoder, WritesTheTypeThatTheExtensionNames)
 {
     QImage image(40, 30, QImage::Format_RGB32);
     image.fill(Qt::blue);
     QPainter(&image).fillRect(20, 0, 20, 30, Qt::yellow);
-    for (const auto &[extension, format] : {std::pair{u"jpg", "jpeg"},
-                                            {u"jpeg", "jpeg"},
-                                            {u"png", "png"},
-                                            {u"bmp", "bmp"},
-                                            {u"tif", "tiff"},
-                                            {u"tiff", "tiff"},
-                                            {u"gif", "gif"}}) {
-        QByteArray bytes = GlobalFun::dataRepresentationOfType(image, QString::fromUtf16(extension));
+    const std::pair<QString, QByteArray> types[] = {
+        {u"jpg"_qs, "jpeg"}, {u"png"_qs, "png"}, {u"bmp"_qs, "bmp"}, {u"tiff"_qs, "tiff"}, {u"gif"_qs, "gif"}};
+    for (const auto &[extension, format] : types) {
+        QByteArray bytes = GlobalFun::dataRepresentationOfType(image, extension);
         QBuffer buffer(&bytes);
         QImageReader reader(&buffer);
-        EXPECT_EQ(reader.format(), QByteArray(format));
+        EXPECT_EQ(reader.format(), format);
         const QImage read = reader.read();
-        ASSERT_EQ(read.size(), image.size()) << format;
-        EXPECT_NEAR(qBlue(read.pixel(5, 5)), 255, 12) << format; // a JPEG's colours come back nearly the same
-        EXPECT_NEAR(qRed(read.pixel(35, 25)), 255, 12) << format;
+        ASSERT_EQ(read.size(), image.size());
+        EXPECT_NEAR(qBlue(read.pixel(5, 5)), 255, 12); // a JPEG's colours come back nearly the same
+        EXPECT_NEAR(qRed(read.pixel(35, 25)), 255, 12);
     }
-    for (const char16_t *extension : {u"", u"JPG", u".jpg", u"webp", u"jpg "})
-        EXPECT_TRUE(GlobalFun::dataRepresentationOfType(image, QString::fromUtf16(extension)).isEmpty());
+    for (const QString &extension : {u""_qs, u"JPG"_qs, u"webp"_qs})
+        EXPECT_TRUE(GlobalFun::dataRepresentationOfType(image, extension).isEmpty());
     EXPECT_TRUE(GlobalFun::dataRepresentationOfType(QImage(), QStringLiteral("png")).isEmpty());
 }
 
@@ -38,13 +32,9 @@ TEST(ImageEncoder, TransparencyIsKeptOrBecomesWhite)
 {
     QImage image(10, 10, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
-    for (const auto &[extension, pixel] : {std::pair{u"png", QRgb(0)},
-                                           {u"tiff", QRgb(0)},
-                                           {u"jpg", qRgb(255, 255, 255)},
-                                           {u"bmp", qRgb(255, 255, 255)}}) {
-        const QByteArray bytes = GlobalFun::dataRepresentationOfType(image, QString::fromUtf16(extension));
-        EXPECT_EQ(QImage::fromData(bytes).pixel(5, 5), pixel) << bytes.left(4).constData();
+    const std::pair<QString, QRgb> pixels[] = {{u"png"_qs, 0}, {u"tiff"_qs, 0}, {u"jpg"_qs, ~0U}, {u"bmp"_qs, ~0U}};
+    for (const auto &[extension, pixel] : pixels) {
+        const QByteArray bytes = GlobalFun::dataRepresentationOfType(image, extension);
+        EXPECT_EQ(QImage::fromData(bytes).pixel(5, 5), pixel);
     }
 }
-
-} // namespace

@@ -7,8 +7,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 TEST(MetadataText, ShowsTheChosenFactsInTheirOrder)
 {
     VXMediaInfoItem movie;
@@ -37,5 +35,3 @@ TEST(MetadataText, SizesAreDecimalMegabytesAndDatesUniversalTime)
     const QRegularExpression form(u"^Creation Date: (\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d \\+0000)?\n$"_qs);
     EXPECT_TRUE(form.match(getMetaStrWithObject(movie, 0x40)).hasMatch());
 }
-
-} // namespace

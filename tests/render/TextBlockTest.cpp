@@ -5,9 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-QSizeF measured(const QString &text, QSizeF box = {500.0, 500.0})
+static QSizeF measured(const QString &text, QSizeF box = {500.0, 500.0})
 {
     return TextBlock(text, TextBlock::systemFont(), box).size();
 }
@@ -16,17 +14,18 @@ TEST(TextBlock, MeasuresTheLinesThatFitTheBox)
 {
     const double line = measured(QStringLiteral("a")).height();
     EXPECT_GE(line, 12.0);
-    struct Case {
-        QString text;
-        QSizeF box;
-        double lines;
+    const std::tuple<QString, QSizeF, double> cases[] = {
+        {QString(), {500, 500}, 0},
+        {u"a\n\nb\n"_qs, {500, 500}, 3},
+        {u"some words here"_qs, {70, 500}, 2},
+        {QString(20, u'w'), {100, 500}, 2}, // within a word too
+        {u"a\nb\nc"_qs, {500, 2.5 * line}, 2},
+        {u"a"_qs, {-5, 100}, 0},
+        {u"a"_qs, {qQNaN(), 100}, 0},
+        {u"a"_qs, {1e300, 1e300}, 1},
     };
-    for (const Case &block :
-         {Case{{}, {500, 500}, 0}, Case{u"a\n"_qs, {500, 500}, 1}, Case{u"a\n\nb\n"_qs, {500, 500}, 3},
-          Case{u"some words here"_qs, {70, 500}, 2}, Case{QString(20, u'w'), {100, 500}, 2}, // within a word too
-          Case{u"a\nb\nc"_qs, {500, 2.5 * line}, 2}, Case{u"a"_qs, {0, 100}, 0}, Case{u"a"_qs, {-5, 100}, 0},
-          Case{u"a"_qs, {100, -5}, 0}, Case{u"a"_qs, {qQNaN(), 100}, 0}, Case{u"a"_qs, {1e300, 1e300}, 1}})
-        EXPECT_EQ(measured(block.text, block.box).height(), block.lines * line) << block.text.toStdString();
+    for (const auto &[text, box, lines] : cases)
+        EXPECT_EQ(measured(text, box).height(), lines * line) << text.toStdString();
 }
 
 TEST(TextBlock, DrawsWithinWhatItMeasured)
@@ -39,13 +38,9 @@ TEST(TextBlock, DrawsWithinWhatItMeasured)
     block.draw(painter, {50.0, 60.0});
     painter.end();
     QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            ink |= image.pixel(x, y) == qRgb(255, 255, 255) ? QRect() : QRect(x, y, 1, 1);
-    }
+    for (int at = 0; at < 300 * 300; ++at)
+        ink |= image.pixel(at % 300, at / 300) == ~0U ? QRect() : QRect(at % 300, at / 300, 1, 1);
     const QRect room(QPoint(50, 60), block.size().toSize());
     EXPECT_TRUE(room.adjusted(-1, 0, 1, 0).contains(ink)); // a glyph may lean over its own width
     EXPECT_TRUE(ink.contains(room.adjusted(6, 6, -6, -6)));
 }
-
-} // namespace
