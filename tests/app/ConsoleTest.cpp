@@ -9,9 +9,7 @@
 #include <array>
 #include <pty.h>
 
-namespace {
-
-ExportProgress at(int movie, std::int64_t tile)
+static ExportProgress at(int movie, std::int64_t tile)
 {
     return {QStringLiteral("/films/a\nb.mkv"), movie, 2, tile, 6, {}};
 }
@@ -40,5 +38,3 @@ TEST(Console, ATerminalGetsABarThatFitsAndGoesAway)
     EXPECT_EQ(bytes.split('\r'), (QByteArrayList{"", "[######..................] movie 1 of 2\x1b[K", "\x1b[K",
                                                  "[########################] movie 2 of 2\x1b[K", "\x1b[K"}));
 }
-
-} // namespace

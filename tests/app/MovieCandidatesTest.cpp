@@ -7,10 +7,7 @@
 
 #include <algorithm>
 
-namespace {
-
-class MovieCandidatesTest : public testing::Test {
-protected:
+struct MovieCandidatesTest : testing::Test {
     MovieCandidatesTest()
     {
         for (const char *name : {"films/inner/A.MKV", "films/notes.txt", "films/DISC.VOB", "b.xyz", "c.vob"})
@@ -18,7 +15,6 @@ protected:
         folder.link("films", "link");
         folder.link("nowhere", "dangling.mkv");
     }
-
     /// Candidates and what was heard, relative to the folder.
     QByteArrayList expand(const QByteArrayList &names, bool acceptVob = false)
     {
@@ -33,9 +29,8 @@ protected:
         for (const QByteArray &name : names)
             paths += folder.path(name);
         const CancelFlag never = false;
-        const QStringList extensions{QStringLiteral("mkv"), QStringLiteral("vob")};
-        const QStringList found = MovieCandidates::expand(paths, extensions, acceptVob, events, never);
-        std::ranges::transform(found, std::back_inserter(heard), shortened);
+        for (const QString &path : MovieCandidates::expand(paths, {u"mkv"_qs, u"vob"_qs}, acceptVob, events, never))
+            heard += shortened(path);
         return heard;
     }
 
@@ -58,5 +53,3 @@ TEST_F(MovieCandidatesTest, AFolderThatCannotBeListedIsTold)
     const WithoutPrivileges user;
     EXPECT_EQ(expand({"films"}), QByteArrayList{"films: Permission denied"});
 }
-
-} // namespace

@@ -2,13 +2,11 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 constexpr QRgb ground = qRgb(236, 237, 235);
 constexpr QRgb ink = qRgb(162, 164, 166);
 
 /// The rectangle in which anything but the ground shows, from that row on.
-QRect inkedBelow(const QImage &image, int top)
+static QRect inkedBelow(const QImage &image, int top)
 {
     QRect inked;
     for (int at = top * image.width(); at < image.height() * image.width(); ++at) {
@@ -26,13 +24,8 @@ TEST(JKDropInTipsView, AnArrowPointsDownInADashedSquareInTheMiddle)
     // A stem of 18 from 75 to 100, on a head that narrows from 50 to its tip at 125.
     for (const QPoint inked : {QPoint(150, 76), QPoint(142, 90), QPoint(128, 101), QPoint(150, 122)})
         EXPECT_EQ(image.pixel(inked), ink) << inked.x() << ", " << inked.y();
-    for (const QPoint left :
-         {QPoint(0, 0), QPoint(150, 73), QPoint(140, 90), QPoint(128, 98), QPoint(150, 127), QPoint(130, 120)})
+    for (const QPoint left : {QPoint(150, 73), QPoint(140, 90), QPoint(128, 98), QPoint(150, 127), QPoint(130, 120)})
         EXPECT_EQ(image.pixel(left), ground) << left.x() << ", " << left.y();
-    int drawn = 0;
-    for (int y = 70; y < 130; ++y)
-        drawn += image.pixel(100, y) == ink ? 1 : 0;
-    EXPECT_NEAR(drawn, 30, 15); // the left side is neither empty nor solid
     view.setBHighlighted(true);
     EXPECT_EQ(view.grab().toImage().pixel(0, 0), qRgb(117, 187, 231));
     EXPECT_EQ(view.grab().toImage().pixel(150, 90), qRgb(247, 249, 251));
@@ -51,5 +44,3 @@ TEST(JKDropInTipsView, TheTextStandsBelowTheSquareAndIsNeverCut)
     EXPECT_GT(lines.height(), 2 * line.height());
     EXPECT_TRUE(lines.left() >= 10 && lines.right() <= 130);
 }
-
-} // namespace

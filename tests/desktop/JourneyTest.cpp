@@ -9,18 +9,14 @@
 
 #include <csignal>
 
-namespace {
-
-/// The real program on a desktop, used as a user does: by pointer, keyboard and the desktop's own ways.
-class JourneyTest : public testing::Test {
-protected:
+/// The real program, used by pointer, keyboard and the desktop's own ways.
+struct JourneyTest : testing::Test {
     JourneyTest()
     {
         desktop.folder.makeFolder("out");
         desktop.folder.write("config/Tessarine/Tessarine.ini",
                              "[General]\nOutputFolderKey=" + desktop.folder.bytes("out") + '\n');
     }
-
     ~JourneyTest() override
     {
         for (QProcess *running : {&program, &files}) {
@@ -28,13 +24,11 @@ protected:
             running->waitForFinished();
         }
     }
-
     QString movie(const QByteArray &name) const
     {
         std::filesystem::copy_file(TESSARINE_TEST_MOVIES "/clock.mp4", desktop.folder.bytes(name).toStdString());
         return desktop.folder.path(name);
     }
-
     /// Starts the program and waits until its window can be used.
     void start(const QStringList &arguments = {})
     {
@@ -43,7 +37,6 @@ protected:
         desktop.xdotool({u"windowmove"_qs, u"--sync"_qs, window, u"0"_qs, u"0"_qs});
         reader = std::make_unique<ScreenReader>(desktop.bus.connect(), program.processId());
     }
-
     /// Runs it while another one may be running; gives its exit status.
     int runOther(const QStringList &arguments) const
     {
@@ -52,12 +45,10 @@ protected:
         EXPECT_TRUE(other.waitForFinished());
         return other.exitStatus() == QProcess::NormalExit ? other.exitCode() : -1;
     }
-
     QPoint place(const QString &role, const QString &name) const
     {
         return reader->await(role, name).rectangle.center();
     }
-
     /// Drags a file from another program to the point, and lets go there as soon as it is welcome.
     void drag(const QString &path, QPoint point)
     {
@@ -71,14 +62,19 @@ protected:
         desktop.xdotool({u"mouseup"_qs, u"1"_qs});
         EXPECT_EQ(nextLine(files), "given");
     }
-
-    /// Waits until the movie is in the list and no job is running: jobs cover the window with a sheet.
-    void awaitMovie(const QString &name) const
+    /// Waits until the movie is in the list and no job is running: jobs cover the window with a sheet. Where it is.
+    QPoint awaitMovie(const QString &name) const
     {
-        reader->await([&name](const ScreenReader::Object &object) { return object.name.contains(name); });
+        const auto row = reader->await([&](const ScreenReader::Object &object) { return object.name.contains(name); });
         reader->awaitNone(QStringLiteral("dialog"));
+        return row.rectangle.center();
     }
-
+    void exportAll(const QByteArray &image)
+    {
+        desktop.click(place(u"push button"_qs, u"Start"_qs));
+        while (!desktop.folder.has(image) && program.state() == QProcess::Running)
+            program.waitForFinished(20);
+    }
     int finish()
     {
         EXPECT_TRUE(program.waitForFinished()) << "still running";
@@ -96,16 +92,13 @@ TEST_F(JourneyTest, AMovieDraggedOnTheWindowBecomesTheCollageThatTheCommandLineM
     const QString path = movie("holiday \xE2\x9D\xA4.mp4");
     start();
     drag(path, place(QStringLiteral("table"), QStringLiteral("Movies")));
-    awaitMovie(QString::fromUtf8("holiday \xE2\x9D\xA4"));
-    desktop.click(place(QStringLiteral("push button"), QStringLiteral("Start")));
+    awaitMovie(u"holiday \u2764"_qs);
     const QByteArray collage = "out/holiday \xE2\x9D\xA4.jpg";
-    while (!desktop.folder.has(collage) && program.state() == QProcess::Running)
-        program.waitForFinished(20);
-    awaitMovie(QString::fromUtf8("holiday \xE2\x9D\xA4"));
+    exportAll(collage);
+    awaitMovie(u"holiday \u2764"_qs);
     EXPECT_EQ(runOther({QStringLiteral("--export"), QStringLiteral("-q"), path}), 0);
     EXPECT_GT(desktop.folder.read(collage).size(), 10'000);
     EXPECT_EQ(desktop.folder.read(collage), desktop.folder.read("out/holiday \xE2\x9D\xA4(1).jpg"));
-
     desktop.awaitWindow(QStringLiteral("Tessarine"));
     desktop.xdotool({u"key"_qs, u"ctrl+q"_qs});
     EXPECT_EQ(finish(), 0);
@@ -114,9 +107,7 @@ TEST_F(JourneyTest, AMovieDraggedOnTheWindowBecomesTheCollageThatTheCommandLineM
 TEST_F(JourneyTest, TheEditorsRangeAndGridAreThoseOfTheImage)
 {
     start({movie("clock.mp4")});
-    awaitMovie(QStringLiteral("clock.mp4"));
-    desktop.click(reader->await([](const ScreenReader::Object &object) { return object.name.contains(u"clock.mp4"); })
-                      .rectangle.center());
+    desktop.click(awaitMovie(u"clock.mp4"_qs));
     desktop.xdotool({u"key"_qs, u"Return"_qs});
     desktop.awaitWindow(QStringLiteral("Custom Collage"));
     const QPoint handle = place(QStringLiteral("slider"), QStringLiteral("End handle"));
@@ -127,17 +118,14 @@ TEST_F(JourneyTest, TheEditorsRangeAndGridAreThoseOfTheImage)
     desktop.click(place(QStringLiteral("text"), QStringLiteral("Rows")));
     desktop.xdotool({u"key"_qs, u"ctrl+a"_qs, u"1"_qs, u"Tab"_qs, u"4"_qs, u"Return"_qs, u"Return"_qs});
     reader->awaitNone(QStringLiteral("dialog"));
-    desktop.click(place(QStringLiteral("push button"), QStringLiteral("Start")));
-    while (!desktop.folder.has("out/clock.jpg") && program.state() == QProcess::Running)
-        program.waitForFinished(20);
-
+    exportAll("out/clock.jpg");
     const QImage collage(desktop.folder.path("out/clock.jpg"));
     ASSERT_EQ(collage.width(), 4 * 300 + 3 * 4 + 2 * 20);
-    std::vector<int> seconds; // of the tiles, from 2.0 to 7.0
-    for (int column = 0; column < 4; ++column)
-        seconds.push_back(
-            ColorClock::secondOfColor(collage.pixelColor(20 + column * 304 + 150, collage.height() - 20 - 112)));
-    EXPECT_EQ(seconds, (std::vector{2, 3, 5, 7}));
+    const std::vector seconds{2, 3, 5, 7}; // of the tiles, from 2.0 to 7.0
+    for (int column = 0; column < 4; ++column) {
+        const QColor pixel = collage.pixelColor(20 + column * 304 + 150, collage.height() - 20 - 112);
+        EXPECT_EQ(ColorClock::secondOfColor(pixel), seconds.at(std::size_t(column)));
+    }
 }
 
 TEST_F(JourneyTest, FilesOfLaterStartsComeIntoTheFirstWindow)
@@ -151,5 +139,3 @@ TEST_F(JourneyTest, FilesOfLaterStartsComeIntoTheFirstWindow)
         kill(static_cast<pid_t>(program.processId()), signal); // the second comes while it quits
     EXPECT_EQ(finish(), 0);
 }
-
-} // namespace

@@ -121,7 +121,6 @@ Object ScreenReader::await(const QString &role, const QString &name) const
 void ScreenReader::awaitNone(const QString &role) const
 {
     const QDeadlineTimer deadline(patience);
-    while (find([&role](const Object &object) { return object.role == role; }) && !deadline.hasExpired()) {
-    }
-    EXPECT_FALSE(deadline.hasExpired()) << role.toStdString() << " stays";
+    while (find([&role](const Object &object) { return object.role == role; }))
+        ASSERT_FALSE(deadline.hasExpired()) << role.toStdString() << " stays";
 }

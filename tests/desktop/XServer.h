@@ -31,8 +31,7 @@ public:
             program->waitForFinished();
         }
     }
-    XServer(const XServer &) = delete;
-    XServer &operator=(const XServer &) = delete;
+    Q_DISABLE_COPY(XServer)
 
     /// Its name, for the variable DISPLAY.
     QString display() const { return name; }
