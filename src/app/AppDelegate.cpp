@@ -30,7 +30,8 @@ AppDelegate::AppDelegate(Services appServices) :
     window = std::make_unique<MainWindowController>(MainWindowController::Services{
         services.defaults, services.grabber, trustedFolders, notifications, services.alert, services.openPanel,
         services.workspace, services.mainQueue, services.home, config.experimental(), renderPreview,
-        [this](const KTMovieObject &movie) { return getMetaStrWithObject(movie); }, [this] { preferencesDown(); }});
+        [this](const KTMovieObject &movie) { return getMetaStrWithObject(movie); }, [this] { preferencesDown(); },
+        services.droppedFiles});
     if (qEnvironmentVariable("TESSARINE_DEBUG_MENU") == u'1') {
         addDebugMenu();
     }

@@ -3,6 +3,7 @@
 #include "app/MainWindowController.h"
 #include "online/ServiceUrl.h"
 #include "online/VXConfigManager.h"
+#include "platform/DroppedFiles.h"
 #include "platform/MainQueue.h"
 #include "platform/NotificationCenter.h"
 #include "prefs/MASPreferencesWindowController.h"
@@ -33,6 +34,7 @@ public:
         MainQueue &mainQueue;
         QString home;
         ServiceUrl service = {}; ///< that sets the remote flags
+        DroppedFiles droppedFiles = {};
     };
 
     explicit AppDelegate(Services services);

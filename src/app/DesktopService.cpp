@@ -1,14 +1,24 @@
 #include "app/DesktopService.h"
 
 #include "applicationadaptor.h"
+#include "platform/AlternateStack.h"
 #include "platform/FileUri.h"
 #include "platform/Log.h"
 #include "platform/PathText.h"
 
 #include <QDBusConnectionInterface>
+#include <QDBusError>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QDeadlineTimer>
+#include <QThread>
 
-#include <array>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <utility>
 
 namespace {
 
@@ -16,25 +26,6 @@ const QString &interfaceName()
 {
     static const QString name = QStringLiteral("org.freedesktop.Application");
     return name;
-}
-
-/// What lets the window come forward although the user has been elsewhere meanwhile: whoever started this program has
-/// left it in the environment.
-QVariantMap platformData()
-{
-    struct Token {
-        const char *variable;
-        QLatin1StringView key;
-    };
-    constexpr std::array tokens{Token{"XDG_ACTIVATION_TOKEN", QLatin1StringView("activation-token")},
-                                Token{"DESKTOP_STARTUP_ID", QLatin1StringView("desktop-startup-id")}};
-    QVariantMap data;
-    for (const Token &token : tokens) {
-        if (qEnvironmentVariableIsSet(token.variable)) {
-            data.insert(token.key, qEnvironmentVariable(token.variable));
-        }
-    }
-    return data;
 }
 
 QStringList urisOf(const QStringList &paths)
@@ -46,10 +37,49 @@ QStringList urisOf(const QStringList &paths)
     return uris;
 }
 
+/// Whether the process gets no processor time until somebody lets it go on. Where it cannot be seen, as from inside a
+/// sandbox, there is no telling, and the answer is yes.
+bool isStopped(uint process)
+{
+    std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+    const std::string line{std::istreambuf_iterator(file), {}};
+    const std::size_t name = line.rfind(')'); // it may hold anything
+    return name == std::string::npos || name + 2 >= line.size() ||
+           std::string_view("TtZX").find(line[name + 2]) != std::string_view::npos;
+}
+
 } // namespace
 
-DesktopService::DesktopService(QDBusConnection sessionBus, QString busName, Requests handlers) :
-    bus(std::move(sessionBus)), name(std::move(busName)), requests(std::move(handlers))
+/// Runs an object's events on a thread of its own for as long as it lives, then gives the object back to the thread
+/// that it came from.
+class DesktopService::Reception final : private QThread {
+public:
+    explicit Reception(QObject &receiver) : service(receiver), origin(receiver.thread())
+    {
+        service.moveToThread(this);
+        start();
+    }
+    ~Reception() override
+    {
+        quit();
+        wait();
+    }
+
+private:
+    void run() override
+    {
+        const AlternateStack stack;
+        exec();
+        service.moveToThread(origin);
+    }
+
+    QObject &service;
+    QThread *const origin;
+};
+
+DesktopService::DesktopService(QDBusConnection sessionBus, QString busName, Requests handlers,
+                               std::chrono::milliseconds hangTime) :
+    bus(std::move(sessionBus)), name(std::move(busName)), requests(std::move(handlers)), longestWait(hangTime)
 {
     new ApplicationAdaptor(this);
 }
@@ -59,17 +89,19 @@ DesktopService::~DesktopService()
     stop();
 }
 
-DesktopService::Outcome DesktopService::start(const QStringList &paths, std::chrono::milliseconds patience)
+DesktopService::Outcome DesktopService::start(const QStringList &paths, const ActivationToken &token,
+                                              const Patience &patience)
 {
     // The object comes before the name: whoever finds the name may call at once.
     if (!bus.isConnected() || !bus.registerObject(objectPath(), this)) {
         return Outcome::Alone;
     }
     isOnBus = true;
+    reception = std::make_unique<Reception>(*this);
     if (takeName()) {
         return Outcome::First;
     }
-    if (handOver(paths, patience)) {
+    if (handOver(paths, token, patience)) {
         stop();
         return Outcome::HandedOver;
     }
@@ -83,13 +115,14 @@ DesktopService::Outcome DesktopService::start(const QStringList &paths, std::chr
 
 void DesktopService::setReady()
 {
-    isReady = true;
-    for (const std::function<void()> &request : std::exchange(waiting, {})) {
-        request();
+    {
+        const std::scoped_lock lock(mutex);
+        isReady = true;
     }
+    answerRequests();
 }
 
-void DesktopService::Open(const QStringList &uris, const QVariantMap & /*platformData*/)
+void DesktopService::Open(const QStringList &uris, const QVariantMap &platformData)
 {
     QStringList paths;
     for (const QString &uri : uris) {
@@ -100,13 +133,13 @@ void DesktopService::Open(const QStringList &uris, const QVariantMap & /*platfor
         }
     }
     if (!paths.isEmpty()) {
-        passOn([this, paths] { requests.open(paths); });
+        passOn([this, paths, token = ActivationToken::fromPlatformData(platformData)] { requests.open(paths, token); });
     }
 }
 
-void DesktopService::Activate(const QVariantMap & /*platformData*/)
+void DesktopService::Activate(const QVariantMap &platformData)
 {
-    passOn([this] { requests.activate(); });
+    passOn([this, token = ActivationToken::fromPlatformData(platformData)] { requests.activate(token); });
 }
 
 void DesktopService::ActivateAction(const QString &action, const QVariantList & /*parameters*/,
@@ -128,7 +161,7 @@ bool DesktopService::takeName()
     return reply == QDBusConnectionInterface::ServiceRegistered;
 }
 
-bool DesktopService::handOver(const QStringList &paths, std::chrono::milliseconds patience)
+bool DesktopService::handOver(const QStringList &paths, const ActivationToken &token, const Patience &patience)
 {
     const QString method = paths.isEmpty() ? QStringLiteral("Activate") : QStringLiteral("Open");
     QDBusMessage call = QDBusMessage::createMethodCall(name, objectPath(), interfaceName(), method);
@@ -136,9 +169,13 @@ bool DesktopService::handOver(const QStringList &paths, std::chrono::millisecond
     if (!paths.isEmpty()) {
         call << urisOf(paths);
     }
-    call << platformData();
-    const QDBusMessage reply = bus.call(call, QDBus::Block, static_cast<int>(patience.count()));
-    return reply.type() == QDBusMessage::ReplyMessage;
+    call << token.platformData();
+    const QDBusPendingCall answer = bus.asyncCall(call, static_cast<int>(patience.whenBusy.count()));
+    const QDeadlineTimer soon(patience.whenStopped);
+    while (!answer.isFinished() && !(soon.hasExpired() && isStopped(bus.interface()->servicePid(name)))) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5)); // there is no event loop yet, and a call no deadline
+    }
+    return answer.isFinished() && !answer.isError();
 }
 
 void DesktopService::stop()
@@ -147,13 +184,35 @@ void DesktopService::stop()
         bus.unregisterObject(objectPath());
         bus.unregisterService(name);
     }
+    reception.reset();
 }
 
 void DesktopService::passOn(std::function<void()> request)
 {
+    const auto now = std::chrono::steady_clock::now();
+    const std::scoped_lock lock(mutex);
+    if (isReady && !waiting.empty() && now - waiting.front().since >= longestWait) {
+        qCWarning(lcTessarine) << "the window does not answer";
+        if (calledFromDBus()) {
+            sendErrorReply(QDBusError::NoReply, QStringLiteral("the window does not answer"));
+        }
+        return;
+    }
+    waiting.push_back({std::move(request), now});
     if (isReady) {
-        request();
-    } else {
-        waiting.push_back(std::move(request));
+        QMetaObject::invokeMethod(
+            &mainThread, [this] { answerRequests(); }, Qt::QueuedConnection);
+    }
+}
+
+void DesktopService::answerRequests()
+{
+    std::vector<Waiting> taken;
+    {
+        const std::scoped_lock lock(mutex);
+        taken.swap(waiting);
+    }
+    for (const Waiting &each : taken) {
+        each.request();
     }
 }

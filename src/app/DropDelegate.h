@@ -9,6 +9,6 @@ public:
 
     /// Whether files may be dropped before `row` (the number of rows: at the end), or onto it when not `between`.
     virtual bool validateDrop(int /*row*/, bool between) { return between; }
-    /// Files and folders, at least one, were dropped before `row`. False when they are not taken.
-    virtual bool acceptDrop(const QStringList &paths, int row) = 0;
+    /// Files and folders, at least one, were dropped before `row`; the list may have changed since.
+    virtual void acceptDrop(const QStringList &paths, int row) = 0;
 };

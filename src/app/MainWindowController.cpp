@@ -7,6 +7,7 @@
 #include "platform/PreferenceKeys.h"
 #include "platform/SymbolicIcon.h"
 #include "platform/UserDefaults.h"
+#include "platform/WindowActivation.h"
 #include "ui_MainWindowController.h"
 
 #include <QApplication>
@@ -34,6 +35,7 @@ MainWindowController::MainWindowController(Services windowServices) :
     connectActions();
     ui->tableView->setReloadDelegate(this);
     ui->tableView->setDropDelegate(this);
+    ui->tableView->setDroppedFiles(services.droppedFiles);
     loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services.notifications, this);
     cancelObservation =
         services.notifications.observe(VXLoadingWndCtl::canceledNotification, [this] { loadingPrgCanceled(); });
@@ -158,10 +160,9 @@ bool MainWindowController::validateDrop(int /*row*/, bool between)
     return between;
 }
 
-bool MainWindowController::acceptDrop(const QStringList &paths, int row)
+void MainWindowController::acceptDrop(const QStringList &paths, int row)
 {
     loadMediasWithPaths(paths, row);
-    return true;
 }
 
 bool MainWindowController::validateToolbarItem(const QString &identifier)
@@ -218,7 +219,7 @@ void MainWindowController::loadingPrgCanceled()
     jobs->cancel();
 }
 
-void MainWindowController::bringForward()
+void MainWindowController::bringForward(const ActivationToken &token)
 {
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
@@ -226,7 +227,9 @@ void MainWindowController::bringForward()
     QWidget *sheet = QApplication::activeModalWidget();
     QWidget *front = sheet != nullptr ? sheet : this; // what a sheet hangs over cannot take the keyboard
     front->raise();
-    front->activateWindow();
+    if (QWindow *handle = front->windowHandle()) { // the desktop's own file panel has none here
+        ::activateWindow(*handle, token);
+    }
 }
 
 void MainWindowController::quit()
@@ -289,5 +292,5 @@ void MainWindowController::showAbout()
     //% "Turns movie files into collages: one picture that shows a whole movie."
     const QString text = qtTrId("about_text");
     //% "OK"
-    services.alert.show(title, text, {qtTrId("OK")}, [](int) {});
+    services.alert.tell(title, text, qtTrId("OK"));
 }

@@ -9,11 +9,14 @@
 #include "app/OutputFolderControls.h"
 #include "app/TableReloadDelegate.h"
 #include "app/VXLoadingWndCtl.h"
+#include "platform/DroppedFiles.h"
 #include "platform/NotificationCenter.h"
 
 #include <QMainWindow>
 
 #include <memory>
+
+struct ActivationToken;
 
 namespace Ui {
 class MainWindowController;
@@ -43,6 +46,7 @@ public:
         std::function<QImage(const KTMovieObject &)> renderPreview; ///< called on the loading thread
         std::function<QString(const KTMovieObject &)> metadataText; ///< the block of facts about a movie
         std::function<void()> showPreferences;
+        DroppedFiles droppedFiles = {};
     };
 
     explicit MainWindowController(Services services);
@@ -54,8 +58,8 @@ public:
     void loadMediasWithPaths(const QStringList &paths, int index);
     /// Whether a batch or an export is running.
     bool isJobRunning() const { return jobs->isRunning(); }
-    /// Shows the window before all others.
-    void bringForward();
+    /// Shows the window before all others; the window system may want the token for it.
+    void bringForward(const ActivationToken &token);
     /// Closes the window as its close button does: what runs is cancelled and waited for first.
     void quit();
 
@@ -89,7 +93,7 @@ private:
 
     void deleteFileDown(MyTableView &table) override;
     bool validateDrop(int row, bool between) override;
-    bool acceptDrop(const QStringList &paths, int row) override;
+    void acceptDrop(const QStringList &paths, int row) override;
 
     Services services;
     std::unique_ptr<Ui::MainWindowController> ui;

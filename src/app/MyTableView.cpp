@@ -4,7 +4,6 @@
 #include "app/JKDropInTipsView.h"
 #include "app/MovieCellDelegate.h"
 #include "app/TableReloadDelegate.h"
-#include "platform/FileUri.h"
 #include "platform/Log.h"
 
 #include <QDropEvent>
@@ -22,18 +21,6 @@ namespace {
 constexpr std::chrono::milliseconds hintDelay{100};
 constexpr int markHeight = 3; // of the insertion mark
 constexpr std::array<int, MovieTableModel::ColumnCount> columnWidths{112, 112, 240, 72, 190};
-
-/// The local paths among the addresses that are dragged.
-QStringList fileNames(const QMimeData &data)
-{
-    QStringList paths;
-    for (const QByteArray &line : data.data(QStringLiteral("text/uri-list")).split('\n')) {
-        if (const auto path = FileUri::toPath(line.trimmed())) {
-            paths += *path;
-        }
-    }
-    return paths;
-}
 
 } // namespace
 
@@ -266,7 +253,7 @@ bool MyTableView::offer(const DropSpot &spot)
 
 void MyTableView::dragEnterEvent(QDragEnterEvent *event)
 {
-    event->setAccepted(!fileNames(*event->mimeData()).isEmpty());
+    event->setAccepted(DroppedFiles::areIn(*event->mimeData()));
 }
 
 void MyTableView::dragMoveEvent(QDragMoveEvent *event)
@@ -287,16 +274,19 @@ void MyTableView::dragLeaveEvent(QDragLeaveEvent *event)
 void MyTableView::dropEvent(QDropEvent *event)
 {
     const DropSpot spot = spotAt(event->position().toPoint().y());
-    const bool wanted = offer(spot);
-    const QStringList paths = fileNames(*event->mimeData());
+    const bool wanted = offer(spot) && DroppedFiles::areIn(*event->mimeData());
     stopAutoScroll();
     setState(NoState);
     setInsertion({});
     refreshState(false);
     event->setDropAction(Qt::CopyAction);
-    event->setAccepted(false);
-    if (wanted && !paths.isEmpty()) {
-        qCDebug(lcTessarine) << "accept drop," << paths;
-        event->setAccepted(dropDelegate->acceptDrop(paths, spot.row));
+    event->setAccepted(wanted);
+    if (wanted) {
+        droppedFiles.fetch(*event->mimeData(), *this, [this, spot](const QStringList &paths) {
+            if (dropDelegate && !paths.isEmpty()) {
+                qCDebug(lcTessarine) << "accept drop," << paths;
+                dropDelegate->acceptDrop(paths, spot.row);
+            }
+        });
     }
 }

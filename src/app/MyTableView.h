@@ -1,11 +1,13 @@
 #pragma once
 
 #include "app/MovieTableModel.h"
+#include "platform/DroppedFiles.h"
 
 #include <QPointer>
 #include <QTableView>
 
 #include <optional>
+#include <utility>
 
 class DropDelegate;
 class JKDropInTipsView;
@@ -23,6 +25,8 @@ public:
     void setMovies(MovieTableModel &model);
     /// Hears of keys and reloads; must outlive the table. Null for none.
     void setReloadDelegate(TableReloadDelegate *delegate) { reloadDelegate = delegate; }
+    /// How to find the files that are dropped; by their names alone until then.
+    void setDroppedFiles(DroppedFiles files) { droppedFiles = std::move(files); }
     /// Decides on drops; must outlive the table. Null refuses all.
     void setDropDelegate(DropDelegate *delegate) { dropDelegate = delegate; }
 
@@ -70,6 +74,7 @@ private:
     QPointer<MovieTableModel> movies;
     TableReloadDelegate *reloadDelegate = nullptr;
     DropDelegate *dropDelegate = nullptr;
+    DroppedFiles droppedFiles;
     JKDropInTipsView *dropTipView = nullptr;
     std::optional<int> insertion; // the row before which files would be put
 };

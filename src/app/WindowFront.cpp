@@ -8,8 +8,11 @@
 #include "app/ProgramSetup.h"
 #include "app/QuitSignals.h"
 #include "online/ServiceUrl.h"
+#include "platform/ActivationToken.h"
 #include "platform/Bundle.h"
 #include "platform/DesktopWorkspace.h"
+#include "platform/DisplayServer.h"
+#include "platform/DroppedFiles.h"
 #include "platform/FileOpenPanel.h"
 #include "platform/FolderBookmarks.h"
 #include "platform/Log.h"
@@ -39,13 +42,6 @@ void describeApplication(const QString &identifier)
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
-/// Without one the toolkit would abort.
-bool hasDisplay()
-{
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
-           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
-}
-
 QStringList absolutePaths(const QStringList &paths)
 {
     QStringList result;
@@ -72,11 +68,10 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
     FileOpenPanel openPanel(sandboxed);
     DesktopWorkspace workspace(mainQueue, bus, sandboxed);
     AppDelegate delegate({defaults, grabber, *bookmarks, alert, openPanel, workspace, mainQueue,
-                          GlobalFun::RealHomeDirectory(), service});
+                          GlobalFun::RealHomeDirectory(), service, DroppedFiles(bus, sandboxed)});
     target = &delegate;
     MacAppHelper helper({crashes, service, bundle, defaults});
     helper.awakeFromNib();
-    const QuitSignals quitSignals([&delegate] { delegate.mainWindow().quit(); });
     for (const QString &path : paths) {
         delegate.openFile(path);
     }
@@ -93,11 +88,14 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
 
 int runWindowFront(const QStringList &given, int argc, char **argv)
 {
-    if (!hasDisplay()) {
-        std::fprintf(stderr, "tessarine: there is no display for a window; --export makes collages without one\n");
+    if (!hasDisplayServer()) {
+        std::fprintf(stderr,
+                     "tessarine: no display can be reached for a window; --export makes collages without one\n");
         return 1;
     }
+    const ActivationToken token = ActivationToken::ofThisStart();
     const QApplication application(argc, argv);
+    ActivationToken::clearEnvironment();
     const QString identifier = Bundle::main().identifier();
     describeApplication(identifier);
     const Translations translations{QLocale()};
@@ -105,16 +103,21 @@ int runWindowFront(const QStringList &given, int argc, char **argv)
 
     AppDelegate *delegate = nullptr; // while the program runs
     DesktopService desktop(QDBusConnection::sessionBus(), identifier,
-                           {[&delegate](const QStringList &files) {
+                           {[&delegate](const QStringList &files, const ActivationToken &click) {
                                 for (const QString &file : files) {
                                     delegate->openFile(file);
                                 }
-                                delegate->mainWindow().bringForward();
+                                delegate->mainWindow().bringForward(click);
                             },
-                            [&delegate] { delegate->mainWindow().bringForward(); }});
-    if (desktop.start(paths) == DesktopService::Outcome::HandedOver) {
+                            [&delegate](const ActivationToken &click) { delegate->mainWindow().bringForward(click); }});
+    if (desktop.start(paths, token) == DesktopService::Outcome::HandedOver) {
         return 0;
     }
+    if (!token.token.isEmpty()) { // on Wayland a window gets the keyboard only so; on X11 the toolkit has seen to it
+        desktop.Activate(token.platformData());
+    }
+    // Before the folder, which a signal would leave behind otherwise; what it asks for waits for the event loop.
+    const QuitSignals quitSignals([&delegate] { delegate->mainWindow().quit(); });
     const QTemporaryDir temporaryFolder(QDir::tempPath() + u"/tessarine-XXXXXX");
     if (!temporaryFolder.isValid()) {
         qCCritical(lcTessarine).noquote() << "no temporary folder:" << temporaryFolder.errorString();

@@ -50,3 +50,24 @@ private:
     QThread thread;
     QDBusConnection bus;
 };
+
+/// Another program on a test's bus that has frozen: it takes calls and never answers.
+class FrozenService final {
+public:
+    FrozenService(const SessionBus &sessionBus, const char *name, const char *objectPath) :
+        path(QString::fromLatin1(objectPath)), bus(sessionBus.connect())
+    {
+        object.moveToThread(&neverStarted);
+        EXPECT_TRUE(bus.registerObject(path, &object, QDBusConnection::ExportAllSlots));
+        EXPECT_TRUE(bus.registerService(QString::fromLatin1(name)));
+    }
+    ~FrozenService() { bus.unregisterObject(path); }
+    FrozenService(const FrozenService &) = delete;
+    FrozenService &operator=(const FrozenService &) = delete;
+
+private:
+    const QString path;
+    QThread neverStarted;
+    QObject object;
+    QDBusConnection bus;
+};
