@@ -23,6 +23,14 @@ bool isSameFile(const std::optional<struct stat> &before, const std::optional<st
     return identity(*before) == identity(*after);
 }
 
+/// A pipe or a device that stands where the movie was: the tool would wait for it, at every tile anew. What is gone is
+/// left to the tool, which says so at once.
+bool wouldBlock(const QString &moviePath)
+{
+    const auto status = GlobalFun::fileStatus(moviePath);
+    return status && !S_ISREG(status->st_mode);
+}
+
 QImage loadPicture(const QString &path)
 {
     QByteArray bytes = GlobalFun::contentsOf(path).value_or(QByteArray());
@@ -45,6 +53,8 @@ GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seco
     const std::lock_guard lock(oneAtATime);
     if (cancelled)
         return {};
+    if (wouldBlock(moviePath))
+        return {loadPicture(pictureFile), false};
 
     const auto before = GlobalFun::fileStatus(pictureFile);
     TaskWrapper task(nullptr,

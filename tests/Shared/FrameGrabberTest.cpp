@@ -79,6 +79,7 @@ TEST_F(FrameGrabberTest, GivesTheToolItsArgumentsInOrder)
                                          "-vframes", "1",  "-y", folder.bytes("x.jpg")};
         EXPECT_EQ(folder.read("recorded"), expected.join('\0') + '\0');
     }
+    EXPECT_FALSE(grabber.createThumbnail(QStringLiteral("/dev/null"), 0.0, never).isNew) << "is no movie: not run";
     QLocale::setDefault(QLocale::c());
 }
 
