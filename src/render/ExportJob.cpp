@@ -133,7 +133,7 @@ QString ExportJob::folderFor(const KTMovieObject &movie) const
 
 QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, const QString &extension, QString path)
 {
-    qCInfo(lcTessarine).noquote() << "image write to path :" << path;
+    qCInfo(lcTessarine).noquote() << "image write to path :" << PathText::forDisplay(path);
     if (canvas.isNull()) {
         return path; // has been reported
     }
