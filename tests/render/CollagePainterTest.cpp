@@ -16,7 +16,6 @@ struct CollagePainterTest : testing::Test, protected TileSource {
     QImage picture(std::int64_t tile, double seconds) override
     {
         times.push_back(seconds);
-        cancelled = tile == cancelAt;
         QImage image(64, 48, QImage::Format_RGB32);
         image.fill(content);
         return tile == missingTile ? QImage() : image;
@@ -35,7 +34,6 @@ struct CollagePainterTest : testing::Test, protected TileSource {
     CollageTextItems items;
     std::vector<double> times;
     std::int64_t missingTile = -1;
-    std::int64_t cancelAt = -1;
     CancelFlag cancelled = false;
     bool finished = false;
     int textHeight = 0;
@@ -125,14 +123,6 @@ TEST_F(CollagePainterTest, StampsStandWhereThePositionSays)
             EXPECT_EQ(ink > 10, place == places[position]) << position << " at " << place.x() << ", " << place.y();
         }
     }
-}
-
-TEST_F(CollagePainterTest, StopsBeforeTheNextTileWhenCancelled)
-{
-    cancelAt = 2;
-    paint();
-    EXPECT_FALSE(finished);
-    EXPECT_EQ(times.size(), 3U);
 }
 
 TEST_F(CollagePainterTest, SettingsOutOfEveryRangeStayInBounds)

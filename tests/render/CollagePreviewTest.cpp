@@ -36,17 +36,11 @@ struct CollagePreviewTest : testing::Test {
 TEST_F(CollagePreviewTest, ASmallCollageIsCentredAtItsOwnSize)
 {
     const QImage image = render(); // 228 x 124 at 62, 50
-    for (const auto &[x, y, color] : {std::tuple{61, 112, 0U},
-                                      {62, 50, ground},
-                                      {289, 173, ground},
-                                      {84, 72, frame},
-                                      {85, 73, grey},
-                                      {139, 106, frame},
-                                      {142, 70, ground},          // between columns
-                                      {82 + 128, 70 + 44, frame}, // last tile
-                                      {104, 82, mark},
-                                      {119, 97, mark},
-                                      {120, 98, grey}})
+    const std::tuple<int, int, QRgb> pixels[] = {
+        {61, 112, 0},    {62, 50, ground},  {289, 173, ground}, {84, 72, frame},
+        {85, 73, grey},  {139, 106, frame}, {142, 70, ground},  {82 + 128, 70 + 44, frame},
+        {104, 82, mark}, {119, 97, mark},   {120, 98, grey}};
+    for (const auto &[x, y, color] : pixels)
         EXPECT_EQ(image.pixel(x, y), color) << x << ", " << y;
 }
 

@@ -1,7 +1,6 @@
 #include "render/OutputFile.h"
 
 #include "support/ScratchFolder.h"
-#include "support/WithoutPrivileges.h"
 
 #include <gtest/gtest.h>
 
@@ -29,14 +28,4 @@ TEST(OutputFile, NamesThatWouldBeTooLongAreCutBetweenCharacters)
         }
     }
     EXPECT_EQ(folder.names().size(), 9);
-}
-
-TEST(OutputFile, AsksWhetherThisProcessMayWrite)
-{
-    const ScratchFolder folder;
-    folder.setMode(0700);
-    EXPECT_TRUE(OutputFile::isWritableFolder(folder.path()));
-    EXPECT_FALSE(OutputFile::isWritableFolder(folder.path("missing")));
-    const WithoutPrivileges user;
-    EXPECT_NE(OutputFile::isWritableFolder(folder.path()), ::getuid() == 0);
 }
