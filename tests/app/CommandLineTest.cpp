@@ -69,11 +69,13 @@ TEST_F(CommandLineTest, StreamsAndStatusWithoutLocaleAndDisplay)
     EXPECT_EQ(errors, "movie 1 of 1: a\xEF\xBF\xBDmovie.mp4\n");
     EXPECT_TRUE(folder.names("tmp").isEmpty());
     EXPECT_TRUE(folder.names("config").isEmpty()); // an export stores nothing
-    for (const auto &[option, status, stream, text] : {std::tuple{u"--help", 0, &output, "--tile-width"},
-                                                       {u"--export", 2, &errors, "tessarine --help"},
-                                                       {u"--bad", 2, &errors, "tessarine --help"},
-                                                       {u"a.mp4", 1, &errors, "no display"}}) {
-        EXPECT_EQ(run({QString::fromUtf16(option)}), status);
+    const std::tuple<QString, int, QByteArray *, const char *> cases[] = {
+        {u"--help"_qs, 0, &output, "--tile-width"},
+        {u"--export"_qs, 2, &errors, "tessarine --help"},
+        {u"--bad"_qs, 2, &errors, "tessarine --help"},
+        {u"a.mp4"_qs, 1, &errors, "no display"}};
+    for (const auto &[option, status, stream, text] : cases) {
+        EXPECT_EQ(run({option}), status);
         EXPECT_TRUE(stream->contains(text)) << stream->constData();
     }
 }
