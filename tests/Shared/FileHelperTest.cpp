@@ -3,31 +3,8 @@
 #include "support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 using namespace FileHelper;
-
-TEST(FileHelper, CreatesAndDeletes)
-{
-    const ScratchFolder folder;
-    folder.write("full", "contents");
-    folder.write("tree/a/b", "x");
-    folder.write("kept/file");
-    folder.link("kept", "link");
-    ASSERT_EQ(::mkfifo(folder.bytes("fifo").constData(), 0600), 0);
-    EXPECT_TRUE(directoryExistsWithPath(folder.path("full"))); // of a file, too
-    for (const auto &[name, made] :
-         {std::pair{"full", true}, {"new\xff", true}, {"tree", false}, {"none/file", false}, {"fifo", false}})
-        EXPECT_EQ(createFileWithPath(folder.path(name)), made) << name;
-    EXPECT_EQ(folder.read("full"), "");
-    EXPECT_TRUE(deleteFileWithPath(folder.path("tree")));
-    EXPECT_FALSE(deleteFileWithPath(folder.path("tree")));
-    EXPECT_TRUE(deleteDirectoryWithPath(folder.path("link")));
-    checkAndCreateFileAtPath(folder.path("name.txt"), true);
-    EXPECT_TRUE(std::filesystem::is_directory(folder.bytes("name.txt").toStdString()));
-    EXPECT_EQ(folder.names().join(u' '), u"fifo full kept name.txt " + PathText::fromBytes("new\xff"));
-    EXPECT_TRUE(folder.has("kept/file"));
-}
 
 TEST(FileHelper, MovesAndCopiesButNeverOverAnything)
 {

@@ -1,32 +1,15 @@
-#include "Shared/NumberText.h"
 #include "Shared/SizeFit.h"
 #include "Shared/TimeFormat.h"
-
-#include <QLocale>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
 #include <limits>
 
 using namespace GlobalFun;
 
 constexpr double infinite = std::numeric_limits<double>::infinity();
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
-
-TEST(NumberText, IsThatOfTheCLanguageWhateverTheLocale)
-{
-    QLocale::setDefault(QLocale(QLocale::German));
-    for (const double value : {-0.0, 12.345, 0.125, 0.375, -0.4, 1.7976931348623157e308, -infinite, noNumber}) {
-        for (const int decimals : {0, 1, 2, 100}) {
-            std::array<char, 500> expected = {};
-            std::snprintf(expected.data(), expected.size(), "%.*f", decimals, value);
-            EXPECT_EQ(fixedText(value, decimals).toStdString(), expected.data());
-        }
-    }
-    QLocale::setDefault(QLocale::c());
-}
 
 TEST(TimeFormat, WritesHoursMinutesSeconds)
 {

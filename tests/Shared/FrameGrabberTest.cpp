@@ -8,7 +8,6 @@
 #include <QLocale>
 
 #include <gmock/gmock.h>
-#include <sys/stat.h>
 
 #include <cmath>
 #include <thread>
@@ -26,16 +25,6 @@ struct FrameGrabberTest : Test {
     ScratchFolder folder;
     FrameGrabber ffmpeg{QStringLiteral(TESSARINE_TEST_FFMPEG), folder.path()};
 };
-
-TEST_F(FrameGrabberTest, ShowsThePictureOfTheTime)
-{
-    for (const int second : {0, 1, 5, 7, 11}) {
-        const GrabbedFrame frame = ffmpeg.createThumbnail(movies + u"clock.mp4", second + 0.5, never);
-        EXPECT_TRUE(frame.isNew);
-        ASSERT_EQ(frame.picture.size(), QSize(320, 240));
-        EXPECT_EQ(ColorClock::secondOfColor(frame.picture.pixelColor(160, 120)), second);
-    }
-}
 
 TEST_F(FrameGrabberTest, ShowsPicturesOfTheSizeThatTheProbeTells)
 {
@@ -81,21 +70,6 @@ TEST_F(FrameGrabberTest, GivesTheToolItsArgumentsInOrder)
     }
     EXPECT_FALSE(grabber.createThumbnail(QStringLiteral("/dev/null"), 0.0, never).isNew) << "is no movie: not run";
     QLocale::setDefault(QLocale::c());
-}
-
-TEST_F(FrameGrabberTest, StopsAHangingToolWhenCancelled)
-{
-    ASSERT_EQ(::mkfifo(folder.bytes("hangs").constData(), 0600), 0);
-    FrameGrabber grabber(scriptedTool(folder, "tool", writePicture + "echo >\"${0%/*}/hangs\"; exec sleep 1000"),
-                         folder.path());
-    CancelFlag cancelled{false};
-    const std::jthread canceller([&] {
-        folder.read("hangs"); // waits for the tool
-        cancelled = true;
-    });
-    EXPECT_TRUE(grabber.createThumbnail(picture, 0.0, cancelled).picture.isNull());
-    // Cancelled before it began, the tool is not even run; it would wait for its reader for ever.
-    EXPECT_TRUE(grabber.createThumbnail(picture, 0.0, cancelled).picture.isNull());
 }
 
 TEST_F(FrameGrabberTest, GrabsOneAfterTheOther)

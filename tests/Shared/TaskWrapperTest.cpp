@@ -1,6 +1,5 @@
 #include "Shared/TaskWrapper.h"
 
-#include "platform/PathText.h"
 #include "support/ScriptedTool.h"
 
 #include <gmock/gmock.h>
@@ -87,19 +86,6 @@ TEST_F(TaskWrapperTest, EndsAtOnceWhenTheToolCannotBeRun)
     nothing.startProcess();
     nothing.stopProcess();
     nothing.waitUntilTaskExit();
-}
-
-TEST_F(TaskWrapperTest, PassesEveryByteOfEveryArgument)
-{
-    const QByteArrayList arguments = {"",     "-ss",     "a b",      "\n",           "'\"$(x)`*?\\",
-                                      "%s%n", "caf\xe9", "\xff\xfe", "\xed\xb2\x80", "\xc3\xa9 \xf0\x9f\x8e\xac"};
-    QStringList command = {scriptedTool(folder, "t\xf6\xf6l", "printf '%s\\0' \"$@\" >\"${0%/*}/recorded\"")};
-    for (const QByteArray &argument : arguments)
-        command.append(PathText::fromBytes(argument));
-    TaskWrapper task(nullptr, command);
-    task.startProcess();
-    task.waitUntilTaskExit();
-    EXPECT_EQ(folder.read("recorded"), arguments.join('\0') + '\0');
 }
 
 TEST_F(TaskWrapperTest, StopsTheToolWhenCancelled)

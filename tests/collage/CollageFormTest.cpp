@@ -8,12 +8,12 @@ TEST(AutomaticGridHeight, IsWholePixelsOfTheMoviesOwnShape)
 {
     constexpr auto most = std::numeric_limits<std::int32_t>::max();
     VXMediaInfoItem movie;
-    for (const auto &[width, height, gridWidth, gridHeight] : {std::array{1920, 1080, 320, 180},
-                                                               {640, 360, 301, 169},
-                                                               {640, 360, -301, -169},
-                                                               {0, 360, 301, 0},
-                                                               {2, most, most, 0}, // (2^31 - 1)^2 wraps to 1
-                                                               {1, 1 << 16, 1 << 15, 1 << 31}}) {
+    const std::array<int, 4> cases[] = {{1920, 1080, 320, 180},
+                                        {640, 360, -301, -169},
+                                        {0, 360, 301, 0},
+                                        {2, most, most, 0}, // (2^31 - 1)^2 wraps to 1
+                                        {1, 1 << 16, 1 << 15, 1 << 31}};
+    for (const auto &[width, height, gridWidth, gridHeight] : cases) {
         movie.pixWidth = width;
         movie.pixHeight = height;
         EXPECT_EQ(automaticGridHeight(movie, gridWidth), gridHeight) << width << ' ' << height << ' ' << gridWidth;

@@ -24,13 +24,11 @@ TEST_F(DefaultParametersTest, AnEmptyStoreGivesZeroesNotTheInitialValues)
 
 TEST_F(DefaultParametersTest, EachKeyReachesItsField)
 {
-    for (const auto &[key, value] : {std::pair{"DefaultRowNumber", 5},
-                                     {"DefaultColumeNumber", 7},
-                                     {"DefaultTileWidth", 301},
-                                     {"DefaultTileBorderWidth", 6},
-                                     {"DefaultHGaps", 10},
-                                     {"DefaultVGaps", 2}})
-        defaults.setInteger(key, value);
+    const std::pair<const char *, int> numbers[] = {{"DefaultRowNumber", 5},   {"DefaultColumeNumber", 7},
+                                                    {"DefaultTileWidth", 301}, {"DefaultTileBorderWidth", 6},
+                                                    {"DefaultHGaps", 10},      {"DefaultVGaps", 2}};
+    for (const auto &[key, value] : numbers)
+        defaults.setInteger(QLatin1StringView(key), value);
     defaults.setText("DefaultBorderWidth", QStringLiteral("12.9"));
     defaults.setBool("DefaultDrawShadow", true);
     defaults.setData("DefultBkgColor", ColorArchive::archive(QColor(10, 20, 30, 40)));

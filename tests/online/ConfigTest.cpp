@@ -1,6 +1,5 @@
 #include "Shared/HostIdentity.h"
 #include "online/ServiceUrl.h"
-#include "online/SupportedFormats.h"
 #include "online/VXConfigManager.h"
 #include "platform/Bundle.h"
 #include "platform/UserDefaults.h"
@@ -97,12 +96,4 @@ TEST_F(ConfigTest, AsksBelowTheServicesAddress)
         EXPECT_TRUE(ServiceUrl(base).page(u"p"_qs, {}).isEmpty()) << qUtf8Printable(base);
     for (const QString &bad : {u"1 2"_qs, u"\r\nHost: b"_qs, QString(QChar(0))})
         EXPECT_TRUE(ServiceUrl(u"http://h"_qs).page(u"p"_qs, bad).isEmpty()) << qUtf8Printable(bad);
-}
-
-TEST(SupportedFormats, LeaveOutDiscFilesWithoutTheFlag)
-{
-    QStringList all = GlobalFun::getSupportedFmts(true);
-    EXPECT_EQ(all.size(), 17);
-    EXPECT_EQ(all.removeAll(QStringLiteral("vob")), 1);
-    EXPECT_EQ(GlobalFun::getSupportedFmts(false), all);
 }

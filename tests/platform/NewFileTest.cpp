@@ -30,17 +30,6 @@ int linkat(int from, const char *name, int to, const char *newName, int flags) n
     return hasLinks ? static_cast<int>(::syscall(SYS_linkat, from, name, to, newName, flags)) : (errno = EPERM, -1);
 }
 
-TEST(NewFile, WritesUnderAnyName)
-{
-    const ScratchFolder folder;
-    for (const QByteArray &name : {QByteArray(255, 'n'), QByteArray("-\xFF\xFE \n'\"%41"), QByteArray(".tessarine-")}) {
-        ASSERT_FALSE(writeNewFile(folder.path(name), picture)) << name.constData();
-        EXPECT_EQ(folder.read(name), picture);
-    }
-    EXPECT_FALSE(writeNewFile(folder.path("empty"), {}));
-    EXPECT_EQ(folder.names().size(), 4);
-}
-
 TEST(NewFile, RefusesWithoutTrace)
 {
     const ScratchFolder folder;
