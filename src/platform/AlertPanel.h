@@ -23,4 +23,10 @@ public:
     {
         answered(run(title, message, buttons));
     }
+
+    /// Tells something that stops no work; the button puts it away. Main thread.
+    virtual void tell(const QString &title, const QString &message, const QString &button)
+    {
+        show(title, message, {button}, [](int) {});
+    }
 };

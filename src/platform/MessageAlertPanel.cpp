@@ -4,10 +4,11 @@
 #include "platform/FrontWindow.h"
 #include "platform/Log.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyle>
 #include <QThread>
 
 #include <condition_variable>
@@ -65,6 +66,9 @@ int lastOf(const QStringList &buttons)
     return static_cast<int>(buttons.size()) - 1;
 }
 
+/// A line of this many characters is easy to read; by itself the box would be as narrow as its title.
+constexpr int lineLength = 50;
+
 /// Texts are shown as they are: a path may look like markup.
 void setPlainTexts(QMessageBox &box, const QString &title, const QString &message)
 {
@@ -73,6 +77,7 @@ void setPlainTexts(QMessageBox &box, const QString &title, const QString &messag
     box.setInformativeText(message);
     if (auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))) {
         label->setTextFormat(Qt::PlainText);
+        label->setMinimumWidth(lineLength * label->fontMetrics().averageCharWidth());
     }
 }
 
@@ -87,6 +92,16 @@ void addButtons(QMessageBox &box, const QStringList &buttons)
         }
         box.setEscapeButton(button);
     }
+}
+
+/// Belongs to the front window, and goes when it is closed.
+QMessageBox *makeBox(const QString &title, const QString &message, const QStringList &buttons)
+{
+    auto *box = new QMessageBox(frontWindow());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    setPlainTexts(*box, title, message);
+    addButtons(*box, buttons);
+    return box;
 }
 
 } // namespace
@@ -110,14 +125,19 @@ int MessageAlertPanel::run(const QString &title, const QString &message, const Q
 void MessageAlertPanel::show(const QString &title, const QString &message, const QStringList &buttons,
                              std::function<void(int)> answered)
 {
-    auto *box = new QMessageBox(frontWindow());
-    box->setAttribute(Qt::WA_DeleteOnClose);
+    QMessageBox *box = makeBox(title, message, buttons);
     box->setIcon(QMessageBox::Warning);
-    setPlainTexts(*box, title, message);
-    addButtons(*box, buttons);
     QObject::connect(box, &QDialog::finished, box, [box, answered = std::move(answered), last = lastOf(buttons)] {
         const auto index = static_cast<int>(box->buttons().indexOf(box->clickedButton()));
         answered(index < 0 ? last : index); // no button when the box was closed by the window's own means
     });
+    box->open();
+}
+
+void MessageAlertPanel::tell(const QString &title, const QString &message, const QString &button)
+{
+    QMessageBox *box = makeBox(title, message, {button});
+    const int size = box->style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, box);
+    box->setIconPixmap(QApplication::windowIcon().pixmap(QSize(size, size), box->devicePixelRatioF()));
     box->open();
 }

@@ -15,6 +15,8 @@ public:
     int run(const QString &title, const QString &message, const QStringList &buttons) override;
     void show(const QString &title, const QString &message, const QStringList &buttons,
               std::function<void(int answer)> answered) override;
+    /// With the program's icon instead of the warning.
+    void tell(const QString &title, const QString &message, const QString &button) override;
 
 private:
     DispatchQueue &mainQueue;
