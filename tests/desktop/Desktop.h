@@ -8,6 +8,8 @@
 #include <QPoint>
 #include <QProcess>
 
+#include <optional>
+
 /// A small desktop of a test's own: windows, a bus, an empty home, a pointer and a keyboard. Nothing on it reaches the
 /// real one.
 class Desktop {
@@ -33,6 +35,8 @@ public:
 
 private:
     QString run(const QString &tool, const QStringList &arguments) const;
+    /// Nothing when the tool fails.
+    std::optional<QString> tryRun(const QString &tool, const QStringList &arguments) const;
 
     /// Tells programs that a screen reader listens on the session bus, so that they describe themselves there.
     const FakeService accessibility{bus,
