@@ -52,7 +52,9 @@ void paintTitle(QPainter &painter, const QStyleOptionViewItem &cell, const QStri
     painter.setFont(strong);
     painter.drawText(QRect(room.left(), top, room.width(), nameHeight), Qt::AlignVCenter | Qt::TextSingleLine,
                      nameMetrics.elidedText(name, Qt::ElideMiddle, room.width()));
-    color.setAlphaF(color.alphaF() * quietOpacity);
+    if (!(cell.state & QStyle::State_Selected)) {
+        color.setAlphaF(color.alphaF() * quietOpacity); // on a highlight it would be hard to read
+    }
     painter.setPen(color);
     painter.setFont(cell.font);
     painter.drawText(QRect(room.left(), top + nameHeight + lineGap, room.width(), pathMetrics.height()),

@@ -190,6 +190,12 @@ void MyTableView::keyPressEvent(QKeyEvent *event)
     }
 }
 
+QModelIndex MyTableView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const bool toEnd = action == MoveHome || action == MoveEnd;
+    return QTableView::moveCursor(action, toEnd ? modifiers | Qt::ControlModifier : modifiers);
+}
+
 void MyTableView::paintEvent(QPaintEvent *event)
 {
     QTableView::paintEvent(event);
