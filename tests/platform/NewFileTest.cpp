@@ -3,7 +3,6 @@
 #include "support/ScratchFolder.h"
 #include "support/WithoutPrivileges.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>

@@ -1,6 +1,5 @@
 #include "platform/UserDefaults.h"
 
-#include "platform/PathText.h"
 #include "support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +8,6 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <optional>
 #include <thread>
 #include <vector>
 
@@ -52,54 +50,6 @@ TEST(UserDefaults, ConvertsAnyValueInEveryLayer)
             EXPECT_EQ(defaults.doubleValue(key), number);
         }
     }
-}
-
-TEST(UserDefaults, LiesInLayers)
-{
-    const ScratchFolder folder;
-    UserDefaults defaults(folder.path("new/folder/store.ini"));
-    EXPECT_FALSE(defaults.contains(u"k"));
-    defaults.setVolatile(u"k", u"volatile"_s);
-    defaults.setText(u"k", u"stored"_s);
-    defaults.registerDefaults({{u"k"_s, u"registered"_s}});
-    EXPECT_TRUE(defaults.synchronize());
-    EXPECT_EQ(defaults.textValue(u"k"), u"volatile");
-    EXPECT_EQ(folder.read("new/folder/store.ini"), "[General]\nk=stored\n");
-    defaults.setVolatile(u"k", {});
-    EXPECT_EQ(defaults.textValue(u"k"), u"stored");
-    defaults.remove(u"k");
-    EXPECT_TRUE(defaults.synchronize());
-    EXPECT_EQ(defaults.textValue(u"k"), u"registered");
-    EXPECT_EQ(folder.read("new/folder/store.ini"), "[General]\n");
-}
-
-TEST(UserDefaults, ReadsTheSameAfterARestart)
-{
-    const QByteArray bytes("\0\x01\xFF\"),;\x80z", 9);
-    const QMap<QString, QString> texts{{u"special"_s, u" a, b;c=d\"e\\f% "_s},
-                                       {u"data-like"_s, u"@ByteArray(x)"_s},
-                                       {u"control"_s, u"line\r\nbreak\0nul\t"_s},
-                                       {u"path"_s, PathText::fromBytes("/\xFF\xED\xA0\x80")}};
-    const QMap<QString, QVariantList> arrays{
-        {u"none"_s, {}}, {u"one"_s, {u"@Array()"_s}}, {u"two"_s, {u"a, b"_s, bytes}}};
-    const ScratchFolder folder;
-    std::optional<UserDefaults> defaults(folder.path("store.ini"));
-    defaults->setInteger(u"least", int64Min);
-    defaults->setData(u"data", bytes);
-    for (auto text = texts.cbegin(); text != texts.cend(); ++text)
-        defaults->setText(text.key(), *text);
-    for (auto array = arrays.cbegin(); array != arrays.cend(); ++array)
-        defaults->setArray(array.key(), *array);
-    defaults.reset(); // destruction writes
-    defaults.emplace(folder.path("store.ini"));
-    EXPECT_EQ(defaults->int64Value(u"least"), int64Min);
-    EXPECT_EQ(defaults->dataValue(u"data"), bytes);
-    for (auto text = texts.cbegin(); text != texts.cend(); ++text) {
-        EXPECT_EQ(defaults->textValue(text.key()), *text);
-        EXPECT_FALSE(defaults->dataValue(text.key()) || defaults->arrayValue(text.key()));
-    }
-    for (auto array = arrays.cbegin(); array != arrays.cend(); ++array)
-        EXPECT_EQ(defaults->arrayValue(array.key()), *array);
 }
 
 TEST(UserDefaults, ServesManyThreads)

@@ -62,8 +62,7 @@ public:
         EXPECT_TRUE(bus.registerService(QString::fromLatin1(name)));
     }
     ~FrozenService() { bus.unregisterObject(path); }
-    FrozenService(const FrozenService &) = delete;
-    FrozenService &operator=(const FrozenService &) = delete;
+    Q_DISABLE_COPY(FrozenService)
 
 private:
     const QString path;
