@@ -3,7 +3,6 @@
 #include "support/HttpServer.h"
 #include "support/ScriptedTool.h"
 
-#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTest>

@@ -12,8 +12,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
 class Controller final : public TableReloadDelegate, public DropDelegate {
 public:
     void deleteFileDown(MyTableView & /*table*/) override { heard << QStringLiteral("delete"); }
@@ -28,8 +26,7 @@ public:
     int reloads = 0;
 };
 
-class MyTableViewTest : public testing::Test {
-protected:
+struct MyTableViewTest : testing::Test {
     MyTableViewTest()
     {
         table.setMovies(model);
@@ -38,7 +35,6 @@ protected:
         table.resize(800, 600);
         table.show();
     }
-
     void add(int count)
     {
         for (int index = 0; index < count; ++index) {
@@ -54,12 +50,10 @@ protected:
         table.reloadData();
         ASSERT_TRUE(QTest::qWaitFor([&] { return controller.reloads > before; }));
     }
-
     const JKDropInTipsView *hint() const { return table.findChild<JKDropInTipsView *>(); }
     bool hintIsShown() const { return hint() && hint()->isVisible(); }
     QRgb markAt(int y) { return table.viewport()->grab().toImage().pixel(300, y); }
     QRgb mark() const { return table.palette().highlight().color().rgb(); }
-
     /// Sends a drag or a drop to that height of the viewport, or of the table, where the hint covers it. Whether it is
     /// welcome there.
     template<typename Event, typename Point>
@@ -98,7 +92,6 @@ TEST_F(MyTableViewTest, TheHintCoversTheEmptyTableOnlyAndIsHighlightedUnderFiles
     EXPECT_TRUE(drop("file:///a.mkv", 200));
     EXPECT_FALSE(hint()->bHighlighted());
     EXPECT_EQ(controller.heard, QStringList{QStringLiteral("0 /a.mkv")});
-
     add(1);
     EXPECT_FALSE(hintIsShown());
     list.removeAll();
@@ -127,7 +120,6 @@ TEST_F(MyTableViewTest, MoviesStaySelectedWhereverAReloadPutsThem)
     list.insert(0, std::make_shared<KTMovieObject>());
     table.reloadData();
     EXPECT_EQ(table.selectedRows(), (std::vector{2, 5}));
-
     list.remove(table.selectedMovies());
     table.reloadData();
     EXPECT_TRUE(table.selectedRows().empty());
@@ -164,5 +156,3 @@ TEST_F(MyTableViewTest, OnlyLocalFilesAreTakenByteForByte)
     table.setDropDelegate(nullptr);
     EXPECT_FALSE(drop("file:///a.mkv", 300));
 }
-
-} // namespace

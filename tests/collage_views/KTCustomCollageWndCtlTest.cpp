@@ -6,7 +6,6 @@
 #include "collage/DefaultParameters.h"
 #include "collage/KTMovieObject.h"
 #include "collage/SWTimeEditView.h"
-#include "collage/SplitSliderView.h"
 #include "platform/AlertPanel.h"
 #include "platform/ColorWell.h"
 #include "platform/FractionSlider.h"
@@ -16,7 +15,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -203,14 +201,6 @@ TEST_F(EditorTest, ANewStartMovesTheRangeANewEndDoesNot)
         typeTime(view, seconds);
         EXPECT_EQ(alerts.isEmpty(), valid) << view << ' ' << seconds;
     }
-}
-
-TEST_F(EditorTest, AHandleMovesBothTimesAndMayReachPastAShortMovie)
-{
-    openWith(2);
-    control<SplitSliderView>("timeRangeSlidView").moveClip(false, 0.0);
-    EXPECT_EQ(settings().endPoint, settings().startPoint + 5.0);
-    EXPECT_EQ(control<SWTimeEditView>("endTimeView").secondsValue(), settings().endPoint);
 }
 
 TEST_F(EditorTest, CancelKeepsWhatHasBeenChangedButNotThePicture)

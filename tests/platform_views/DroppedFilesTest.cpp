@@ -14,8 +14,6 @@
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
-namespace {
-
 constexpr const char *portalName = "org.freedesktop.portal.Documents";
 constexpr const char *portalPath = "/org/freedesktop/portal/documents";
 
@@ -29,7 +27,7 @@ struct Drag : QMimeData {
 };
 
 /// What the taker has been given, in one text.
-QString fetched(const DroppedFiles &files, const QMimeData &data)
+static QString fetched(const DroppedFiles &files, const QMimeData &data)
 {
     std::optional<QString> answer;
     QObject receiver;
@@ -87,5 +85,3 @@ TEST(DroppedFilesTest, WhatMayBeFilesIsWelcome)
     EXPECT_TRUE(DroppedFiles::areIn(Drag("http://a", "key", u"files"_s)));
     EXPECT_FALSE(DroppedFiles::areIn(Drag("http://a", {})));
 }
-
-} // namespace

@@ -1,6 +1,5 @@
 #include "platform/Translations.h"
 
-#include <QCoreApplication>
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>

@@ -5,7 +5,6 @@
 #include "platform/OpenPanel.h"
 #include "platform/PreferenceKeys.h"
 #include "platform/UserDefaults.h"
-#include "prefs/FolderTableModel.h"
 #include "prefs/VXTrustedPathViewCtl.h"
 #include "support/ScratchFolder.h"
 

@@ -129,17 +129,12 @@ TEST_F(CollagePainterTest, SettingsOutOfEveryRangeStayInBounds)
 {
     constexpr double huge = 2147483647.0;
     items.metadataBits = 1;
-    settings.gridShadowed = true;
     for (const auto &[count, tile, gap, margin, border] : {std::tuple{1, 2.0 * huge, 0.0, -huge + 100.0, 3.0},
                                                            {2, 100.0, 10.0, 20.0, huge},
                                                            {2, 100.0, 10.0, 20.0, -huge},
                                                            {2, 200.0, -150.0, 0.0, 3.0},
                                                            {0, 100.0, 10.0, 20.0, 3.0}}) {
-        settings.rowNumber = settings.columeNumber = count;
-        settings.gridWidth = settings.gridHeight = tile;
-        settings.columeSpace = settings.rowSpace = gap;
-        settings.borderWidth = margin;
-        settings.gridBorderWidth = border;
+        settings = {margin, ground, border, frame, gap, gap, tile, tile, count, count, 0.0, 30.0, true};
         paint(QStringLiteral("text\n"));
         EXPECT_TRUE(finished) << tile << ", " << gap << ", " << margin << ", " << border;
     }

@@ -3,8 +3,6 @@
 #include "render/CollageLayout.h"
 #include "render/TextBlock.h"
 
-#include <QPainter>
-
 #include <gtest/gtest.h>
 
 #include <cmath>
