@@ -15,6 +15,7 @@
 
 #include <fstream>
 #include <iterator>
+#include <latch>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -62,6 +63,7 @@ public:
     ~Reception() override
     {
         quit();
+        ended.wait(); // what the thread has done is seen from here on
         wait();
     }
 
@@ -71,10 +73,12 @@ private:
         const AlternateStack stack;
         exec();
         service.moveToThread(origin);
+        ended.count_down();
     }
 
     QObject &service;
     QThread *const origin;
+    std::latch ended{1};
 };
 
 DesktopService::DesktopService(QDBusConnection sessionBus, QString busName, Requests handlers,
