@@ -4,8 +4,9 @@
 
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
-#include <QMutex>
 #include <QThread>
+
+#include <mutex>
 
 /// Another program on a test's bus. It answers each call by its member and keeps what it has been asked, on a thread of
 /// its own: the test may block meanwhile.
@@ -25,11 +26,12 @@ public:
         bus.unregisterObject(path);
         thread.quit();
         thread.wait();
+        const std::scoped_lock lock(mutex); // ThreadSanitizer does not see the wait
     }
 
     QList<QDBusMessage> calls() const
     {
-        const QMutexLocker lock(&mutex);
+        const std::scoped_lock lock(mutex);
         return received;
     }
 
@@ -37,7 +39,7 @@ private:
     QString introspect(const QString & /*ofPath*/) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
     {
-        const QMutexLocker lock(&mutex);
+        const std::scoped_lock lock(mutex);
         received.append(message);
         const QVariant answer = answers.value(message.member());
         return connection.send(answer.isValid() ? message.createReply(answer) : message.createReply());
@@ -45,7 +47,7 @@ private:
 
     const QVariantMap answers;
     const QString path;
-    mutable QMutex mutex;
+    mutable std::mutex mutex;
     QList<QDBusMessage> received;
     QThread thread;
     QDBusConnection bus;
