@@ -54,6 +54,7 @@ MainWindowController::MainWindowController(Services windowServices) :
     outputFolder->showStoredFolder();
     ui->chkSameOrigin->setVisible(services.experimental);
     restoreLayout();
+    ui->tableView->setFocus(); // the keyboard starts in the list
     ui->tableView->reloadData();
     updateActions();
 }

@@ -69,16 +69,17 @@ void MyTableView::reloadData()
 {
     if (movies) {
         const MovieList::Movies selected = selectedMovies();
-        const int row = currentIndex().row();
-        const MovieList::Movie current = row >= 0 ? movies->movies().at(static_cast<std::size_t>(row)) : nullptr;
+        const QModelIndex current = currentIndex();
+        const bool follows = selectionModel()->isSelected(current);
+        const MovieList::Movie movie = follows ? movies->movies().at(static_cast<std::size_t>(current.row())) : nullptr;
         movies->reloadData();
         setInsertion({});
         select(selected);
-        // The arrow keys go on from the same movie, or from where it was.
-        const auto found = std::ranges::find(movies->movies(), current);
-        const int next = found != movies->movies().end() ? static_cast<int>(found - movies->movies().begin())
-                                                         : std::min(row, rowCount() - 1);
-        selectionModel()->setCurrentIndex(movies->index(next, MovieTableModel::Title), QItemSelectionModel::NoUpdate);
+        // The arrow keys go on from the same movie if it was selected, else from the same place.
+        const auto found = std::ranges::find(movies->movies(), movie);
+        const int row = found != movies->movies().end() ? static_cast<int>(found - movies->movies().begin())
+                                                        : std::min(current.row(), rowCount() - 1);
+        selectionModel()->setCurrentIndex(movies->index(row, MovieTableModel::Title), QItemSelectionModel::NoUpdate);
     }
     auto *delay = new QTimer(this);
     delay->setSingleShot(true);

@@ -34,7 +34,7 @@ QString Desktop::awaitWindow(const QString &title) const
     const QStringList search = {u"search"_qs,        u"--sync"_qs, u"--all"_qs,
                                 u"--onlyvisible"_qs, u"--name"_qs, u'^' + title + u'$'};
     QString window;
-    for (int attempt = 0; window.isEmpty() && attempt < 10; ++attempt)
+    for (int attempt = 0; window.isEmpty() && attempt < 3; ++attempt)
         window = tryRun(u"xdotool"_qs, search).value_or(QString()); // it fails when any window goes as it looks
     xdotool({u"windowactivate"_qs, u"--sync"_qs, window});
     return window;

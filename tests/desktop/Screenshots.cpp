@@ -21,8 +21,8 @@ struct Shot {
 };
 
 const Shot shots[] = {
-    {"window", "1", "", "", "Tessarine"},
-    {"window-2x", "2", "", "", "Tessarine"},
+    {"window", "1", "Down", "", "Tessarine"},
+    {"window-2x", "2", "Down", "", "Tessarine"},
     {"editor", "1", "Down ctrl+e", "", "Custom Collage"},
     {"preferences-general", "1", "ctrl+comma", "General", "Preferences"},
     {"preferences-metadata", "1", "ctrl+comma", "Metadata", "Preferences"},
