@@ -191,17 +191,6 @@ TEST_F(SWTimeEditViewTest, AbandonedEditingIsNeitherAskedAboutNorTold)
     }
 }
 
-TEST_F(SWTimeEditViewTest, ArrowKeysTypeTheNextNumberWhereOneMayType)
-{
-    type(second, "8.7");
-    QTest::keyClick(second, Qt::Key_Up);
-    QTest::keyClick(hour, Qt::Key_Down);
-    view->setEditable(false);
-    type(minute, "9");
-    QTest::keyClick(minute, Qt::Key_Up);
-    EXPECT_EQ(shown(), "00 01 09");
-}
-
 TEST_F(SWTimeEditViewTest, LaysFieldsOutAndHasRoomForHundredHours)
 {
     view->setParent(nullptr);
