@@ -51,21 +51,14 @@ TEST(IniText, IsTheSyntaxOfQSettings)
 {
     const QVariantMap values{{u"group/ключ%"_s, u"@home/Füße 🎬"_s},
                              {u"control, \"quoted\""_s, u"\1f\nline; \"30\" = \\x1f\r\t\x7F"_s},
-                             {u"bytes"_s, QByteArray("\0\x01\xFF\"),;\x80z", 9)}};
-    const QVariantList list{u"a,b"_s, QByteArray("\xFF"), QString()};
+                             {u"bytes"_s, QByteArray("\0\x01\xFF\"),;\x80z", 9)},
+                             {u"list"_s, QVariantList{u"a,b"_s, QByteArray("\xFF"), QString()}}};
     const ScratchFolder folder;
-    folder.write("ours.ini", IniText::write(values));
-    const QSettings ours(folder.path("ours.ini"), QSettings::IniFormat);
     QSettings theirs(folder.path("theirs.ini"), QSettings::IniFormat);
-    for (auto value = values.cbegin(); value != values.cend(); ++value) {
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
         theirs.setValue(value.key(), *value);
-        EXPECT_EQ(ours.value(value.key()), *value) << qPrintable(value.key());
-    }
-    theirs.setValue(u"list"_s, list);
     theirs.sync();
-    auto read = IniText::parse(folder.read("theirs.ini")).values;
-    EXPECT_EQ(read.take(u"list"_s), QVariant(list));
-    EXPECT_EQ(read, values);
+    EXPECT_EQ(IniText::parse(folder.read("theirs.ini")).values, values);
 }
 
 TEST(StoreFile, IsKeptAsideWhenNotUnderstood)
