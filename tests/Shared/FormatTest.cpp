@@ -1,9 +1,7 @@
-#include "Shared/SizeFit.h"
 #include "Shared/TimeFormat.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 
 using namespace GlobalFun;
@@ -49,22 +47,4 @@ TEST(TimeFormat, EstimatesTheTimeLeft)
     };
     for (const auto &[seconds, text] : cases)
         EXPECT_EQ(getEstimateStrBySecond(seconds).toStdString(), text) << seconds;
-}
-
-TEST(SizeFit, ShrinksButNeverEnlarges)
-{
-    /// Size, room, fitted size, rate: -1 when it must be left alone.
-    const std::tuple<QSizeF, QSizeF, QSizeF, double> cases[] = {
-        {{1920, 1080}, {480, 480}, {480, 270}, 4},
-        {{1080, 1920}, {480, 480}, {270, 480}, 4},
-        {{480, 480}, {480, 480}, {480, 480}, -1},
-        {{10, 10}, {0, 100}, {0, 0}, infinite},
-        {{0, 0}, {0, 0}, {0, 0}, -1},
-        {{10, 10}, {noNumber, noNumber}, {10, 10}, -1},
-    };
-    for (const auto &[size, room, fitted, expectedRate] : cases) {
-        double rate = -1;
-        EXPECT_EQ(getSizeWithOrigin(size, room, &rate), fitted);
-        EXPECT_EQ(rate, expectedRate);
-    }
 }

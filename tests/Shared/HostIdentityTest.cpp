@@ -9,21 +9,6 @@
 
 using namespace GlobalFun;
 
-TEST(HostIdentity, ReadsTheSystemsVersion)
-{
-    const std::tuple<const char *, const char *, std::int64_t> cases[] = {
-        {"NAME=x\nVERSION_ID=\"12\"\n", "12.0.0", 0xc0000},
-        {"VERSION_ID='3.18.4.9'\r\nX=1\n", "3.18.4", 0x31204},
-        {"VERSION_ID=\"\n", "0.0.0", 0},
-    };
-    const ScratchFolder folder;
-    for (const auto &[release, version, packed] : cases) {
-        const QString file = folder.write("os-release", release);
-        EXPECT_EQ(getSystemVersionString(file).toStdString(), version) << release;
-        EXPECT_EQ(getCurrentOSVersion(file), packed) << release;
-    }
-}
-
 TEST(HostIdentity, KeepsOneIdentifierForGood)
 {
     const ScratchFolder folder;
