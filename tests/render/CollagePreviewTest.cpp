@@ -59,20 +59,6 @@ TEST_F(CollagePreviewTest, ALargeCollageShrinksAndTheTextKeepsItsRoom)
     EXPECT_EQ(image.pixel(20, static_cast<int>(firstTile) + 3), grey);
 }
 
-TEST_F(CollagePreviewTest, OnlyTilesWithRoomForItShowThePlaceholder)
-{
-    settings.rowNumber = settings.columeNumber = 1;
-    settings.borderWidth = settings.gridBorderWidth = 0.0;
-    for (const auto &[side, view, shown] :
-         {std::tuple{16.0, 100, false}, {18.0, 100, true}, {32.0, 16, false}, {300.0, 17, true}}) {
-        settings.gridWidth = settings.gridHeight = side;
-        const QImage image = render({view, view});
-        EXPECT_EQ(image.pixel(image.rect().center()) == mark, shown) << side;
-    }
-    settings.gridWidth = settings.gridHeight = 100.0;
-    EXPECT_EQ(render({100, 100}).pixel(0, 0), grey); // no frame
-}
-
 TEST_F(CollagePreviewTest, TwicePixelsShowTwiceTheDetail)
 {
     const QImage image = render({352, 224}, QString(), 2.0);

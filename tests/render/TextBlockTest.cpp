@@ -1,8 +1,5 @@
 #include "render/TextBlock.h"
 
-#include <QImage>
-#include <QPainter>
-
 #include <gtest/gtest.h>
 
 static QSizeF measured(const QString &text, QSizeF box = {500.0, 500.0})
@@ -26,21 +23,4 @@ TEST(TextBlock, MeasuresTheLinesThatFitTheBox)
     };
     for (const auto &[text, box, lines] : cases)
         EXPECT_EQ(measured(text, box).height(), lines * line) << text.toStdString();
-}
-
-TEST(TextBlock, DrawsWithinWhatItMeasured)
-{
-    const TextBlock block(u"File Name: wide movie name.mkv\nDuration: 00:00:12\n"_qs, TextBlock::systemFont(),
-                          {120, 200});
-    QImage image(300, 300, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    block.draw(painter, {50.0, 60.0});
-    painter.end();
-    QRect ink;
-    for (int at = 0; at < 300 * 300; ++at)
-        ink |= image.pixel(at % 300, at / 300) == ~0U ? QRect() : QRect(at % 300, at / 300, 1, 1);
-    const QRect room(QPoint(50, 60), block.size().toSize());
-    EXPECT_TRUE(room.adjusted(-1, 0, 1, 0).contains(ink)); // a glyph may lean over its own width
-    EXPECT_TRUE(ink.contains(room.adjusted(6, 6, -6, -6)));
 }
