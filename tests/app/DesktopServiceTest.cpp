@@ -99,8 +99,7 @@ TEST(DesktopServiceTest, CallsAreThoseThatEveryDesktopProgramUnderstands)
     EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN") + qgetenv("DESKTOP_STARTUP_ID"), "") << "what children would see";
     EXPECT_EQ(token.time(), 42);
     EXPECT_EQ(Program::startOn(bus, {QStringLiteral("/m/a b.mp4")}, token), Outcome::HandedOver);
-    EXPECT_EQ(Program::startOn(bus, {}), Outcome::HandedOver);
-    ASSERT_EQ(running.calls().size(), 2);
+    ASSERT_EQ(running.calls().size(), 1);
     const QDBusMessage open = running.calls().first();
     EXPECT_EQ(open.interface(), u"org.freedesktop.Application");
     EXPECT_EQ(open.member() + open.signature(), u"Openasa{sv}");
@@ -108,7 +107,6 @@ TEST(DesktopServiceTest, CallsAreThoseThatEveryDesktopProgramUnderstands)
     const auto platformData = qdbus_cast<QVariantMap>(open.arguments().at(1));
     EXPECT_EQ(platformData.value(QStringLiteral("activation-token")).toString(), u"token-7");
     EXPECT_EQ(platformData.value(QStringLiteral("desktop-startup-id")).toString(), u"host/7_TIME42");
-    EXPECT_EQ(running.calls().last().member() + running.calls().last().signature(), u"Activatea{sv}");
 }
 
 TEST(DesktopServiceTest, OnlyFilesOfThisMachineAreOpened)

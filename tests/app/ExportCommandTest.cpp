@@ -73,8 +73,9 @@ TEST_F(ExportCommandTest, EachTileShowsItsSecond)
     }
 }
 
-TEST_F(ExportCommandTest, BadMoviesAreToldAndTheGoodOnesMade)
+TEST_F(ExportCommandTest, BadMoviesAreToldAndTheGoodOnesMadeInTheDefaultFolder)
 {
+    output.clear();
     ASSERT_EQ(mkfifo(folder.bytes("fifo.mp4").constData(), 0600), 0);
     folder.makeFolder("empty");
     folder.makeFolder("loop");
@@ -93,7 +94,8 @@ TEST_F(ExportCommandTest, BadMoviesAreToldAndTheGoodOnesMade)
     EXPECT_EQ(messages.size(), bad.size()) << messages.join('\n').constData();
     for (const QString &one : bad)
         EXPECT_TRUE(messages.join('\n').contains(QByteArray("tessarine: " + one.toUtf8() + ": "))) << one.toStdString();
-    EXPECT_EQ(results, (QByteArrayList{folder.bytes("out/x.jpg"), folder.bytes("out/short.jpg")}));
+    const QByteArray pictures = folder.bytes("home/Pictures/Tessarine");
+    EXPECT_EQ(results, (QByteArrayList{pictures + "/x.jpg", pictures + "/short.jpg"}));
 }
 
 TEST_F(ExportCommandTest, HostileNamesLoadAndExport)
@@ -111,23 +113,6 @@ TEST_F(ExportCommandTest, HostileNamesLoadAndExport)
     EXPECT_TRUE(messages.isEmpty()) << messages.join('\n').constData();
     EXPECT_EQ(folder.names("films").filter(QStringLiteral(".jpg")).size(), names.size());
     EXPECT_TRUE(folder.has("films/bad\xff\xfe bytes.jpg"));
-}
-
-TEST_F(ExportCommandTest, EverySettingOfACollageHasADefault)
-{
-    UserDefaults defaults(folder.path("store.ini"));
-    ASSERT_TRUE(DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), folder.path()));
-    for (const auto &[key, kind] : PreferenceKeys::all())
-        EXPECT_TRUE(!key.startsWith(QLatin1StringView("Def")) || defaults.contains(key)) << key.data();
-}
-
-TEST_F(ExportCommandTest, TheDefaultFolderIsMadeOnlyForAnImage)
-{
-    output.clear();
-    EXPECT_EQ(run("", {movie("text.mp4")}), 1);
-    EXPECT_FALSE(folder.has("home"));
-    EXPECT_EQ(run("--rows 1", {movie("short.mp4")}), 0);
-    EXPECT_EQ(results, QByteArrayList{folder.bytes("home/Pictures/Tessarine/short.jpg")});
 }
 
 TEST_F(ExportCommandTest, StoredSettingsHoldAndOptionsLieOverThem)

@@ -8,8 +8,6 @@
 /// A stream whose text a test can read back.
 class CapturedStream {
 public:
-    explicit CapturedStream(std::FILE *opened = std::tmpfile()) : file(opened, std::fclose) {}
-
     std::FILE *stream() const { return file.get(); }
     QByteArray contents() const
     {
@@ -25,5 +23,5 @@ public:
     }
 
 private:
-    std::unique_ptr<std::FILE, int (*)(std::FILE *)> file;
+    std::unique_ptr<std::FILE, int (*)(std::FILE *)> file{std::tmpfile(), std::fclose};
 };
