@@ -1,6 +1,5 @@
 #include "platform/FolderBookmarks.h"
 
-#include "support/FakeService.h"
 #include "support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
@@ -46,19 +45,4 @@ TEST_F(PortalBookmarksTest, OtherFoldersAreRememberedByPath)
     EXPECT_FALSE(PathBookmarks().resolve(*bookmarks.bookmarkData(granted))) << "no portal, no such folder";
     EXPECT_FALSE(bookmarks.resolve("[]"));
     EXPECT_FALSE(bookmarks.bookmarkData({}));
-}
-
-TEST_F(PortalBookmarksTest, PortalIsAskedWhereItIsAndElseInItsUsualPlace)
-{
-    const QString usual = PathText::fromBytes(qgetenv("XDG_RUNTIME_DIR")) + u"/doc";
-    EXPECT_EQ(PortalBookmarks::mountPointOf(SessionBus().connect()), usual);
-    EXPECT_EQ(PortalBookmarks::mountPointOf(QDBusConnection(QStringLiteral("none"))), usual);
-    for (const auto &[answer, place] :
-         {std::pair{QByteArray("relative"), usual},
-          {QByteArray("/run/user/0/d\xFF") + '\0', PathText::fromBytes("/run/user/0/d\xFF")}}) {
-        const SessionBus bus;
-        const FakeService portal(bus, "org.freedesktop.portal.Documents", "/org/freedesktop/portal/documents",
-                                 {{QStringLiteral("GetMountPoint"), answer}});
-        EXPECT_EQ(PortalBookmarks::mountPointOf(bus.connect()), place);
-    }
 }

@@ -25,11 +25,6 @@ struct PanelsTest : testing::Test {
     {
         return window.findChild<Dialog *>();
     }
-    QMessageBox *waitForAlert()
-    {
-        EXPECT_TRUE(QTest::qWaitFor([this] { return dialog<QMessageBox>() != nullptr; }));
-        return dialog<QMessageBox>();
-    }
 
     QWidget window;
     MainQueue mainQueue;
@@ -42,7 +37,6 @@ TEST_F(PanelsTest, AlertAnswersWithTheButtonsIndex)
     const std::pair<std::function<void(QMessageBox &)>, int> answers[] = {
         {[](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Return); }, 0},
         {[](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Escape); }, 2},
-        {[](QMessageBox &box) { box.close(); }, 2},
         {[](QMessageBox &box) { QTest::mouseClick(box.buttons().at(1), Qt::LeftButton); }, 1},
     };
     for (const auto &[give, expected] : answers) {
@@ -65,7 +59,8 @@ TEST_F(PanelsTest, ThreadThatAsksWaitsForTheAnswerOfTheMainThread)
 {
     for (const bool answered : {true, false}) { // else its question goes away
         auto answer = std::async(std::launch::async, [this] { return alert.run({}, {}, buttons); });
-        QMessageBox *box = waitForAlert();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return dialog<QMessageBox>() != nullptr; }));
+        auto *box = dialog<QMessageBox>();
         if (answered)
             QTest::mouseClick(box->buttons().at(1), Qt::LeftButton);
         EXPECT_TRUE(!answered || answer.get() == 1);
