@@ -79,9 +79,10 @@ KTCustomCollageWndCtl::~KTCustomCollageWndCtl()
 
 void KTCustomCollageWndCtl::prepareControls()
 {
-    for (const NumberField &entry : numberFields)
+    for (const NumberField &entry : numberFields) {
         fieldEditings.push_back(
             std::make_unique<FieldEditing>(*(ui.get()->*entry.field), static_cast<FieldEditingDelegate &>(*this)));
+    }
     for (SWTimeEditView *view : {ui->startTimeView, ui->endTimeView}) {
         view->setDelegate(this);
         view->setAlertPanel(&services.alert);
@@ -248,10 +249,11 @@ void KTCustomCollageWndCtl::controlTextDidChange(QLineEdit &field)
             showNumber(ui->lblGridHeight, settings.gridHeight);
         }
     });
-    if (*number == CollageNumber::GridThickness)
+    if (*number == CollageNumber::GridThickness) {
         ui->slidGridThickness->setDoubleValue(value);
-    else if (*number == CollageNumber::BorderWidth)
+    } else if (*number == CollageNumber::BorderWidth) {
         ui->slidBorderWidth->setDoubleValue(value);
+    }
     redrawPreview();
 }
 
@@ -316,11 +318,12 @@ bool KTCustomCollageWndCtl::controlTextShouldEndEditing(QLineEdit &field)
     if (number && CollageNumbers::isAccepted(*number, integerValue(&field)))
         return true;
     QString title;
-    if (number && CollageNumbers::isGridSize(*number))
+    if (number && CollageNumbers::isGridSize(*number)) {
         title = QStringLiteral("The Grid Size must be bigger than 30 * 30");
-    else if (number)
+    } else if (number) {
         //% "This number is too small: rows and columns begin at 1, gaps, margin and frames at 0."
         title = qtTrId("WrongNumberInput");
+    }
     //% "OK"
     services.alert.show(title, {}, {qtTrId("OK")}, [](int) {});
     return false;

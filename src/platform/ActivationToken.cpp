@@ -21,7 +21,9 @@ constexpr std::array parts{Part{&ActivationToken::token, QLatin1StringView("acti
 
 ActivationToken ActivationToken::ofThisStart()
 {
-    const ActivationToken given{.token = qgetenv(tokenVariable), .startupId = qgetenv(startupIdVariable)};
+    ActivationToken given;
+    given.token = qgetenv(tokenVariable);
+    given.startupId = qgetenv(startupIdVariable);
     // Emptied, not removed, and put there where there was none: a token that comes later, when other threads may be
     // reading the environment, then needs no larger one.
     qputenv(tokenVariable, QByteArray());
