@@ -9,6 +9,7 @@
 #include "app/QuitSignals.h"
 #include "online/ServiceUrl.h"
 #include "platform/ActivationToken.h"
+#include "platform/BlockedCloseButton.h"
 #include "platform/Bundle.h"
 #include "platform/DesktopWorkspace.h"
 #include "platform/DisplayServer.h"
@@ -77,6 +78,8 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
     }
     delegate.applicationDidFinishLaunching();
     desktop.setReady();
+    const BlockedCloseButton closeButton(*delegate.mainWindow().windowHandle(),
+                                         [&delegate] { delegate.mainWindow().quit(); });
     const int status = QApplication::exec();
     desktop.stop(); // a start from now on is on its own
     target = nullptr;
