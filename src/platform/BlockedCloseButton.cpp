@@ -23,7 +23,8 @@ std::uint32_t atom(xcb_connection_t *connection, QByteArrayView name)
 BlockedCloseButton::BlockedCloseButton(QWindow &blocked, std::function<void()> buttonPressed) :
     window(&blocked), pressed(std::move(buttonPressed))
 {
-    if (const auto *server = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()) {
+    const auto *server = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (server != nullptr && QGuiApplication::platformName() == u"xcb") { // others may have one without a connection
         protocols = atom(server->connection(), "WM_PROTOCOLS");
         deleteWindow = atom(server->connection(), "WM_DELETE_WINDOW");
         qGuiApp->installNativeEventFilter(this);
