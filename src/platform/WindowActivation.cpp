@@ -91,7 +91,7 @@ private:
 void activateWindow(QWindow &window, const ActivationToken &token)
 {
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr) {
+    if (x11 == nullptr || QGuiApplication::platformName() != u"xcb") { // others may have one without a connection
         token.exportForWayland();
         window.requestActivate();
         return;
