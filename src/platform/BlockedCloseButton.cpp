@@ -1,6 +1,7 @@
 #include "platform/BlockedCloseButton.h"
 
-#include <QByteArrayView>
+#include "platform/XConnection.h"
+
 #include <QGuiApplication>
 
 #include <cstdlib>
@@ -8,25 +9,12 @@
 #include <utility>
 #include <xcb/xcb.h>
 
-namespace {
-
-std::uint32_t atom(xcb_connection_t *connection, QByteArrayView name)
-{
-    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
-        xcb_intern_atom_reply(connection, cookie, nullptr), &std::free);
-    return reply ? reply->atom : 0;
-}
-
-} // namespace
-
 BlockedCloseButton::BlockedCloseButton(QWindow &blocked, std::function<void()> buttonPressed) :
     window(&blocked), pressed(std::move(buttonPressed))
 {
-    const auto *server = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (server != nullptr && QGuiApplication::platformName() == u"xcb") { // others may have one without a connection
-        protocols = atom(server->connection(), "WM_PROTOCOLS");
-        deleteWindow = atom(server->connection(), "WM_DELETE_WINDOW");
+    if (xcb_connection_t *server = XConnection::ofThisProgram()) {
+        protocols = XConnection::atom(server, "WM_PROTOCOLS");
+        deleteWindow = XConnection::atom(server, "WM_DELETE_WINDOW");
         qGuiApp->installNativeEventFilter(this);
     }
 }

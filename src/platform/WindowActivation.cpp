@@ -1,15 +1,13 @@
 #include "platform/WindowActivation.h"
 
 #include "platform/ActivationToken.h"
+#include "platform/XConnection.h"
 
-#include <QGuiApplication>
 #include <QWindow>
-#include <QtGui/qguiapplication_platform.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
-#include <xcb/xcb.h>
 
 namespace {
 
@@ -18,8 +16,8 @@ class XScreenMessenger {
 public:
     XScreenMessenger(xcb_connection_t *server, xcb_window_t from) : connection(server), window(from)
     {
-        const Reply<xcb_get_geometry_reply_t> reply(
-            xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr));
+        const std::unique_ptr<xcb_get_geometry_reply_t, decltype(&std::free)> reply(
+            xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr), &std::free);
         root = reply ? reply->root : XCB_NONE;
     }
 
@@ -47,31 +45,18 @@ public:
             const QByteArray piece = text.mid(at, size).leftJustified(size, '\0');
             std::ranges::copy(piece, event.data.data8);
             send(event, XCB_EVENT_MASK_PROPERTY_CHANGE);
-            event.type = atom("_NET_STARTUP_INFO");
+            event.type = XConnection::atom(connection, "_NET_STARTUP_INFO");
         }
     }
 
 private:
-    struct Free {
-        void operator()(void *memory) const { std::free(memory); }
-    };
-    template<typename Type>
-    using Reply = std::unique_ptr<Type, Free>;
-
-    xcb_atom_t atom(QByteArrayView name) const
-    {
-        const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-        const Reply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
-        return reply ? reply->atom : XCB_NONE;
-    }
-
     xcb_client_message_event_t message(QByteArrayView type, std::uint8_t bits) const
     {
         xcb_client_message_event_t event = {};
         event.response_type = XCB_CLIENT_MESSAGE;
         event.format = bits;
         event.window = window;
-        event.type = atom(type);
+        event.type = XConnection::atom(connection, type);
         return event;
     }
 
@@ -90,13 +75,13 @@ private:
 
 void activateWindow(QWindow &window, const ActivationToken &token)
 {
-    const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr || QGuiApplication::platformName() != u"xcb") { // others may have one without a connection
+    xcb_connection_t *server = XConnection::ofThisProgram();
+    if (server == nullptr) {
         token.exportForWayland();
         window.requestActivate();
         return;
     }
-    XScreenMessenger messenger(x11->connection(), static_cast<xcb_window_t>(window.winId()));
+    XScreenMessenger messenger(server, static_cast<xcb_window_t>(window.winId()));
     if (const auto time = token.time()) {
         messenger.activate(*time);
     } else {
