@@ -1,7 +1,7 @@
 // Redraws the editor's preview; run by bench/preview-redraw.
 
 #include "collage/KTMovieObject.h"
-#include "collage/KTThumbnailPreview.h"
+#include "collage/editor/KTThumbnailPreview.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,8 +41,7 @@ int main(int argc, char **argv)
     movie->setSettings(settings);
 
     KTThumbnailPreview view;
-    view.setMetadataText(
-        [](const KTMovieObject &) { return QStringLiteral("A line of facts about the movie\n").repeated(8); });
+    view.setMetadataText([](const KTMovieObject &) { return u"A line of facts about the movie\n"_s.repeated(8); });
     view.flushWithMovieObject(movie);
     for (const QSize size : {QSize(352, 224), QSize(900, 600), QSize(1920, 1080)}) {
         view.resize(size);

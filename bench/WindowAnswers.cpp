@@ -1,15 +1,15 @@
 // How long the main thread of the window keeps events waiting while the list is filled and used. See window-answers.
 
 #include "Shared/FrameGrabber.h"
-#include "app/AppDelegate.h"
-#include "app/DefaultsSeed.h"
-#include "platform/AlertPanel.h"
-#include "platform/FolderBookmarks.h"
-#include "platform/MainQueue.h"
-#include "platform/OpenPanel.h"
-#include "platform/PreferenceKeys.h"
-#include "platform/UserDefaults.h"
-#include "platform/Workspace.h"
+#include "Shared/PreferenceKeys.h"
+#include "app/window/AppDelegate.h"
+#include "platform/desktop/AlertPanel.h"
+#include "platform/desktop/OpenPanel.h"
+#include "platform/desktop/Workspace.h"
+#include "platform/files/FolderBookmarks.h"
+#include "platform/store/UserDefaults.h"
+#include "platform/threads/MainQueue.h"
+#include "prefs/DefaultsSeed.h"
 
 #include <QAction>
 #include <QApplication>
@@ -23,6 +23,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -45,8 +47,9 @@ public:
         QObject::connect(&timer, &QTimer::timeout, [this] {
             const qint64 wait = clock.restart();
             longest = std::max(longest, wait);
-            if (wait > wanted)
+            if (wait > wanted) {
                 std::printf("%26lld s: a wait of %lld ms\n", running.elapsed() / 1000, wait);
+            }
         });
         timer.setTimerType(Qt::PreciseTimer);
         timer.start(1);
@@ -67,9 +70,10 @@ private:
 
 double residentMegabytes()
 {
-    QFile status(QStringLiteral("/proc/self/statm"));
-    if (!status.open(QIODevice::ReadOnly))
+    QFile status(u"/proc/self/statm"_s);
+    if (!status.open(QIODevice::ReadOnly)) {
         return 0.0;
+    }
     return status.readAll().split(' ').value(1).toDouble() * 4096.0 / 1e6;
 }
 
@@ -84,12 +88,13 @@ void measure(AppDelegate &delegate, const QString &folder)
 {
     Heartbeat heart;
     auto &window = delegate.mainWindow();
-    auto &table = *window.findChild<QTableView *>(QStringLiteral("tableView"));
+    auto &table = *window.findChild<QTableView *>(u"tableView"_s);
     QScrollBar &bar = *table.verticalScrollBar();
     report("empty", heart);
     window.loadMediasWithPaths({folder}, 0);
-    while (window.isJobRunning())
+    while (window.isJobRunning()) {
         QTest::qWait(100);
+    }
     report("loaded", heart);
     std::printf("rows: %d\n", table.model()->rowCount());
     for (int step = 0; step <= 200; ++step) {
@@ -97,15 +102,16 @@ void measure(AppDelegate &delegate, const QString &folder)
         QTest::qWait(5);
     }
     report("scrolled through", heart);
-    window.findChild<QAction *>(QStringLiteral("selectAll"))->trigger();
+    window.findChild<QAction *>(u"selectAll"_s)->trigger();
     report("all selected", heart);
     table.selectRow(table.model()->rowCount() / 2);
-    for (int step = 0; step < 50; ++step)
+    for (int step = 0; step < 50; ++step) {
         QTest::keyClick(&table, Qt::Key_Down);
+    }
     report("50 rows down", heart);
     QTest::keyClick(&table, Qt::Key_Delete);
     report("one deleted", heart);
-    window.findChild<QAction *>(QStringLiteral("selectAll"))->trigger();
+    window.findChild<QAction *>(u"selectAll"_s)->trigger();
     QTest::keyClick(&table, Qt::Key_Delete);
     report("all deleted", heart);
 }

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Shot {
@@ -36,24 +38,25 @@ TEST_P(Screenshots, Grab)
     const Shot &shot = GetParam();
     Desktop desktop;
     desktop.folder.write("config/Tessarine/Tessarine.ini", "[General]\nOutputFolderKey=" + qgetenv("COLLAGES") + '\n');
-    desktop.setVariable(QStringLiteral("QT_SCALE_FACTOR"), QString::fromLatin1(shot.scale));
+    desktop.setVariable(u"QT_SCALE_FACTOR"_s, QString::fromLatin1(shot.scale));
     QProcess program;
     const QStringList movies = qEnvironmentVariable("MOVIES").split(u'\n', Qt::SkipEmptyParts);
     desktop.start(program, QStringLiteral(TESSARINE_EXECUTABLE), movies);
-    const QString main = desktop.awaitWindow(u"Tessarine"_qs);
-    desktop.xdotool({u"windowmove"_qs, u"--sync"_qs, main, u"0"_qs, u"0"_qs});
+    const QString main = desktop.awaitWindow(u"Tessarine"_s);
+    desktop.xdotool({u"windowmove"_s, u"--sync"_s, main, u"0"_s, u"0"_s});
     const ScreenReader reader(desktop.bus.connect(), program.processId());
     for (const QString &movie : movies) {
         const QString name = movie.section(u'/', -1);
         reader.await([&name](const ScreenReader::Object &object) { return object.name.contains(name); });
     }
-    reader.awaitNone(QStringLiteral("dialog"));
+    reader.awaitNone(u"dialog"_s);
     if (*shot.keys != '\0') {
-        desktop.awaitWindow(u"Tessarine"_qs); // it has lost the keyboard to its sheet
-        desktop.xdotool(QStringList{u"key"_qs} + QString::fromLatin1(shot.keys).split(u' '));
+        desktop.awaitWindow(u"Tessarine"_s); // it has lost the keyboard to its sheet
+        desktop.xdotool(QStringList{u"key"_s} + QString::fromLatin1(shot.keys).split(u' '));
     }
-    if (*shot.box != '\0')
-        desktop.click(reader.await(u"check box"_qs, QString::fromLatin1(shot.box)).rectangle.center());
+    if (*shot.box != '\0') {
+        desktop.click(reader.await(u"check box"_s, QString::fromLatin1(shot.box)).rectangle.center());
+    }
     const QString window = desktop.awaitWindow(QString::fromLatin1(shot.title));
     const QString image = qEnvironmentVariable("IMAGES") + u'/' + QString::fromLatin1(shot.image) + u".png";
     desktop.grab(window, image);

@@ -1,6 +1,6 @@
 #include "Shared/Bookmark.h"
 
-#include "platform/FolderBookmarks.h"
+#include "platform/files/FolderBookmarks.h"
 
 std::optional<QByteArray> GlobalFun::BookmarkDataForURL(const FolderBookmarks &bookmarks, const QString &folderPath)
 {

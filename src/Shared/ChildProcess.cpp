@@ -1,7 +1,7 @@
 #include "Shared/ChildProcess.h"
 
 #include "Shared/FileStatus.h"
-#include "platform/PathText.h"
+#include "platform/files/PathText.h"
 
 #include <fcntl.h>
 #include <sys/syscall.h>
@@ -15,6 +15,8 @@
 #include <poll.h>
 #include <spawn.h>
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -78,29 +80,33 @@ pid_t spawn(const QStringList &arguments, int outputs)
 ChildProcess::ChildProcess(const QStringList &arguments)
 {
     std::array<int, 2> ends = {-1, -1};
-    if (arguments.isEmpty() || ::pipe2(ends.data(), O_CLOEXEC) != 0)
+    if (arguments.isEmpty() || ::pipe2(ends.data(), O_CLOEXEC) != 0) {
         return;
+    }
     output.reset(ends[0]);
     const FileDescriptor outputs(ends[1]);
     ::fcntl(output.get(), F_SETFL, O_NONBLOCK);
     process = spawn(arguments, outputs.get());
     // The C library's own function for it does not link from C++ everywhere. Without the file, waiting wakes up later.
-    if (process > 0)
+    if (process > 0) {
         end.reset(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
+    }
 }
 
 ChildProcess::~ChildProcess()
 {
     ignoreOutput();
     sendSignal(SIGKILL);
-    while (isRunning())
+    while (isRunning()) {
         wait(std::chrono::seconds(1));
+    }
 }
 
 void ChildProcess::wait(std::chrono::milliseconds time)
 {
-    if (!isRunning())
+    if (!isRunning()) {
         return;
+    }
     std::array<pollfd, 2> files = {{{end.get(), POLLIN, 0}, {hearsOutput ? output.get() : -1, POLLIN, 0}}};
     ::poll(files.data(), files.size(), static_cast<int>(time.count()));
     takeEnd();
@@ -112,42 +118,49 @@ void ChildProcess::takeEnd()
 {
     siginfo_t info = {};
     const int failed = ::waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOHANG | WNOWAIT);
-    if (failed == 0 && info.si_pid == 0)
+    if (failed == 0 && info.si_pid == 0) {
         return;
+    }
     sendSignal(SIGKILL);
     // It fails when somebody has told the system to take all dead processes itself.
-    if (::waitid(P_PID, static_cast<id_t>(process), &info, WEXITED) == 0)
+    if (::waitid(P_PID, static_cast<id_t>(process), &info, WEXITED) == 0) {
         status = info.si_status;
+    }
     process = 0;
 }
 
 std::optional<QByteArray> ChildProcess::readOutput()
 {
     static constexpr qsizetype pipeSize = 65536;
-    if (!output.isOpen() || !hearsOutput)
+    if (!output.isOpen() || !hearsOutput) {
         return std::nullopt;
+    }
     QByteArray chunk(pipeSize, Qt::Uninitialized);
     const ssize_t size = ::read(output.get(), chunk.data(), static_cast<std::size_t>(chunk.size()));
-    if (size < 0)
+    if (size < 0) {
         return std::nullopt;
-    if (size == 0)
+    }
+    if (size == 0) {
         output.reset();
+    }
     chunk.truncate(size);
     return chunk;
 }
 
 void ChildProcess::sendSignal(int number) const
 {
-    if (isRunning())
+    if (isRunning()) {
         ::kill(-process, number);
+    }
 }
 
 std::int64_t ChildProcess::processorTicks() const
 {
     static constexpr qsizetype userTime = 11; // of the fields behind the name, which stands in parentheses
-    const auto state = GlobalFun::contentsOf(QStringLiteral("/proc/%1/stat").arg(process));
-    if (!state)
+    const auto state = GlobalFun::contentsOf(u"/proc/%1/stat"_s.arg(process));
+    if (!state) {
         return 0;
+    }
     const QList<QByteArray> fields = state->mid(state->lastIndexOf(')') + 2).split(' ');
     return fields.value(userTime).toLongLong() + fields.value(userTime + 1).toLongLong();
 }

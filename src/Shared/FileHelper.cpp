@@ -4,8 +4,8 @@
 #include "Shared/FolderMaking.h"
 #include "Shared/FolderWalk.h"
 #include "Shared/PathParts.h"
-#include "platform/FileDescriptor.h"
-#include "platform/PathText.h"
+#include "platform/files/FileDescriptor.h"
+#include "platform/files/PathText.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+
+using namespace Qt::StringLiterals;
 
 namespace fs = std::filesystem;
 
@@ -39,8 +41,9 @@ bool isWithin(const fs::path &path, const fs::path &folder)
 bool copyToNewPlace(const fs::path &from, const fs::path &to)
 {
     std::error_code error;
-    if (isWithin(to, from)) // the copy would go on for ever inside itself
+    if (isWithin(to, from)) { // the copy would go on for ever inside itself
         return false;
+    }
     fs::copy(from, to, fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
     return !error;
 }
@@ -88,8 +91,9 @@ bool FileHelper::deleteDirectoryWithPath(const QString &path)
 
 void FileHelper::checkAndCreateFileAtPath(const QString &path, bool /*iCloud*/)
 {
-    if (!fileExistsWithPath(path))
+    if (!fileExistsWithPath(path)) {
         createDirectoryWithPath(path);
+    }
 }
 
 std::uint64_t FileHelper::getFileSizeWithPath(const QString &path)
@@ -102,8 +106,9 @@ std::optional<QDateTime> FileHelper::creationDate(const QString &path)
 {
     struct statx status = {};
     if (::statx(AT_FDCWD, PathText::toBytes(path).constData(), 0, STATX_BTIME, &status) != 0 ||
-        (status.stx_mask & STATX_BTIME) == 0)
+        (status.stx_mask & STATX_BTIME) == 0) {
         return std::nullopt;
+    }
     return QDateTime::fromSecsSinceEpoch(status.stx_btime.tv_sec, Qt::UTC)
         .addMSecs(status.stx_btime.tv_nsec / 1'000'000);
 }
@@ -128,18 +133,21 @@ bool FileHelper::isDiskFull(std::uint64_t freeBytes)
 
 void FileHelper::moveFile(const QString &from, const QString &to)
 {
-    if (GlobalFun::isTaken(to))
+    if (GlobalFun::isTaken(to)) {
         return;
+    }
     std::error_code error;
     fs::rename(native(from), native(to), error);
-    if (error == std::errc::cross_device_link && copyToNewPlace(native(from), native(to)))
+    if (error == std::errc::cross_device_link && copyToNewPlace(native(from), native(to))) {
         fs::remove_all(native(from), error);
+    }
 }
 
 void FileHelper::copyFile(const QString &from, const QString &to)
 {
-    if (!GlobalFun::isTaken(to))
+    if (!GlobalFun::isTaken(to)) {
         copyToNewPlace(native(from), native(to));
+    }
 }
 
 std::optional<QString> FileHelper::findFile(const QString &folder, const QString &fileName)
@@ -148,8 +156,9 @@ std::optional<QString> FileHelper::findFile(const QString &folder, const QString
     const QByteArray start = PathText::toBytes(folder);
     std::optional<QString> found;
     const auto compare = [&](const FolderWalk::File &file) {
-        if (found || file.name != wanted)
+        if (found || file.name != wanted) {
             return;
+        }
         if (file.depth == 0) {
             found = fileName;
             return;
@@ -191,33 +200,32 @@ QString FileHelper::dataDirectory()
 
 QString FileHelper::getDownloadListFile()
 {
-    return GlobalFun::appendingPathComponent(dataDirectory(), QStringLiteral("downloadlist"));
+    return GlobalFun::appendingPathComponent(dataDirectory(), u"downloadlist"_s);
 }
 
 QString FileHelper::getDownloadMediaDirectory()
 {
-    return GlobalFun::appendingPathComponent(dataDirectory(), QStringLiteral("Caches/Media"));
+    return GlobalFun::appendingPathComponent(dataDirectory(), u"Caches/Media"_s);
 }
 
 QString FileHelper::getDownloadTempDirectory()
 {
-    return GlobalFun::appendingPathComponent(dataDirectory(), QStringLiteral("Caches/Temp"));
+    return GlobalFun::appendingPathComponent(dataDirectory(), u"Caches/Temp"_s);
 }
 
 QString FileHelper::getADImagesPath()
 {
-    return getLibraryPath() + QStringLiteral("/Caches/AdImages");
+    return getLibraryPath() + u"/Caches/AdImages"_s;
 }
 
 QString FileHelper::getLangConfigPath()
 {
-    const QString folder = getLibraryPath() + QStringLiteral("/Caches/lang");
+    const QString folder = getLibraryPath() + u"/Caches/lang"_s;
     createDirectoryWithPath(folder);
-    return folder + QStringLiteral("/lang.dat");
+    return folder + u"/lang.dat"_s;
 }
 
 QString FileHelper::getPlistPath()
 {
-    return GlobalFun::appendingPathComponent(QDir::homePath(),
-                                             QStringLiteral("Applications/Example.app/Contents/Info.plist"));
+    return GlobalFun::appendingPathComponent(QDir::homePath(), u"Applications/Example.app/Contents/Info.plist"_s);
 }

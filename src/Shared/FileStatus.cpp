@@ -1,7 +1,7 @@
 #include "Shared/FileStatus.h"
 
-#include "platform/FileDescriptor.h"
-#include "platform/PathText.h"
+#include "platform/files/FileDescriptor.h"
+#include "platform/files/PathText.h"
 
 #include <QFile>
 
@@ -10,8 +10,9 @@
 std::optional<struct stat> GlobalFun::fileStatus(const QString &path)
 {
     struct stat status = {};
-    if (path.contains(QChar::Null) || ::stat(PathText::toBytes(path).constData(), &status) != 0)
+    if (path.contains(QChar::Null) || ::stat(PathText::toBytes(path).constData(), &status) != 0) {
         return std::nullopt;
+    }
     return status;
 }
 
@@ -25,7 +26,8 @@ std::optional<QByteArray> GlobalFun::contentsOf(const QString &path)
 {
     const FileDescriptor opened(::open(PathText::toBytes(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     QFile file;
-    if (!opened.isOpen() || !file.open(opened.get(), QIODevice::ReadOnly))
+    if (!opened.isOpen() || !file.open(opened.get(), QIODevice::ReadOnly)) {
         return std::nullopt;
+    }
     return file.readAll();
 }

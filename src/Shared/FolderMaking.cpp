@@ -1,7 +1,7 @@
 #include "Shared/FolderMaking.h"
 
 #include "Shared/FileStatus.h"
-#include "platform/PathText.h"
+#include "platform/files/PathText.h"
 
 #include <filesystem>
 

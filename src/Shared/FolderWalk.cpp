@@ -33,12 +33,14 @@ std::vector<Entry> entriesOf(const QByteArray &path)
 {
     std::vector<Entry> entries;
     const std::unique_ptr<DIR, CloseFolder> folder(::opendir(path.constData()));
-    if (!folder)
+    if (!folder) {
         return entries;
+    }
     while (const dirent *entry = ::readdir(folder.get())) {
         const char *name = entry->d_name;
-        if (std::strcmp(name, ".") != 0 && std::strcmp(name, "..") != 0)
+        if (std::strcmp(name, ".") != 0 && std::strcmp(name, "..") != 0) {
             entries.push_back({name, entry->d_type == DT_REG});
+        }
     }
     return entries;
 }
@@ -49,8 +51,9 @@ std::optional<Level> enter(const QByteArray &path, const struct stat &status, co
     const bool isInside = std::ranges::any_of(around, [&status](const Level &level) {
         return level.device == status.st_dev && level.inode == status.st_ino;
     });
-    if (isInside)
+    if (isInside) {
         return std::nullopt;
+    }
     return Level{path, status.st_dev, status.st_ino, entriesOf(path)};
 }
 
@@ -59,8 +62,9 @@ QByteArray joined(const QByteArray &folder, const QByteArray &name)
     QByteArray path;
     path.reserve(folder.size() + 1 + name.size());
     path.append(folder);
-    if (!folder.endsWith('/'))
+    if (!folder.endsWith('/')) {
         path.append('/');
+    }
     return path.append(name);
 }
 
@@ -70,8 +74,9 @@ void FolderWalk::walk(const QByteArray &folder, const Stop &stop, const Visit &v
 {
     struct stat status = {};
     std::vector<Level> levels;
-    if (::stat(folder.constData(), &status) == 0)
+    if (::stat(folder.constData(), &status) == 0) {
         levels.push_back(*enter(folder, status, levels));
+    }
 
     while (!levels.empty() && !stop()) {
         Level &level = levels.back();
@@ -81,8 +86,9 @@ void FolderWalk::walk(const QByteArray &folder, const Stop &stop, const Visit &v
         }
         const Entry &entry = level.entries[level.next++];
         const QByteArray path = joined(level.path, entry.name);
-        if (!entry.isPlainFile && ::stat(path.constData(), &status) != 0)
+        if (!entry.isPlainFile && ::stat(path.constData(), &status) != 0) {
             continue;
+        }
         if (entry.isPlainFile || !S_ISDIR(status.st_mode)) {
             visit({path, entry.name, levels.size() - 1});
         } else if (auto below = enter(path, status, levels)) {

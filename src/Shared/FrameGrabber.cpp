@@ -11,6 +11,8 @@
 #include <tuple>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isSameFile(const std::optional<struct stat> &before, const std::optional<struct stat> &after)
@@ -18,8 +20,9 @@ bool isSameFile(const std::optional<struct stat> &before, const std::optional<st
     const auto identity = [](const struct stat &status) {
         return std::tuple(status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec);
     };
-    if (!before || !after)
+    if (!before || !after) {
         return before.has_value() == after.has_value();
+    }
     return identity(*before) == identity(*after);
 }
 
@@ -42,7 +45,7 @@ QImage loadPicture(const QString &path)
 
 FrameGrabber::FrameGrabber(QString toolPath, const QString &temporaryFolder, TaskLimits patience) :
     tool(std::move(toolPath)),
-    pictureFile(GlobalFun::appendingPathComponent(temporaryFolder, QStringLiteral("x.jpg"))),
+    pictureFile(GlobalFun::appendingPathComponent(temporaryFolder, u"x.jpg"_s)),
     limits(patience)
 {
     QImageReader::setAllocationLimit(0); // a frame of an 8K movie needs more than the 128 MB that Qt allows
@@ -51,24 +54,27 @@ FrameGrabber::FrameGrabber(QString toolPath, const QString &temporaryFolder, Tas
 GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled)
 {
     const std::lock_guard lock(oneAtATime);
-    if (cancelled)
+    if (cancelled) {
         return {};
-    if (wouldBlock(moviePath))
+    }
+    if (wouldBlock(moviePath)) {
         return {loadPicture(pictureFile), false};
+    }
 
     const auto before = GlobalFun::fileStatus(pictureFile);
     TaskWrapper task(nullptr,
-                     {tool, QStringLiteral("-ss"), GlobalFun::fixedText(seconds, 2), QStringLiteral("-i"), moviePath,
-                      QStringLiteral("-vframes"), QStringLiteral("1"), QStringLiteral("-y"), pictureFile},
+                     {tool, u"-ss"_s, GlobalFun::fixedText(seconds, 2), u"-i"_s, moviePath, u"-vframes"_s, u"1"_s,
+                      u"-y"_s, pictureFile},
                      limits);
     task.startProcess();
-    if (!task.waitUntilTaskExit(cancelled) || cancelled)
+    if (!task.waitUntilTaskExit(cancelled) || cancelled) {
         return {};
+    }
     const bool isNew = !isSameFile(before, GlobalFun::fileStatus(pictureFile));
     return {loadPicture(pictureFile), isNew};
 }
 
 QString FrameGrabber::toolPathBeside(const QString &executablePath)
 {
-    return QDir::cleanPath(executablePath + QStringLiteral("/../ffmpeg"));
+    return QDir::cleanPath(executablePath + u"/../ffmpeg"_s);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Shared/TaskWrapper.h"
-#include "platform/CancelFlag.h"
+#include "platform/threads/CancelFlag.h"
 
 #include <QImage>
 #include <QString>

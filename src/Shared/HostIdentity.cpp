@@ -1,10 +1,10 @@
 #include "Shared/HostIdentity.h"
 
 #include "Shared/FileStatus.h"
-#include "platform/Bundle.h"
-#include "platform/PathText.h"
-#include "platform/PreferenceKeys.h"
-#include "platform/UserDefaults.h"
+#include "Shared/PreferenceKeys.h"
+#include "platform/files/PathText.h"
+#include "platform/store/Bundle.h"
+#include "platform/store/UserDefaults.h"
 
 #include <QStringList>
 #include <QUuid>
@@ -15,6 +15,8 @@
 #include <cerrno>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The value of a line of os-release, without the quotes of a shell.
@@ -22,8 +24,9 @@ QString unquoted(const QByteArray &value)
 {
     QByteArray text = value.trimmed();
     for (const char quote : {'"', '\''}) {
-        if (text.size() >= 2 && text.startsWith(quote) && text.endsWith(quote))
+        if (text.size() >= 2 && text.startsWith(quote) && text.endsWith(quote)) {
             text = text.mid(1, text.size() - 2);
+        }
     }
     return QString::fromUtf8(text);
 }
@@ -32,11 +35,13 @@ QStringList versionParts(const QString &releaseFile)
 {
     static constexpr QByteArrayView key = "VERSION_ID=";
     auto release = GlobalFun::contentsOf(releaseFile);
-    if (!release)
-        release = GlobalFun::contentsOf(QStringLiteral("/usr/lib/os-release"));
+    if (!release) {
+        release = GlobalFun::contentsOf(u"/usr/lib/os-release"_s);
+    }
     for (const QByteArray &line : release.value_or(QByteArray()).split('\n')) {
-        if (line.startsWith(key))
+        if (line.startsWith(key)) {
             return unquoted(line.mid(key.size())).split(u'.');
+        }
     }
     return {};
 }
@@ -45,13 +50,14 @@ QStringList versionParts(const QString &releaseFile)
 
 QString GlobalFun::osReleaseFile()
 {
-    return QStringLiteral("/etc/os-release");
+    return u"/etc/os-release"_s;
 }
 
 QString GlobalFun::getGUID(UserDefaults &defaults)
 {
-    if (defaults.contains(PreferenceKeys::guid))
+    if (defaults.contains(PreferenceKeys::guid)) {
         return defaults.textValue(PreferenceKeys::guid);
+    }
     QString guid = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
     defaults.setText(PreferenceKeys::guid, guid);
     defaults.synchronize();
@@ -61,13 +67,15 @@ QString GlobalFun::getGUID(UserDefaults &defaults)
 void GlobalFun::getMajor(std::uint32_t &major, std::uint32_t &minor, std::uint32_t &bugFix, const QString &releaseFile)
 {
     QStringList parts = versionParts(releaseFile);
-    if (parts.isEmpty())
+    if (parts.isEmpty()) {
         return;
+    }
     for (std::uint32_t *output : {&major, &minor, &bugFix}) {
         bool isNumber = true;
         const std::uint32_t number = parts.isEmpty() ? 0 : parts.takeFirst().toUInt(&isNumber);
-        if (!isNumber)
+        if (!isNumber) {
             return;
+        }
         *output = number;
     }
 }
@@ -87,7 +95,7 @@ QString GlobalFun::getSystemVersionString(const QString &releaseFile)
     std::uint32_t minor = 0;
     std::uint32_t bugFix = 0;
     getMajor(major, minor, bugFix, releaseFile);
-    return QStringLiteral("%1.%2.%3").arg(major).arg(minor).arg(bugFix);
+    return u"%1.%2.%3"_s.arg(major).arg(minor).arg(bugFix);
 }
 
 QString GlobalFun::RealHomeDirectory()
@@ -95,8 +103,9 @@ QString GlobalFun::RealHomeDirectory()
     passwd entry = {};
     passwd *pw = nullptr;
     std::vector<char> texts(1024);
-    while (::getpwuid_r(::getuid(), &entry, texts.data(), texts.size(), &pw) == ERANGE)
+    while (::getpwuid_r(::getuid(), &entry, texts.data(), texts.size(), &pw) == ERANGE) {
         texts.resize(texts.size() * 2);
+    }
     if (!pw) {
         qFatal("Assertion failed: (%s), function %s, file %s, line %d.", "pw", "+[GlobalFun RealHomeDirectory]",
                "Shared/GlobalFun", 325);
@@ -106,21 +115,22 @@ QString GlobalFun::RealHomeDirectory()
 
 QString GlobalFun::computerModel()
 {
-    return QStringLiteral("Mac");
+    return u"Mac"_s;
 }
 
 QString GlobalFun::getAppVersion(const Bundle &bundle)
 {
-    const QString version = bundle.value(QStringLiteral("CFBundleShortVersionString"));
+    const QString version = bundle.value(u"CFBundleShortVersionString"_s);
     QStringList parts = version.isEmpty() ? QStringList() : version.split(u'.');
-    while (parts.size() < 3)
-        parts.append(QStringLiteral("0"));
+    while (parts.size() < 3) {
+        parts.append(u"0"_s);
+    }
     return parts.mid(0, 3).join(u'.');
 }
 
 QString GlobalFun::getAppBuildNumber(const Bundle &bundle)
 {
-    return bundle.value(QStringLiteral("CFBundleVersion"));
+    return bundle.value(u"CFBundleVersion"_s);
 }
 
 QString GlobalFun::getAppBuildVersion(const Bundle &bundle)

@@ -2,7 +2,7 @@
 
 #include "Shared/FolderWalk.h"
 #include "Shared/PathParts.h"
-#include "platform/PathText.h"
+#include "platform/files/PathText.h"
 
 QStringList GlobalFun::fileListAtDirenctory(const QString &folder, const QStringList &filter,
                                             const CancelFlag &cancelled)
@@ -10,8 +10,9 @@ QStringList GlobalFun::fileListAtDirenctory(const QString &folder, const QString
     QStringList found;
     const auto keepMovie = [&found, &filter](const FolderWalk::File &file) {
         const QString extension = pathExtension(PathText::fromBytes(file.name));
-        if (filter.contains(extension, Qt::CaseInsensitive))
+        if (filter.contains(extension, Qt::CaseInsensitive)) {
             found.append(PathText::fromBytes(file.path));
+        }
     };
     FolderWalk::walk(
         PathText::toBytes(folder), [&cancelled] { return cancelled.load(); }, keepMovie);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CancelFlag.h"
+#include "platform/threads/CancelFlag.h"
 
 #include <QString>
 #include <QStringList>

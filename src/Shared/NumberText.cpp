@@ -17,12 +17,15 @@ QString GlobalFun::fixedText(double value, int decimals)
 std::int32_t GlobalFun::truncatedToInt32(double value)
 {
     using Limits = std::numeric_limits<std::int32_t>;
-    if (std::isnan(value))
+    if (std::isnan(value)) {
         return 0;
-    if (value <= static_cast<double>(Limits::min()))
+    }
+    if (value <= static_cast<double>(Limits::min())) {
         return Limits::min();
-    if (value >= static_cast<double>(Limits::max()))
+    }
+    if (value >= static_cast<double>(Limits::max())) {
         return Limits::max();
+    }
     return static_cast<std::int32_t>(value);
 }
 
@@ -30,12 +33,14 @@ std::int32_t GlobalFun::leadingInt32(QStringView text)
 {
     QStringView rest = text.trimmed();
     const bool negative = rest.startsWith(u'-');
-    if (negative || rest.startsWith(u'+'))
+    if (negative || rest.startsWith(u'+')) {
         rest = rest.mid(1);
+    }
     double value = 0.0;
     for (const QChar character : rest) {
-        if (!character.isDigit())
+        if (!character.isDigit()) {
             break;
+        }
         value = value * 10.0 + character.digitValue();
     }
     return truncatedToInt32(negative ? -value : value);

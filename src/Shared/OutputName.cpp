@@ -16,8 +16,9 @@ QString GlobalFun::makeSureFullPathIdentical(const QString &path, const QString 
 {
     QString candidate = path;
     const QString found = pathExtension(path);
-    if (found.isEmpty() || found != extension)
+    if (found.isEmpty() || found != extension) {
         candidate += u'.' + extension;
+    }
 
     int number = 1;
     while (isTaken(candidate)) {

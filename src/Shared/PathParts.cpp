@@ -6,8 +6,9 @@ namespace {
 qsizetype endOfPath(const QString &path)
 {
     qsizetype end = path.size();
-    while (end > 1 && path.at(end - 1) == u'/')
+    while (end > 1 && path.at(end - 1) == u'/') {
         --end;
+    }
     return end;
 }
 
@@ -58,8 +59,9 @@ QString GlobalFun::appendingPathComponent(const QString &path, const QString &co
     QString result;
     result.reserve(joined.size());
     for (const QChar letter : joined) {
-        if (letter != u'/' || !result.endsWith(u'/'))
+        if (letter != u'/' || !result.endsWith(u'/')) {
             result += letter;
+        }
     }
     return result.left(endOfPath(result));
 }

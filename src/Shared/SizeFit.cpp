@@ -11,9 +11,11 @@ QSizeF GlobalFun::getSizeWithOrigin(const QSizeF &size, const QSizeF &max, doubl
 {
     // Of two numbers fmax takes the one that is one.
     const double divisor = std::fmax(size.width() / max.width(), size.height() / max.height());
-    if (!(divisor > 1.0))
+    if (!(divisor > 1.0)) {
         return size;
-    if (rate)
+    }
+    if (rate) {
         *rate = divisor;
+    }
     return {size.width() / divisor, size.height() / divisor};
 }

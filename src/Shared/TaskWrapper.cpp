@@ -35,10 +35,12 @@ TaskWrapper::~TaskWrapper()
 
 void TaskWrapper::startProcess()
 {
-    if (isRunning())
+    if (isRunning()) {
         return;
-    if (controller)
+    }
+    if (controller) {
         controller->processStarted();
+    }
     sinceSignOfLife.start();
     task = std::make_unique<ChildProcess>(arguments);
 }
@@ -47,18 +49,21 @@ void TaskWrapper::startProcess()
 bool TaskWrapper::getData()
 {
     const auto chunk = task->readOutput();
-    if (!chunk)
+    if (!chunk) {
         return false;
+    }
     if (chunk->isEmpty()) {
         stopProcess();
         return false;
     }
     sinceSignOfLife.start();
     outputBytes += chunk->size();
-    if (controller)
+    if (controller) {
         controller->appendOutput(decoder(*chunk));
-    if (outputBytes > limits.outputBytes)
+    }
+    if (outputBytes > limits.outputBytes) {
         demandEnd();
+    }
     return true;
 }
 
@@ -66,8 +71,9 @@ void TaskWrapper::FFMpegDidTerminate()
 {
     const int status = task->exitStatus().value_or(0);
     qCDebug(lcTessarine, "ffmpeg did finished:terminate status:%d", status);
-    if (controller)
+    if (controller) {
         std::exchange(controller, nullptr)->launcherDidTerminatedWithCode(status);
+    }
 }
 
 void TaskWrapper::waitUntilTaskExit()
@@ -92,8 +98,9 @@ bool TaskWrapper::waitUntilTaskExit(const CancelFlag &cancelled)
         }
         while (getData()) {
         }
-        if (killTime.isForever()) // what the tool has left running may hold its output open still
+        if (killTime.isForever()) { // what the tool has left running may hold its output open still
             stopProcess();
+        }
         FFMpegDidTerminate();
     }
     return !wasCancelled;
@@ -102,15 +109,17 @@ bool TaskWrapper::waitUntilTaskExit(const CancelFlag &cancelled)
 void TaskWrapper::suspend()
 {
     isSuspended = true;
-    if (task)
+    if (task) {
         task->sendSignal(SIGSTOP);
+    }
 }
 
 void TaskWrapper::resume()
 {
     isSuspended = false;
-    if (task)
+    if (task) {
         task->sendSignal(SIGCONT);
+    }
 }
 
 void TaskWrapper::stopProcess()
@@ -121,15 +130,17 @@ void TaskWrapper::stopProcess()
         task->sendSignal(SIGTERM);
         killTime = std::min(killTime, QDeadlineTimer(limits.silence));
     }
-    if (controller)
+    if (controller) {
         controller->processFinished();
+    }
 }
 
 /// Makes the tool end soon, even one that is suspended or does not want to.
 void TaskWrapper::demandEnd()
 {
-    if (killTime.isForever())
+    if (killTime.isForever()) {
         stopProcess();
+    }
     task->sendSignal(SIGCONT);
     killTime = std::min(killTime, QDeadlineTimer(graceTime));
 }
@@ -138,10 +149,13 @@ void TaskWrapper::demandEnd()
 void TaskWrapper::watch()
 {
     const std::int64_t ticks = task->processorTicks();
-    if (isSuspended || std::exchange(processorTicks, ticks) != ticks)
+    if (isSuspended || std::exchange(processorTicks, ticks) != ticks) {
         sinceSignOfLife.start();
-    if (sinceSignOfLife.hasExpired(limits.silence.count()))
+    }
+    if (sinceSignOfLife.hasExpired(limits.silence.count())) {
         demandEnd();
-    if (killTime.hasExpired())
+    }
+    if (killTime.hasExpired()) {
         task->sendSignal(SIGKILL);
+    }
 }

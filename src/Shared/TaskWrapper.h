@@ -2,7 +2,7 @@
 
 #include "Shared/ChildProcess.h"
 #include "Shared/TaskController.h"
-#include "platform/CancelFlag.h"
+#include "platform/threads/CancelFlag.h"
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>

@@ -11,6 +11,8 @@
 #include <charconv>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// The number that the text starts with, in C's notation whatever the locale; 0 when there is none.
@@ -20,15 +22,18 @@ double leadingNumber(QStringView text)
     const char *begin = latin.constData();
     const char *end = begin + latin.size();
     const bool negative = begin != end && *begin == '-';
-    if (begin != end && (*begin == '-' || *begin == '+'))
+    if (begin != end && (*begin == '-' || *begin == '+')) {
         ++begin;
-    if (begin == end || (*begin != '.' && (*begin < '0' || *begin > '9')))
+    }
+    if (begin == end || (*begin != '.' && (*begin < '0' || *begin > '9'))) {
         return 0.0; // "inf" and "nan" among them
+    }
 
     double value = 0.0;
     const auto [stop, error] = std::from_chars(begin, end, value);
-    if (error == std::errc::result_out_of_range) // far too large, or too small to tell from 0
+    if (error == std::errc::result_out_of_range) { // far too large, or too small to tell from 0
         value = QLocale::c().toDouble(QString::fromLatin1(begin, stop - begin));
+    }
     return negative ? -value : value;
 }
 
@@ -45,7 +50,7 @@ QString counted(std::int32_t count, bool several, const QString &one, const QStr
 
 QString minutesText(std::int32_t wholeSeconds)
 {
-    return counted(wholeSeconds / 60, wholeSeconds > 119, QStringLiteral("minite"), QStringLiteral("minites"));
+    return counted(wholeSeconds / 60, wholeSeconds > 119, u"minite"_s, u"minites"_s);
 }
 
 } // namespace
@@ -62,8 +67,9 @@ QString GlobalFun::getTimeStringBySecond(double seconds)
     const HourMinuteSecond time = getHour(seconds);
     QString text;
     text.reserve(10);
-    if (truncatedToInt32(seconds) >= -3599)
+    if (truncatedToInt32(seconds) >= -3599) {
         text += QString::asprintf("%02d:", time.hours);
+    }
     return text + QString::asprintf("%02d:%02d", time.minutes, time.seconds);
 }
 
@@ -73,8 +79,9 @@ double GlobalFun::getSecondsByTimeString(const QString &text)
     double sum = 0.0;
     auto weight = weights.begin();
     for (const QStringView part : QStringView(text).split(u':')) {
-        if (weight == weights.end())
+        if (weight == weights.end()) {
             break;
+        }
         sum += leadingNumber(part) * *weight++;
     }
     return sum;
@@ -82,12 +89,13 @@ double GlobalFun::getSecondsByTimeString(const QString &text)
 
 QString GlobalFun::getEstimateStrBySecond(double seconds)
 {
-    const QString remaining = QStringLiteral(" remaining");
-    const QString second = QStringLiteral("second");
-    const QString severalSeconds = QStringLiteral("seconds");
+    const QString remaining = u" remaining"_s;
+    const QString second = u"second"_s;
+    const QString severalSeconds = u"seconds"_s;
 
-    if (seconds < 60.0)
+    if (seconds < 60.0) {
         return fixedText(seconds, 0) + u' ' + (seconds > 1.0 ? severalSeconds : second) + remaining;
+    }
 
     const std::int32_t whole = truncatedToInt32(seconds);
     if (seconds < 3600.0) {
@@ -95,6 +103,5 @@ QString GlobalFun::getEstimateStrBySecond(double seconds)
         return minutesText(whole) + u' ' + counted(left, left > 1, second, severalSeconds) + remaining;
     }
     const std::int32_t left = rest(seconds, whole / 3600, 3600);
-    return counted(whole / 3600, whole > 7199, QStringLiteral("hour"), QStringLiteral("hours")) + u' ' +
-           minutesText(left) + remaining;
+    return counted(whole / 3600, whole > 7199, u"hour"_s, u"hours"_s) + u' ' + minutesText(left) + remaining;
 }

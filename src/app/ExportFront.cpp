@@ -2,13 +2,13 @@
 
 #include "Shared/FrameGrabber.h"
 #include "Shared/HostIdentity.h"
-#include "app/Console.h"
-#include "app/ExportCommand.h"
+#include "Shared/PreferenceKeys.h"
 #include "app/InterruptSignals.h"
 #include "app/ProgramSetup.h"
+#include "app/command/Console.h"
+#include "app/command/ExportCommand.h"
 #include "platform/Log.h"
-#include "platform/PreferenceKeys.h"
-#include "platform/UserDefaults.h"
+#include "platform/store/UserDefaults.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,6 +18,8 @@
 #include <csignal>
 #include <cstdio>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -78,7 +80,7 @@ int runExportFront(ExportOptions options, int argc, char **argv)
     Console console(stdout, stderr, options.quiet);
     const QTemporaryDir temporaryFolder(QDir::tempPath() + u"/tessarine-XXXXXX");
     if (!temporaryFolder.isValid()) {
-        console.printMessage(QStringLiteral("no temporary folder: ") + temporaryFolder.errorString());
+        console.printMessage(u"no temporary folder: "_s + temporaryFolder.errorString());
         return ExportCommand::SomeFailed;
     }
     prepareForNoDisplay(temporaryFolder.path());

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/InterruptHandler.h"
-#include "platform/CancelFlag.h"
+#include "platform/threads/CancelFlag.h"
 
 #include <optional>
 

@@ -3,11 +3,11 @@
 #include "Shared/FileHelper.h"
 #include "Shared/FrameGrabber.h"
 #include "Shared/HostIdentity.h"
-#include "app/DefaultsSeed.h"
-#include "online/CrashReportUtil.h"
-#include "platform/Bundle.h"
+#include "online/crash/CrashReportUtil.h"
 #include "platform/Log.h"
-#include "platform/PathText.h"
+#include "platform/files/PathText.h"
+#include "platform/store/Bundle.h"
+#include "prefs/DefaultsSeed.h"
 
 #include <QFontDatabase>
 #include <QStandardPaths>

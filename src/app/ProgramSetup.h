@@ -1,6 +1,6 @@
 #pragma once
 
-#include "online/CrashReportSender.h"
+#include "online/crash/CrashReportSender.h"
 
 #include <QString>
 #include <QStringList>

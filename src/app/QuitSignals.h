@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/InterruptHandler.h"
-#include "platform/FileDescriptor.h"
+#include "platform/files/FileDescriptor.h"
 
 #include <QSocketNotifier>
 

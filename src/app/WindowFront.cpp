@@ -2,24 +2,24 @@
 
 #include "Shared/FrameGrabber.h"
 #include "Shared/HostIdentity.h"
-#include "app/AppDelegate.h"
-#include "app/DesktopService.h"
-#include "app/MacAppHelper.h"
 #include "app/ProgramSetup.h"
 #include "app/QuitSignals.h"
+#include "app/window/AppDelegate.h"
+#include "app/window/DesktopService.h"
+#include "app/window/MacAppHelper.h"
 #include "online/ServiceUrl.h"
-#include "platform/ActivationToken.h"
-#include "platform/BlockedCloseButton.h"
-#include "platform/Bundle.h"
-#include "platform/DesktopWorkspace.h"
-#include "platform/DisplayServer.h"
-#include "platform/DroppedFiles.h"
-#include "platform/FileOpenPanel.h"
-#include "platform/FolderBookmarks.h"
 #include "platform/Log.h"
-#include "platform/MessageAlertPanel.h"
-#include "platform/Translations.h"
-#include "platform/UserDefaults.h"
+#include "platform/desktop/ActivationToken.h"
+#include "platform/desktop/BlockedCloseButton.h"
+#include "platform/desktop/DesktopWorkspace.h"
+#include "platform/desktop/DisplayServer.h"
+#include "platform/desktop/DroppedFiles.h"
+#include "platform/desktop/Translations.h"
+#include "platform/files/FolderBookmarks.h"
+#include "platform/store/Bundle.h"
+#include "platform/store/UserDefaults.h"
+#include "platform/widgets/FileOpenPanel.h"
+#include "platform/widgets/MessageAlertPanel.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -30,15 +30,17 @@
 #include <algorithm>
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString sandboxMarker = QStringLiteral("/.flatpak-info");
+const QString sandboxMarker = u"/.flatpak-info"_s;
 
 void describeApplication(const QString &identifier)
 {
-    QApplication::setApplicationName(QStringLiteral("Tessarine"));
+    QApplication::setApplicationName(u"Tessarine"_s);
     QApplication::setDesktopFileName(identifier);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/org.tessarine.Tessarine.svg")));
+    QApplication::setWindowIcon(QIcon(u":/images/org.tessarine.Tessarine.svg"_s));
     // The main window decides: it may still be waiting for a job when the preferences close.
     QApplication::setQuitOnLastWindowClosed(false);
 }

@@ -1,13 +1,15 @@
 // The program's entry: reads the command line and hands over to the front that it asks for.
 
-#include "app/ExportCommand.h"
 #include "app/ExportFront.h"
-#include "app/ExportOptions.h"
 #include "app/ProgramSetup.h"
 #include "app/WindowFront.h"
-#include "platform/Bundle.h"
+#include "app/command/ExportCommand.h"
+#include "app/command/ExportOptions.h"
+#include "platform/store/Bundle.h"
 
 #include <cstdio>
+
+using namespace Qt::StringLiterals;
 
 int main(int argc, char **argv)
 {
@@ -22,8 +24,7 @@ int main(int argc, char **argv)
         std::printf("%s", qUtf8Printable(ExportOptions::help()));
         return ExportCommand::AllWritten;
     case ExportOptions::Action::ShowVersion:
-        std::printf("Tessarine %s\n",
-                    qUtf8Printable(Bundle::main().value(QStringLiteral("CFBundleShortVersionString"))));
+        std::printf("Tessarine %s\n", qUtf8Printable(Bundle::main().value(u"CFBundleShortVersionString"_s)));
         return ExportCommand::AllWritten;
     case ExportOptions::Action::RefuseUsage:
         break;

@@ -2,8 +2,9 @@
 
 std::int32_t automaticGridHeight(const VXMediaInfoItem &movie, std::int32_t gridWidth)
 {
-    if (movie.pixWidth <= 0)
+    if (movie.pixWidth <= 0) {
         return 0;
+    }
     const auto product = static_cast<std::uint32_t>(movie.pixHeight) * static_cast<std::uint32_t>(gridWidth);
     return static_cast<std::int32_t>(product) / movie.pixWidth;
 }

@@ -1,9 +1,9 @@
 #include "collage/DefaultParameters.h"
 
+#include "Shared/PreferenceKeys.h"
 #include "collage/CollageForm.h"
 #include "media/VXMediaInfoItem.h"
-#include "platform/PreferenceKeys.h"
-#include "platform/StoredColor.h"
+#include "platform/store/StoredColor.h"
 
 namespace {
 

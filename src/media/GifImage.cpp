@@ -15,8 +15,9 @@ class MemoryFile {
 public:
     MemoryFile()
     {
-        if (avio_open_dyn_buf(&io) < 0)
+        if (avio_open_dyn_buf(&io) < 0) {
             io = nullptr;
+        }
     }
     ~MemoryFile() { close(); }
     MemoryFile(const MemoryFile &) = delete;
@@ -27,8 +28,9 @@ public:
     /// Ends the file and gives its bytes; none when writing them failed.
     QByteArray close()
     {
-        if (!io)
+        if (!io) {
             return {};
+        }
         const bool failed = io->error < 0;
         std::uint8_t *bytes = nullptr;
         const int size = avio_close_dyn_buf(std::exchange(io, nullptr), &bytes);
@@ -44,27 +46,31 @@ CodecContext openEncoder(int width, int height)
 {
     const AVCodec *codec = avcodec_find_encoder(AV_CODEC_ID_GIF);
     CodecContext encoder(codec ? avcodec_alloc_context3(codec) : nullptr);
-    if (!encoder)
+    if (!encoder) {
         return nullptr;
+    }
     encoder->width = width;
     encoder->height = height;
     encoder->pix_fmt = AV_PIX_FMT_PAL8;
     encoder->time_base = {1, 100};
-    if (avcodec_open2(encoder.get(), codec, nullptr) < 0)
+    if (avcodec_open2(encoder.get(), codec, nullptr) < 0) {
         return nullptr;
+    }
     return encoder;
 }
 
 Frame palettedFrame(const QImage &indexed)
 {
     Frame frame(av_frame_alloc());
-    if (!frame)
+    if (!frame) {
         return nullptr;
+    }
     frame->format = AV_PIX_FMT_PAL8;
     frame->width = indexed.width();
     frame->height = indexed.height();
-    if (av_frame_get_buffer(frame.get(), 0) < 0)
+    if (av_frame_get_buffer(frame.get(), 0) < 0) {
         return nullptr;
+    }
     for (int y = 0; y < indexed.height(); ++y) {
         std::memcpy(frame->data[0] + std::ptrdiff_t{y} * frame->linesize[0], indexed.constScanLine(y),
                     static_cast<std::size_t>(indexed.width()));
@@ -80,16 +86,18 @@ Packet encode(AVCodecContext &encoder, const AVFrame &frame)
 {
     Packet packet(av_packet_alloc());
     if (!packet || avcodec_send_frame(&encoder, &frame) < 0 || avcodec_send_frame(&encoder, nullptr) < 0 ||
-        avcodec_receive_packet(&encoder, packet.get()) < 0)
+        avcodec_receive_packet(&encoder, packet.get()) < 0) {
         return nullptr;
+    }
     return packet;
 }
 
 QByteArray mux(const AVCodecContext &encoder, AVPacket &packet)
 {
     AVFormatContext *raw = nullptr;
-    if (avformat_alloc_output_context2(&raw, nullptr, "gif", nullptr) < 0)
+    if (avformat_alloc_output_context2(&raw, nullptr, "gif", nullptr) < 0) {
         return {};
+    }
     const OutputContext muxer(raw);
     MemoryFile file;
     muxer->pb = file.get();
@@ -98,8 +106,9 @@ QByteArray mux(const AVCodecContext &encoder, AVPacket &packet)
     options.set("loop", "-1"); // a picture, not an animation
     if (!muxer->pb || !stream || avcodec_parameters_from_context(stream->codecpar, &encoder) < 0 ||
         avformat_write_header(muxer.get(), &options.entries) < 0 || av_write_frame(muxer.get(), &packet) < 0 ||
-        av_write_trailer(muxer.get()) < 0)
+        av_write_trailer(muxer.get()) < 0) {
         return {};
+    }
     return file.close();
 }
 
@@ -108,8 +117,9 @@ QByteArray mux(const AVCodecContext &encoder, AVPacket &packet)
 QByteArray encodeGif(const QImage &image)
 {
     static constexpr int longestSide = 0xFFFF; // what the format's 16-bit fields hold
-    if (image.isNull() || std::max(image.width(), image.height()) > longestSide)
+    if (image.isNull() || std::max(image.width(), image.height()) > longestSide) {
         return {};
+    }
     FFMpegInit();
 
     const CodecContext encoder = openEncoder(image.width(), image.height());

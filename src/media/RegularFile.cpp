@@ -1,12 +1,14 @@
 #include "media/RegularFile.h"
 
-#include "platform/FileDescriptor.h"
+#include "platform/files/FileDescriptor.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
 #include <system_error>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -19,19 +21,24 @@ RegularFileCheck failure(int error)
 
 RegularFileCheck checkRegularFile(const QByteArray &path)
 {
-    if (path.contains('\0'))
+    if (path.contains('\0')) {
         return failure(ENOENT); // the system would see another, shorter path
+    }
 
     const FileDescriptor file(::open(path.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (!file.isOpen())
+    if (!file.isOpen()) {
         return failure(errno);
+    }
 
     struct stat status = {};
-    if (::fstat(file.get(), &status) != 0)
+    if (::fstat(file.get(), &status) != 0) {
         return failure(errno);
-    if (S_ISDIR(status.st_mode))
-        return {QStringLiteral("is a folder"), 0};
-    if (!S_ISREG(status.st_mode))
-        return {QStringLiteral("is not a regular file"), 0};
+    }
+    if (S_ISDIR(status.st_mode)) {
+        return {u"is a folder"_s, 0};
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return {u"is not a regular file"_s, 0};
+    }
     return {{}, status.st_size};
 }

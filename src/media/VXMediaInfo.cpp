@@ -2,7 +2,7 @@
 
 #include "media/FFmpegHandles.h"
 #include "media/RegularFile.h"
-#include "platform/PathText.h"
+#include "platform/files/PathText.h"
 
 extern "C" {
 #include <libavutil/display.h>
@@ -14,6 +14,8 @@ extern "C" {
 #include <span>
 #include <string_view>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 using namespace FFmpegHandles;
 
@@ -37,11 +39,13 @@ int openRegularFile(AVFormatContext *context, AVIOContext **file, const char *ur
 {
     static constexpr std::string_view scheme = "file:";
     std::string_view path = url;
-    if (path.starts_with(scheme))
+    if (path.starts_with(scheme)) {
         path.remove_prefix(scheme.size());
+    }
     const auto check = checkRegularFile(QByteArray(path.data(), static_cast<qsizetype>(path.size())));
-    if (!check.problem.isEmpty())
+    if (!check.problem.isEmpty()) {
         return AVERROR(EACCES);
+    }
     return static_cast<const ProbeGuard *>(context->opaque)->openPlainly(context, file, url, flags, options);
 }
 
@@ -53,8 +57,9 @@ const QByteArray &allowedDemuxers()
         QByteArray list;
         void *position = nullptr;
         while (const AVInputFormat *format = av_demuxer_iterate(&position)) {
-            if (std::ranges::find(openUnseen, format->name) == openUnseen.end())
+            if (std::ranges::find(openUnseen, format->name) == openUnseen.end()) {
                 list.append(list.isEmpty() ? "" : ",").append(format->name);
+            }
         }
         return list;
     }();
@@ -66,9 +71,9 @@ QString describe(int code)
     switch (code) {
     case AVERROR_INVALIDDATA:
     case AVERROR(EINVAL):
-        return QStringLiteral("is not a media file or is damaged");
+        return u"is not a media file or is damaged"_s;
     case AVERROR_EXIT:
-        return QStringLiteral("reading was cancelled");
+        return u"reading was cancelled"_s;
     default:
         break;
     }
@@ -96,8 +101,9 @@ InputContext openContainer(const QByteArray &path, ProbeGuard &guard, int &code)
     AVFormatContext *raw = context.release();
     code = avformat_open_input(&raw, QByteArray("file:" + path).constData(), nullptr, &options.entries);
     context.reset(raw);
-    if (code >= 0)
+    if (code >= 0) {
         code = avformat_find_stream_info(context.get(), nullptr);
+    }
     return context;
 }
 
@@ -111,10 +117,12 @@ std::span<AVStream *const> streamsOf(const AVFormatContext &context)
 std::int64_t rank(const AVStream &stream)
 {
     std::int64_t score = std::int64_t{stream.codecpar->width} * stream.codecpar->height;
-    if ((stream.event_flags & AVSTREAM_EVENT_FLAG_NEW_PACKETS) != 0)
+    if ((stream.event_flags & AVSTREAM_EVENT_FLAG_NEW_PACKETS) != 0) {
         score += 100'000'000;
-    if ((stream.disposition & AV_DISPOSITION_DEFAULT) != 0)
+    }
+    if ((stream.disposition & AV_DISPOSITION_DEFAULT) != 0) {
         score += 5'000'000;
+    }
     return score;
 }
 
@@ -124,10 +132,12 @@ const AVStream *chooseVideo(const AVFormatContext &context)
     const AVStream *best = nullptr;
     for (const AVStream *stream : streamsOf(context)) {
         if (stream->codecpar->codec_type != AVMEDIA_TYPE_VIDEO ||
-            (stream->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0)
+            (stream->disposition & AV_DISPOSITION_ATTACHED_PIC) != 0) {
             continue;
-        if (!best || rank(*stream) > rank(*best))
+        }
+        if (!best || rank(*stream) > rank(*best)) {
             best = stream;
+        }
     }
     return best;
 }
@@ -145,12 +155,15 @@ VXMediaType kindOf(const AVFormatContext &context, const AVStream *video)
     static constexpr std::array<std::string_view, 5> textArt = {"tty", "bin", "xbin", "adf", "idf"};
 
     const std::string_view format = context.iformat->name;
-    if (std::ranges::find(textArt, format) != textArt.end())
+    if (std::ranges::find(textArt, format) != textArt.end()) {
         return VXMediaType::Unknown;
-    if (format.ends_with("_pipe") || std::ranges::find(stillImages, format) != stillImages.end())
+    }
+    if (format.ends_with("_pipe") || std::ranges::find(stillImages, format) != stillImages.end()) {
         return VXMediaType::Image;
-    if (video)
+    }
+    if (video) {
         return VXMediaType::Movie;
+    }
     return hasAudio(context) ? VXMediaType::Audio : VXMediaType::Unknown;
 }
 
@@ -160,8 +173,9 @@ bool isTurnedByQuarter(const AVStream &stream)
     std::size_t size = 0;
     const auto *bytes = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, &size);
     std::array<std::int32_t, 9> matrix = {};
-    if (!bytes || size < sizeof matrix)
+    if (!bytes || size < sizeof matrix) {
         return false;
+    }
     std::copy_n(bytes, sizeof matrix, reinterpret_cast<std::uint8_t *>(matrix.data()));
     const double degrees = std::abs(std::round(av_display_rotation_get(matrix.data()))); // 0 to 180, or not a number
     return std::abs(degrees - 90.0) < 1.0;
@@ -188,10 +202,12 @@ double durationOf(const AVFormatContext &context, const AVStream *video)
 {
     double ofContainer = 0.0;
     double ofStream = 0.0;
-    if (context.duration != AV_NOPTS_VALUE)
+    if (context.duration != AV_NOPTS_VALUE) {
         ofContainer = sane(static_cast<double>(context.duration) / AV_TIME_BASE);
-    if (video && video->duration != AV_NOPTS_VALUE)
+    }
+    if (video && video->duration != AV_NOPTS_VALUE) {
         ofStream = sane(static_cast<double>(video->duration) * sane(video->time_base));
+    }
     return firstSane({ofContainer, ofStream});
 }
 
@@ -231,8 +247,9 @@ void VXMediaInfo::dumpMediaInfo(VXMediaInfoItem &item, std::optional<MediaError>
     ProbeGuard guard{cancelled};
     int code = 0;
     const InputContext context = openContainer(path, guard, code);
-    if (cancelled)
+    if (cancelled) {
         code = AVERROR_EXIT;
+    }
     if (code < 0) {
         error = MediaError{describe(code)};
         return;
@@ -241,11 +258,12 @@ void VXMediaInfo::dumpMediaInfo(VXMediaInfoItem &item, std::optional<MediaError>
     const AVStream *video = chooseVideo(*context);
     const VXMediaType kind = kindOf(*context, video);
     if (kind == VXMediaType::Movie && (video->codecpar->width <= 0 || video->codecpar->height <= 0)) {
-        error = MediaError{QStringLiteral("has a picture without a size")};
+        error = MediaError{u"has a picture without a size"_s};
         return;
     }
     item.eumMediaType = kind;
     item.duration = durationOf(*context, video);
-    if (video)
+    if (video) {
         fillVideoFields(item, *context, *video, file.size);
+    }
 }

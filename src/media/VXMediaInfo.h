@@ -1,7 +1,7 @@
 #pragma once
 
 #include "media/VXMediaInfoItem.h"
-#include "platform/CancelFlag.h"
+#include "platform/threads/CancelFlag.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "online/HostLookup.h"
 
-#include "platform/AlternateStack.h"
+#include "platform/threads/AlternateStack.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -12,6 +12,8 @@
 #include <system_error>
 #include <thread>
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 /// What the asker and the thread share; the thread may well outlive the asker.
 struct HostLookup::Question {
@@ -27,7 +29,7 @@ struct HostLookup::Question {
         addrinfo *addresses = nullptr;
         const int status = ::getaddrinfo(host.constData(), nullptr, &hints, &addresses);
         if (status != 0) {
-            return QString::fromLocal8Bit(host) + QStringLiteral(": ") + QString::fromLocal8Bit(::gai_strerror(status));
+            return QString::fromLocal8Bit(host) + u": "_s + QString::fromLocal8Bit(::gai_strerror(status));
         }
         ::freeaddrinfo(addresses);
         return {};

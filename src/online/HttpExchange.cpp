@@ -7,6 +7,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// Says no more of the user and the machine than the request itself does: without these headers the toolkit would send
@@ -44,25 +46,24 @@ QString errorOf(const QNetworkReply &reply)
         return {};
     }
     const int status = statusOf(reply);
-    return status >= 400 ? QStringLiteral("HTTP status %1").arg(status) : reply.errorString();
+    return status >= 400 ? u"HTTP status %1"_s.arg(status) : reply.errorString();
 }
 
 } // namespace
 
 bool isWebAddress(const QUrl &url)
 {
-    return url.isValid() && !url.host().isEmpty() &&
-           (url.scheme() == QStringLiteral("http") || url.scheme() == QStringLiteral("https"));
+    return url.isValid() && !url.host().isEmpty() && (url.scheme() == u"http"_s || url.scheme() == u"https"_s);
 }
 
 HttpExchange::HttpExchange(HttpRequest wanted, Callback wantsAnswer, std::chrono::milliseconds timeout) :
     request(std::move(wanted)), callback(std::move(wantsAnswer))
 {
     deadline.setSingleShot(true);
-    QObject::connect(&deadline, &QTimer::timeout, &receiver, [this] { end(QStringLiteral("no answer in time")); });
+    QObject::connect(&deadline, &QTimer::timeout, &receiver, [this] { end(u"no answer in time"_s); });
     deadline.start(timeout);
     if (!isWebAddress(request.url)) {
-        end(QStringLiteral("not a web address: ") + request.url.toDisplayString());
+        end(u"not a web address: "_s + request.url.toDisplayString());
         return;
     }
     // A host that is not found, or not soon, never gets as far as the toolkit, whose own search for it would hold up
@@ -94,7 +95,7 @@ void HttpExchange::receive()
 {
     answer.body += reply->readAll();
     if (answer.body.size() > largestBody) {
-        end(QStringLiteral("the answer is too large"));
+        end(u"the answer is too large"_s);
     }
 }
 

@@ -1,7 +1,7 @@
 #include "online/NetworkWatch.h"
 
 #include "platform/Log.h"
-#include "platform/NotificationCenter.h"
+#include "platform/threads/NotificationCenter.h"
 
 #include <sys/socket.h>
 

@@ -1,8 +1,10 @@
 #include "online/ServiceUrl.h"
 
 #include "online/HttpExchange.h"
-#include "platform/Bundle.h"
 #include "platform/Log.h"
+#include "platform/store/Bundle.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -13,7 +15,7 @@ constexpr const char *environmentVariable = "TESSARINE_SERVICE_URL";
 ServiceUrl ServiceUrl::ofThisProgram(const Bundle &bundle)
 {
     return ServiceUrl(qEnvironmentVariableIsSet(environmentVariable) ? qEnvironmentVariable(environmentVariable)
-                                                                     : bundle.value(QStringLiteral("ServiceURL")));
+                                                                     : bundle.value(u"ServiceURL"_s));
 }
 
 QUrl ServiceUrl::page(const QString &path, const QString &query) const
@@ -21,7 +23,7 @@ QUrl ServiceUrl::page(const QString &path, const QString &query) const
     if (base.isEmpty()) {
         return {};
     }
-    const QString slash = base.endsWith(u'/') ? QString() : QStringLiteral("/");
+    const QString slash = base.endsWith(u'/') ? QString() : u"/"_s;
     const QString address = base + slash + path + u'?' + query;
     QUrl url(address, QUrl::StrictMode);
     if (!isWebAddress(QUrl(base, QUrl::StrictMode)) || !isWebAddress(url)) {

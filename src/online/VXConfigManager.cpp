@@ -1,16 +1,18 @@
 #include "online/VXConfigManager.h"
 
 #include "Shared/HostIdentity.h"
+#include "Shared/PreferenceKeys.h"
 #include "online/HttpExchange.h"
 #include "online/ServiceUrl.h"
-#include "platform/Bundle.h"
 #include "platform/Log.h"
-#include "platform/PreferenceKeys.h"
-#include "platform/UserDefaults.h"
+#include "platform/store/Bundle.h"
+#include "platform/store/UserDefaults.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QJsonValue>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -54,9 +56,9 @@ void VXConfigManager::setExperimental(bool experimental)
 void VXConfigManager::getOnlineConfig(const ServiceUrl &service, const Bundle &bundle,
                                       std::chrono::milliseconds timeout)
 {
-    const QString query = u"appver=" + bundle.value(QStringLiteral("CFBundleShortVersionString")) + u"&appid=" +
+    const QString query = u"appver=" + bundle.value(u"CFBundleShortVersionString"_s) + u"&appid=" +
                           bundle.identifier() + u"&sysver=" + GlobalFun::getSystemVersionString() + u"&appstore=0";
-    const QUrl url = service.page(QStringLiteral("common_task/getconfig.php"), query);
+    const QUrl url = service.page(u"common_task/getconfig.php"_s, query);
     if (!url.isEmpty()) {
         request = std::make_unique<HttpExchange>(
             HttpRequest{url, {}}, [this](const HttpAnswer &answer) { takeAnswer(answer); }, timeout);

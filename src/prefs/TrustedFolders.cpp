@@ -2,16 +2,18 @@
 
 #include "Shared/Bookmark.h"
 #include "Shared/FileHelper.h"
-#include "platform/FolderBookmarks.h"
+#include "Shared/PreferenceKeys.h"
 #include "platform/Log.h"
-#include "platform/PathText.h"
-#include "platform/PreferenceKeys.h"
-#include "platform/UserDefaults.h"
+#include "platform/files/FolderBookmarks.h"
+#include "platform/files/PathText.h"
+#include "platform/store/UserDefaults.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -66,7 +68,7 @@ void TrustedFolders::loadBookmark(const QByteArray &data)
 bool TrustedFolders::append(const QString &path)
 {
     if (aryItems.contains(path)) {
-        qCInfo(lcTessarine).noquote() << QStringLiteral("已经存在");
+        qCInfo(lcTessarine).noquote() << u"已经存在"_s;
         return false;
     }
     aryItems << path;

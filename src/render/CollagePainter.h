@@ -1,7 +1,7 @@
 #pragma once
 
 #include "collage/CollageSettings.h"
-#include "platform/CancelFlag.h"
+#include "platform/threads/CancelFlag.h"
 #include "render/CollageLayout.h"
 #include "render/CollageTexts.h"
 #include "render/TextBlock.h"

@@ -3,7 +3,7 @@
 #include "Shared/NumberText.h"
 #include "Shared/SizeFit.h"
 #include "platform/Log.h"
-#include "platform/SvgImage.h"
+#include "platform/desktop/SvgImage.h"
 #include "render/CollageLayout.h"
 #include "render/TextBlock.h"
 
@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <cmath>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -139,7 +141,7 @@ private:
 
 QImage previewPlaceholder(qreal devicePixelRatio)
 {
-    return svgImage(QStringLiteral(":/images/image_photo.svg"), {placeholderSide, placeholderSide}, devicePixelRatio);
+    return svgImage(u":/images/image_photo.svg"_s, {placeholderSide, placeholderSide}, devicePixelRatio);
 }
 
 void drawCollagePreview(QPainter &painter, const QRectF &bounds, const CollageSettings &settings,

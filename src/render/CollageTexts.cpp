@@ -1,7 +1,7 @@
 #include "render/CollageTexts.h"
 
-#include "platform/PreferenceKeys.h"
-#include "platform/StoredColor.h"
+#include "Shared/PreferenceKeys.h"
+#include "platform/store/StoredColor.h"
 #include "render/TextBlock.h"
 
 CollageTextStyles CollageTextStyles::fromDefaults(const UserDefaults &defaults)

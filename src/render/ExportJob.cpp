@@ -2,14 +2,14 @@
 
 #include "Shared/FrameGrabber.h"
 #include "Shared/PathParts.h"
+#include "Shared/PreferenceKeys.h"
 #include "collage/KTMovieObject.h"
-#include "platform/AlertPanel.h"
 #include "platform/Log.h"
-#include "platform/NewFile.h"
-#include "platform/PathText.h"
-#include "platform/PreferenceKeys.h"
-#include "platform/UserDefaults.h"
-#include "platform/Workspace.h"
+#include "platform/desktop/AlertPanel.h"
+#include "platform/desktop/Workspace.h"
+#include "platform/files/NewFile.h"
+#include "platform/files/PathText.h"
+#include "platform/store/UserDefaults.h"
 #include "render/CollagePainter.h"
 #include "render/ExportObserver.h"
 #include "render/ImageEncoder.h"
@@ -19,6 +19,8 @@
 #include "render/TileSource.h"
 
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -53,9 +55,7 @@ private:
 QString impossibleCanvas(const CollageLayout &layout)
 {
     const QSizeF size = layout.canvasSize();
-    return QStringLiteral("a collage of %1 × %2 pixels cannot be made")
-        .arg(size.width(), 0, 'f', 0)
-        .arg(size.height(), 0, 'f', 0);
+    return u"a collage of %1 × %2 pixels cannot be made"_s.arg(size.width(), 0, 'f', 0).arg(size.height(), 0, 'f', 0);
 }
 
 } // namespace
@@ -89,16 +89,14 @@ void ExportJob::exportMovie(const KTMovieObject &movie, int index)
     const std::int64_t format = services.defaults.int64Value(PreferenceKeys::outputFormat);
     const std::optional<QString> extension = OutputFile::extensionForFormat(format);
     if (!extension) {
-        fail(movie, QStringLiteral("no image format has the number %1").arg(format));
+        fail(movie, u"no image format has the number %1"_s.arg(format));
         return;
     }
     QString path = OutputFile::freePath(folderFor(movie), movie.filePath, *extension);
     const QString folder = GlobalFun::deletingLastPathComponent(path);
     if (!OutputFile::isWritableFolder(folder)) {
-        const QString message =
-            QStringLiteral("The output path %1 is not writable,Please set up the priviledge at the Finder");
-        if (services.alert.run(QStringLiteral("Alert!"), message.arg(PathText::forDisplay(folder)),
-                               {QStringLiteral("Continue")}) == 0) {
+        const QString message = u"The output path %1 is not writable,Please set up the priviledge at the Finder"_s;
+        if (services.alert.run(u"Alert!"_s, message.arg(PathText::forDisplay(folder)), {u"Continue"_s}) == 0) {
             return;
         }
     }
@@ -139,7 +137,7 @@ QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, const
     }
     const QByteArray bytes = GlobalFun::dataRepresentationOfType(canvas, extension);
     if (bytes.isEmpty()) {
-        fail(movie, QStringLiteral("the image cannot be encoded as ") + extension);
+        fail(movie, u"the image cannot be encoded as "_s + extension);
         return path;
     }
     std::error_code error = writeNewFile(path, bytes);
@@ -148,7 +146,7 @@ QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, const
         error = writeNewFile(path, bytes);
     }
     if (error) {
-        fail(movie, PathText::forDisplay(path) + QStringLiteral(": ") + QString::fromStdString(error.message()));
+        fail(movie, PathText::forDisplay(path) + u": "_s + QString::fromStdString(error.message()));
     } else {
         services.observer.imageWritten(movie.filePath, path);
     }

@@ -5,7 +5,7 @@
 #include "Shared/PathParts.h"
 #include "Shared/TimeFormat.h"
 #include "media/VXMediaInfoItem.h"
-#include "platform/PathText.h"
+#include "platform/files/PathText.h"
 
 #include <QDateTime>
 

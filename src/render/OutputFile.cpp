@@ -2,7 +2,7 @@
 
 #include "Shared/OutputName.h"
 #include "Shared/PathParts.h"
-#include "platform/PathText.h"
+#include "platform/files/PathText.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -7,11 +7,13 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace GlobalFun;
 using namespace testing;
 
 const CancelFlag never{false};
-const QStringList filter = {QStringLiteral("mkv"), QStringLiteral("mp4")};
+const QStringList filter = {u"mkv"_s, u"mp4"_s};
 
 /// What the scan finds, relative to the folder.
 static std::vector<std::string> scan(const ScratchFolder &folder, const QStringList &extensions = filter)
@@ -29,8 +31,9 @@ TEST(MovieScan, FindsMoviesByTheirExtensionAnywhereBelow)
 {
     const ScratchFolder folder;
     for (const char *name : {"x/y/Z.MKV", ".hidden.mp4", "caf\xe9.mp4", "line\nbreak.Mp4", "no-extension", "mp4",
-                             "notes.txt", "a.mp4.part", "folder.mp4/inside.mkv", "ends."})
+                             "notes.txt", "a.mp4.part", "folder.mp4/inside.mkv", "ends."}) {
         folder.write(name);
+    }
     folder.link("x", "also-x");
     folder.link("x/y/Z.MKV", "link.mkv");
     folder.link("nowhere.mp4", "dangling.mp4");
@@ -46,8 +49,9 @@ TEST(MovieScan, DoesNotEnterAFolderInsideItself)
     const ScratchFolder folder;
     folder.write("a/1.mp4");
     folder.write("b/2.mp4");
-    for (const char *name : {"self", "again", "and-again"})
+    for (const char *name : {"self", "again", "and-again"}) {
         folder.link(".", name);
+    }
     folder.link("../b", "a/to-b");
     folder.link("../a", "b/to-a");
     EXPECT_THAT(scan(folder), UnorderedElementsAre("a/1.mp4", "a/to-b/2.mp4", "b/2.mp4", "b/to-a/1.mp4"));
@@ -81,11 +85,13 @@ TEST(FolderMaking, MakesFoldersAndLeavesFilesAlone)
     folder.makeFolder("there");
     folder.link("there", "link");
     folder.link("nowhere", "dangling");
-    for (const char *good : {"there", "link", "a/b/c", "d/e/", "caf\xe9"})
+    for (const char *good : {"there", "link", "a/b/c", "d/e/", "caf\xe9"}) {
         EXPECT_TRUE(MakeSureFolderExsist(folder.path(good))) << good;
-    for (const char *bad : {"file", "file/x", "dangling", "../../proc/x"})
+    }
+    for (const char *bad : {"file", "file/x", "dangling", "../../proc/x"}) {
         EXPECT_FALSE(MakeSureFolderExsist(folder.path(bad))) << bad;
+    }
     EXPECT_FALSE(MakeSureFolderExsist({}));
     EXPECT_EQ(folder.read("file"), "contents");
-    EXPECT_EQ(folder.names("a/b"), QStringList(u"c"_qs));
+    EXPECT_EQ(folder.names("a/b"), QStringList(u"c"_s));
 }

@@ -15,8 +15,9 @@ TEST(TimeFormat, WritesHoursMinutesSeconds)
         {3599.99, "00:59:59"},   {360000, "100:00:00"}, {-5, "00:00:-5"},       {-3600, "00:00"},
         {1e300, "596523:14:07"}, {-infinite, "-14:-8"}, {noNumber, "00:00:00"},
     };
-    for (const auto &[seconds, text] : cases)
+    for (const auto &[seconds, text] : cases) {
         EXPECT_EQ(getTimeStringBySecond(seconds).toStdString(), text) << seconds;
+    }
 }
 
 TEST(TimeFormat, ReadsSecondsByTheirPlaceFromTheLeft)
@@ -27,8 +28,9 @@ TEST(TimeFormat, ReadsSecondsByTheirPlaceFromTheLeft)
         {"inf:nan:0x10", 0},     {"0:0:1,5", 1},    {"+-1", 0},     {"0:0:1e999", infinite},
         {"0:0:\xe2\x91\xa0", 0},
     };
-    for (const auto &[text, seconds] : cases)
+    for (const auto &[text, seconds] : cases) {
         EXPECT_EQ(getSecondsByTimeString(QString::fromUtf8(text)), seconds) << text;
+    }
 }
 
 TEST(TimeFormat, EstimatesTheTimeLeft)
@@ -45,6 +47,7 @@ TEST(TimeFormat, EstimatesTheTimeLeft)
         {noNumber, "0 hour 0 minite remaining"},
         {infinite, "596523 hours 35791394 minites remaining"},
     };
-    for (const auto &[seconds, text] : cases)
+    for (const auto &[seconds, text] : cases) {
         EXPECT_EQ(getEstimateStrBySecond(seconds).toStdString(), text) << seconds;
+    }
 }

@@ -2,7 +2,7 @@
 
 #include "media/VXMediaInfo.h"
 #include "movies/ColorClock.h"
-#include "platform/PathText.h"
+#include "platform/files/PathText.h"
 #include "support/ScriptedTool.h"
 
 #include <QLocale>
@@ -12,10 +12,12 @@
 #include <cmath>
 #include <thread>
 
+using namespace Qt::StringLiterals;
+
 using namespace testing;
 
 const QString movies = QStringLiteral(TESSARINE_TEST_MOVIES "/");
-const QString picture = movies + QStringLiteral("picture.jpg");
+const QString picture = movies + u"picture.jpg"_s;
 const CancelFlag never{false};
 
 /// The start of a tool's script that puts a picture where it was told to.
@@ -68,7 +70,7 @@ TEST_F(FrameGrabberTest, GivesTheToolItsArgumentsInOrder)
                                          "-vframes", "1",  "-y", folder.bytes("x.jpg")};
         EXPECT_EQ(folder.read("recorded"), expected.join('\0') + '\0');
     }
-    EXPECT_FALSE(grabber.createThumbnail(QStringLiteral("/dev/null"), 0.0, never).isNew) << "is no movie: not run";
+    EXPECT_FALSE(grabber.createThumbnail(u"/dev/null"_s, 0.0, never).isNew) << "is no movie: not run";
     QLocale::setDefault(QLocale::c());
 }
 
@@ -77,8 +79,9 @@ TEST_F(FrameGrabberTest, GrabsOneAfterTheOther)
     const QByteArray script = "cd \"${0%/*}\"; mkdir lock || touch overlap;" + writePicture + "rmdir lock";
     FrameGrabber grabber(scriptedTool(folder, "tool", script), folder.path());
     const auto grabSix = [&grabber] {
-        for (int grab = 0; grab < 6; ++grab)
+        for (int grab = 0; grab < 6; ++grab) {
             EXPECT_TRUE(grabber.createThumbnail(picture, grab, never).isNew);
+        }
     };
     std::jthread other(grabSix);
     grabSix();

@@ -1,11 +1,13 @@
 #include "Shared/HostIdentity.h"
 
-#include "platform/UserDefaults.h"
+#include "platform/store/UserDefaults.h"
 #include "support/ScratchFolder.h"
 
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 using namespace GlobalFun;
 
@@ -14,7 +16,7 @@ TEST(HostIdentity, KeepsOneIdentifierForGood)
     const ScratchFolder folder;
     UserDefaults defaults(folder.path("store.ini"));
     const QString guid = getGUID(defaults);
-    const QRegularExpression form(QStringLiteral("^[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}$"));
+    const QRegularExpression form(u"^[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}$"_s);
     EXPECT_TRUE(form.match(guid).hasMatch());
     EXPECT_EQ(getGUID(defaults), guid);
     UserDefaults another(folder.path("store.ini")); // written at once, not at the end

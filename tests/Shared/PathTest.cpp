@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 using namespace GlobalFun;
 
 TEST(OutputName, IsFreeAndHasTheExtension)
@@ -16,9 +18,10 @@ TEST(OutputName, IsFreeAndHasTheExtension)
     };
     for (const auto &[taken, wanted, given] : cases) {
         const ScratchFolder folder;
-        for (const char *name : taken)
+        for (const char *name : taken) {
             folder.write(name);
-        EXPECT_EQ(makeSureFullPathIdentical(folder.path(wanted), u"jpg"_qs), folder.path(given));
+        }
+        EXPECT_EQ(makeSureFullPathIdentical(folder.path(wanted), u"jpg"_s), folder.path(given));
     }
 }
 
@@ -26,9 +29,9 @@ TEST(OutputName, TakesADanglingLinkForAFileAndLeavesAnImpossibleNameToTheWriter)
 {
     const ScratchFolder folder;
     folder.link("nowhere", "a.jpg");
-    EXPECT_EQ(makeSureFullPathIdentical(folder.path("a"), QStringLiteral("jpg")), folder.path("a(1).jpg"));
+    EXPECT_EQ(makeSureFullPathIdentical(folder.path("a"), u"jpg"_s), folder.path("a(1).jpg"));
     const QString tooLong = folder.path(QByteArray(300, 'n') + ".jpg");
-    EXPECT_EQ(makeSureFullPathIdentical(tooLong, QStringLiteral("jpg")), tooLong);
+    EXPECT_EQ(makeSureFullPathIdentical(tooLong, u"jpg"_s), tooLong);
     const QString holdsNul = folder.path() + QChar::Null + u".jpg";
-    EXPECT_EQ(makeSureFullPathIdentical(holdsNul, QStringLiteral("jpg")), holdsNul);
+    EXPECT_EQ(makeSureFullPathIdentical(holdsNul, u"jpg"_s), holdsNul);
 }

@@ -21,10 +21,12 @@ public:
     void appendOutput(const QString &text) override
     {
         output += text;
-        if (events.empty() || events.back() != "output")
+        if (events.empty() || events.back() != "output") {
             events.emplace_back("output");
-        if (onOutput)
+        }
+        if (onOutput) {
             onOutput();
+        }
     }
 
     std::vector<std::string> events;
@@ -142,8 +144,9 @@ TEST_F(TaskWrapperTest, NeverLeavesAProcessBehind)
         for (const bool suspended : {false, true}) {
             TaskWrapper task(nullptr, {tool});
             task.startProcess();
-            if (suspended)
+            if (suspended) {
                 task.suspend();
+            }
         }
     }
 }

@@ -1,11 +1,13 @@
 #include "collage/DefaultParameters.h"
 
 #include "media/VXMediaInfoItem.h"
-#include "platform/ColorArchive.h"
-#include "platform/UserDefaults.h"
+#include "platform/store/ColorArchive.h"
+#include "platform/store/UserDefaults.h"
 #include "support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
 
 struct DefaultParametersTest : testing::Test {
     DefaultParametersTest() { movie.pixWidth = 1920, movie.pixHeight = 1080; }
@@ -27,9 +29,10 @@ TEST_F(DefaultParametersTest, EachKeyReachesItsField)
     const std::pair<const char *, int> numbers[] = {{"DefaultRowNumber", 5},   {"DefaultColumeNumber", 7},
                                                     {"DefaultTileWidth", 301}, {"DefaultTileBorderWidth", 6},
                                                     {"DefaultHGaps", 10},      {"DefaultVGaps", 2}};
-    for (const auto &[key, value] : numbers)
+    for (const auto &[key, value] : numbers) {
         defaults.setInteger(QLatin1StringView(key), value);
-    defaults.setText("DefaultBorderWidth", QStringLiteral("12.9"));
+    }
+    defaults.setText("DefaultBorderWidth", u"12.9"_s);
     defaults.setBool("DefaultDrawShadow", true);
     defaults.setData("DefultBkgColor", ColorArchive::archive(QColor(10, 20, 30, 40)));
     defaults.setData("DefaultTileBorderColor", "no colour");

@@ -1,14 +1,17 @@
 #include "desktop/Desktop.h"
 
+using namespace Qt::StringLiterals;
+
 Desktop::Desktop()
 {
-    for (const char *name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR", "LANGUAGE"})
+    for (const char *name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR", "LANGUAGE"}) {
         environment.remove(QString::fromLatin1(name));
+    }
     folder.makeFolder("run");
     folder.setMode(0700, "run");
     const std::pair<const char *, QString> variables[] = {
-        {"QT_QPA_PLATFORM", u"xcb"_qs},
-        {"LC_ALL", u"C.UTF-8"_qs},
+        {"QT_QPA_PLATFORM", u"xcb"_s},
+        {"LC_ALL", u"C.UTF-8"_s},
         {"DISPLAY", screen.display()},
         {"DBUS_SESSION_BUS_ADDRESS", bus.address()},
         {"HOME", folder.path()},
@@ -17,8 +20,9 @@ Desktop::Desktop()
         {"XDG_CACHE_HOME", folder.path("cache")},
         {"XDG_RUNTIME_DIR", folder.path("run")},
     };
-    for (const auto &[name, value] : variables)
+    for (const auto &[name, value] : variables) {
         setVariable(QString::fromLatin1(name), value);
+    }
 }
 
 void Desktop::start(QProcess &program, const QString &path, const QStringList &arguments) const
@@ -31,30 +35,31 @@ void Desktop::start(QProcess &program, const QString &path, const QStringList &a
 
 QString Desktop::awaitWindow(const QString &title) const
 {
-    const QStringList search = {u"search"_qs,        u"--sync"_qs, u"--all"_qs,
-                                u"--onlyvisible"_qs, u"--name"_qs, u'^' + title + u'$'};
+    const QStringList search = {u"search"_s,        u"--sync"_s, u"--all"_s,
+                                u"--onlyvisible"_s, u"--name"_s, u'^' + title + u'$'};
     QString window;
-    for (int attempt = 0; window.isEmpty() && attempt < 3; ++attempt)
-        window = tryRun(u"xdotool"_qs, search).value_or(QString()); // it fails when any window goes as it looks
-    xdotool({u"windowactivate"_qs, u"--sync"_qs, window});
+    for (int attempt = 0; window.isEmpty() && attempt < 3; ++attempt) {
+        window = tryRun(u"xdotool"_s, search).value_or(QString()); // it fails when any window goes as it looks
+    }
+    xdotool({u"windowactivate"_s, u"--sync"_s, window});
     return window;
 }
 
 void Desktop::movePointer(QPoint point) const
 {
-    xdotool({u"mousemove"_qs, QString::number(point.x()), QString::number(point.y())});
+    xdotool({u"mousemove"_s, QString::number(point.x()), QString::number(point.y())});
 }
 
 void Desktop::click(QPoint point) const
 {
     movePointer(point);
-    xdotool({u"click"_qs, u"1"_qs});
+    xdotool({u"click"_s, u"1"_s});
 }
 
 void Desktop::grab(const QString &window, const QString &imagePath) const
 {
-    const QString options = u"-v error -y -f x11grab -draw_mouse 0 -window_id %1 -i %2 -frames:v 1"_qs;
-    run(u"ffmpeg"_qs, options.arg(window, screen.display()).split(u' ') + QStringList(imagePath));
+    const QString options = u"-v error -y -f x11grab -draw_mouse 0 -window_id %1 -i %2 -frames:v 1"_s;
+    run(u"ffmpeg"_s, options.arg(window, screen.display()).split(u' ') + QStringList(imagePath));
 }
 
 QString Desktop::run(const QString &tool, const QStringList &arguments) const
@@ -68,7 +73,8 @@ std::optional<QString> Desktop::tryRun(const QString &tool, const QStringList &a
 {
     QProcess program;
     start(program, tool, arguments);
-    if (!program.waitForFinished() || program.exitCode() != 0)
+    if (!program.waitForFinished() || program.exitCode() != 0) {
         return std::nullopt;
+    }
     return QString::fromLatin1(program.readAllStandardOutput().trimmed());
 }

@@ -9,18 +9,21 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 class DragWindow final : public QWidget {
     void mousePressEvent(QMouseEvent * /*event*/) override
     {
         auto *files = new QMimeData;
-        files->setData(QStringLiteral("text/uri-list"), QApplication::arguments().mid(1).join(u"\r\n").toUtf8());
+        files->setData(u"text/uri-list"_s, QApplication::arguments().mid(1).join(u"\r\n").toUtf8());
         auto *drag = new QDrag(this);
         drag->setMimeData(files);
         QObject::connect(drag, &QDrag::actionChanged, this, [](Qt::DropAction action) {
-            if (action != Qt::IgnoreAction)
+            if (action != Qt::IgnoreAction) {
                 std::puts("accepted");
+            }
         });
         std::puts(drag->exec(Qt::CopyAction) == Qt::IgnoreAction ? "kept" : "given");
     }
@@ -33,7 +36,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     DragWindow window;
-    window.setWindowTitle(QStringLiteral("Files"));
+    window.setWindowTitle(u"Files"_s);
     window.setGeometry(1300, 800, 200, 100);
     window.show();
     return QApplication::exec();

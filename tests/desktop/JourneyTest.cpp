@@ -1,13 +1,15 @@
 #include "desktop/Desktop.h"
 #include "desktop/ScreenReader.h"
 #include "movies/ColorClock.h"
-#include "platform/FileUri.h"
+#include "platform/files/FileUri.h"
 
 #include <QImage>
 
 #include <gtest/gtest.h>
 
 #include <csignal>
+
+using namespace Qt::StringLiterals;
 
 /// The real program, used by pointer, keyboard and the desktop's own ways.
 struct JourneyTest : testing::Test {
@@ -33,8 +35,8 @@ struct JourneyTest : testing::Test {
     void start(const QStringList &arguments = {})
     {
         desktop.start(program, QStringLiteral(TESSARINE_EXECUTABLE), arguments);
-        const QString window = desktop.awaitWindow(u"Tessarine"_qs);
-        desktop.xdotool({u"windowmove"_qs, u"--sync"_qs, window, u"0"_qs, u"0"_qs});
+        const QString window = desktop.awaitWindow(u"Tessarine"_s);
+        desktop.xdotool({u"windowmove"_s, u"--sync"_s, window, u"0"_s, u"0"_s});
         reader = std::make_unique<ScreenReader>(desktop.bus.connect(), program.processId());
     }
     /// Runs it while another one may be running; gives its exit status.
@@ -53,27 +55,29 @@ struct JourneyTest : testing::Test {
     void drag(const QString &path, QPoint point)
     {
         desktop.start(files, QStringLiteral(TESSARINE_DRAG_WINDOW), {QString::fromLatin1(FileUri::fromPath(path))});
-        desktop.awaitWindow(u"Files"_qs);
+        desktop.awaitWindow(u"Files"_s);
         desktop.movePointer({1400, 850});
-        desktop.xdotool({u"mousedown"_qs, u"1"_qs});
-        for (const QPoint way : {QPoint(1420, 870), point - QPoint(5, 5), point})
+        desktop.xdotool({u"mousedown"_s, u"1"_s});
+        for (const QPoint way : {QPoint(1420, 870), point - QPoint(5, 5), point}) {
             desktop.movePointer(way);
+        }
         EXPECT_EQ(nextLine(files), "accepted");
-        desktop.xdotool({u"mouseup"_qs, u"1"_qs});
+        desktop.xdotool({u"mouseup"_s, u"1"_s});
         EXPECT_EQ(nextLine(files), "given");
     }
     /// Waits until the movie is in the list and no job is running: jobs cover the window with a sheet. Where it is.
     QPoint awaitMovie(const QString &name) const
     {
         const auto row = reader->await([&](const ScreenReader::Object &object) { return object.name.contains(name); });
-        reader->awaitNone(QStringLiteral("dialog"));
+        reader->awaitNone(u"dialog"_s);
         return row.rectangle.center();
     }
     void exportAll(const QByteArray &image)
     {
-        desktop.click(place(u"push button"_qs, u"Start"_qs));
-        while (!desktop.folder.has(image) && program.state() == QProcess::Running)
+        desktop.click(place(u"push button"_s, u"Start"_s));
+        while (!desktop.folder.has(image) && program.state() == QProcess::Running) {
             program.waitForFinished(20);
+        }
     }
     int finish()
     {
@@ -91,33 +95,33 @@ TEST_F(JourneyTest, AMovieDraggedOnTheWindowBecomesTheCollageThatTheCommandLineM
 {
     const QString path = movie("holiday \xE2\x9D\xA4.mp4");
     start();
-    drag(path, place(QStringLiteral("table"), QStringLiteral("Movies")));
-    awaitMovie(u"holiday \u2764"_qs);
+    drag(path, place(u"table"_s, u"Movies"_s));
+    awaitMovie(u"holiday \u2764"_s);
     const QByteArray collage = "out/holiday \xE2\x9D\xA4.jpg";
     exportAll(collage);
-    awaitMovie(u"holiday \u2764"_qs);
-    EXPECT_EQ(runOther({QStringLiteral("--export"), QStringLiteral("-q"), path}), 0);
+    awaitMovie(u"holiday \u2764"_s);
+    EXPECT_EQ(runOther({u"--export"_s, u"-q"_s, path}), 0);
     EXPECT_GT(desktop.folder.read(collage).size(), 10'000);
     EXPECT_EQ(desktop.folder.read(collage), desktop.folder.read("out/holiday \xE2\x9D\xA4(1).jpg"));
-    desktop.awaitWindow(QStringLiteral("Tessarine"));
-    desktop.xdotool({u"key"_qs, u"ctrl+q"_qs});
+    desktop.awaitWindow(u"Tessarine"_s);
+    desktop.xdotool({u"key"_s, u"ctrl+q"_s});
     EXPECT_EQ(finish(), 0);
 }
 
 TEST_F(JourneyTest, TheEditorsRangeAndGridAreThoseOfTheImage)
 {
     start({movie("clock.mp4")});
-    desktop.click(awaitMovie(u"clock.mp4"_qs));
-    desktop.xdotool({u"key"_qs, u"Return"_qs});
-    desktop.awaitWindow(QStringLiteral("Custom Collage"));
-    const QPoint handle = place(QStringLiteral("slider"), QStringLiteral("End handle"));
+    desktop.click(awaitMovie(u"clock.mp4"_s));
+    desktop.xdotool({u"key"_s, u"Return"_s});
+    desktop.awaitWindow(u"Custom Collage"_s);
+    const QPoint handle = place(u"slider"_s, u"End handle"_s);
     desktop.movePointer(handle);
-    desktop.xdotool({u"mousedown"_qs, u"1"_qs});
+    desktop.xdotool({u"mousedown"_s, u"1"_s});
     desktop.movePointer({0, handle.y()}); // as far as it goes: five seconds after the start
-    desktop.xdotool({u"mouseup"_qs, u"1"_qs});
-    desktop.click(place(QStringLiteral("text"), QStringLiteral("Rows")));
-    desktop.xdotool({u"key"_qs, u"ctrl+a"_qs, u"1"_qs, u"Tab"_qs, u"4"_qs, u"Return"_qs, u"Return"_qs});
-    reader->awaitNone(QStringLiteral("dialog"));
+    desktop.xdotool({u"mouseup"_s, u"1"_s});
+    desktop.click(place(u"text"_s, u"Rows"_s));
+    desktop.xdotool({u"key"_s, u"ctrl+a"_s, u"1"_s, u"Tab"_s, u"4"_s, u"Return"_s, u"Return"_s});
+    reader->awaitNone(u"dialog"_s);
     exportAll("out/clock.jpg");
     const QImage collage(desktop.folder.path("out/clock.jpg"));
     ASSERT_EQ(collage.width(), 4 * 300 + 3 * 4 + 2 * 20);
@@ -131,11 +135,12 @@ TEST_F(JourneyTest, TheEditorsRangeAndGridAreThoseOfTheImage)
 TEST_F(JourneyTest, FilesOfLaterStartsComeIntoTheFirstWindow)
 {
     start({movie("one.mp4")});
-    awaitMovie(QStringLiteral("one.mp4"));
+    awaitMovie(u"one.mp4"_s);
     EXPECT_EQ(runOther({movie("two.mp4")}), 0);
-    awaitMovie(QStringLiteral("two.mp4"));
+    awaitMovie(u"two.mp4"_s);
     EXPECT_EQ(runOther({}), 0); // only brings the window forward
-    for (const int signal : {SIGTERM, SIGINT})
+    for (const int signal : {SIGTERM, SIGINT}) {
         kill(static_cast<pid_t>(program.processId()), signal); // the second comes while it quits
+    }
     EXPECT_EQ(finish(), 0);
 }

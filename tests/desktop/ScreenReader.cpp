@@ -11,6 +11,8 @@
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Object = ScreenReader::Object;
@@ -21,7 +23,7 @@ constexpr unsigned showingState = 25; // of the accessibility protocol's list of
 /// One object of a program on the accessibility bus.
 struct Node {
     QString owner;
-    QString path = u"/org/a11y/atspi/accessible/root"_qs;
+    QString path = u"/org/a11y/atspi/accessible/root"_s;
 };
 
 /// The first argument of the answer; invalid when there is none, as from an object that has just gone.
@@ -36,7 +38,7 @@ QVariant call(const QDBusConnection &bus, const Node &node, const char *method, 
 
 QVariant nameOf(const QDBusConnection &bus, const Node &node)
 {
-    const QVariantList property{u"org.a11y.atspi.Accessible"_qs, u"Name"_qs};
+    const QVariantList property{u"org.a11y.atspi.Accessible"_s, u"Name"_s};
     return call(bus, node, "org.freedesktop.DBus.Properties.Get", property).value<QDBusVariant>().variant();
 }
 
@@ -85,8 +87,9 @@ std::optional<Object> ScreenReader::find(const Filter &isWanted) const
     for (const QString &name : names) { // the program has connections that lead nowhere, too
         const Node root{.owner = name};
         if (name.startsWith(u':') && bus.interface()->servicePid(name).value() == program &&
-            nameOf(bus, root).isValid())
+            nameOf(bus, root).isValid()) {
             return findBelow(bus, root, isWanted);
+        }
     }
     return {};
 }
@@ -95,8 +98,9 @@ Object ScreenReader::await(const Filter &isWanted) const
 {
     // No event tells of all changes; the program's answers set the pace.
     for (const QDeadlineTimer deadline(patience); !deadline.hasExpired();) {
-        if (const std::optional<Object> found = find(isWanted))
+        if (const std::optional<Object> found = find(isWanted)) {
             return *found;
+        }
     }
     ADD_FAILURE() << "it does not come";
     return {};
@@ -111,6 +115,7 @@ Object ScreenReader::await(const QString &role, const QString &name) const
 void ScreenReader::awaitNone(const QString &role) const
 {
     const QDeadlineTimer deadline(patience);
-    while (find([&role](const Object &object) { return object.role == role; }))
+    while (find([&role](const Object &object) { return object.role == role; })) {
         ASSERT_FALSE(deadline.hasExpired()) << role.toStdString() << " stays";
+    }
 }

@@ -20,8 +20,9 @@ public:
         // It runs this command once it manages the windows.
         windowManager.start(u"openbox"_qs, {u"--sm-disable"_qs, u"--startup"_qs, u"echo ready"_qs});
         QByteArray line = nextLine(windowManager);
-        while (!line.isEmpty() && line != "ready") // it complains of missing menus
+        while (!line.isEmpty() && line != "ready") { // it complains of missing menus
             line = nextLine(windowManager);
+        }
         EXPECT_EQ(line, "ready") << "openbox does not start";
     }
     ~XServer()

@@ -1,5 +1,5 @@
 #include "media/VXMediaInfo.h"
-#include "platform/PathText.h"
+#include "platform/files/PathText.h"
 #include "support/ScratchFolder.h"
 #include "support/WithoutPrivileges.h"
 
@@ -54,8 +54,9 @@ TEST(Probe, ReadsAllFields)
         ASSERT_FALSE(error) << error->description.toStdString();
         EXPECT_EQ(item.eumMediaType, expected.kind);
         EXPECT_NEAR(item.duration, expected.duration, 0.1);
-        if (expected.kind != VXMediaType::Movie)
+        if (expected.kind != VXMediaType::Movie) {
             continue;
+        }
         EXPECT_EQ(item.pixWidth, expected.width);
         EXPECT_EQ(item.pixHeight, expected.height);
         EXPECT_DOUBLE_EQ(item.videoFps, expected.fps);
@@ -69,8 +70,9 @@ TEST(Probe, RefusesWhatIsNoMovieFileAndLeavesTheItemAlone)
 {
     const ScratchFolder folder;
     // Lists that name a FIFO, which would hold whoever opened it, and one that names the network.
-    for (const char *fifo : {"fifo.mp4", "fifo.ts", "titles.sub"})
+    for (const char *fifo : {"fifo.mp4", "fifo.ts", "titles.sub"}) {
         ASSERT_EQ(::mkfifo(folder.bytes(fifo).constData(), 0644), 0);
+    }
     const QString concat = folder.write("list.ffconcat", "ffconcat version 1.0\nfile fifo.ts\n");
     const QByteArray m3u = "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\n";
     const QString playlist = folder.write("list.m3u8", m3u + "fifo.ts\n#EXT-X-ENDLIST\n");
@@ -99,8 +101,9 @@ TEST(Probe, RefusesWhatIsNoMovieFileAndLeavesTheItemAlone)
     EXPECT_TRUE(probe(cancelled, movies + u"clock.mp4", CancelFlag(true)));
     for (const auto &[path, reason] : cases) {
         std::optional<WithoutPrivileges> plainUser; // who may not reach the movies, in root's own clone
-        if (path == unreadable)
+        if (path == unreadable) {
             plainUser.emplace();
+        }
         VXMediaInfoItem item;
         item.pixWidth = 7;
         const auto error = probe(item, path);

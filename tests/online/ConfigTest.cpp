@@ -1,13 +1,15 @@
 #include "Shared/HostIdentity.h"
 #include "online/ServiceUrl.h"
 #include "online/VXConfigManager.h"
-#include "platform/Bundle.h"
-#include "platform/UserDefaults.h"
+#include "platform/store/Bundle.h"
+#include "platform/store/UserDefaults.h"
 #include "support/CapturedLog.h"
 #include "support/HttpServer.h"
 #include "support/ScratchFolder.h"
 
 #include <QTest>
+
+using namespace Qt::StringLiterals;
 
 using namespace std::chrono_literals;
 
@@ -67,7 +69,7 @@ TEST_F(ConfigTest, AFailureIsALineInTheLogAndLeavesTheFlags)
     const HttpServer broken(HttpServer::answering("{}", "500 No"));
     const HttpServer silent(HttpServer::silent);
     config.setSupportVOB(false);
-    for (const QString &service : {broken.url(), silent.url(), u"http://127.0.0.1:1"_qs, u"http://h.invalid"_qs}) {
+    for (const QString &service : {broken.url(), silent.url(), u"http://127.0.0.1:1"_s, u"http://h.invalid"_s}) {
         fetch(service, service == silent.url() ? 200ms : 20s);
         ASSERT_EQ(CapturedLog::lines.size(), 1) << qUtf8Printable(service);
         EXPECT_TRUE(CapturedLog::lines.takeFirst().startsWith(u"get configure error : "));
@@ -80,20 +82,22 @@ TEST_F(ConfigTest, AsksBelowTheServicesAddress)
     const HttpServer server(HttpServer::answering("{}"));
     const QByteArray query = "common_task/getconfig.php?appver=2.1&appid=org.example&sysver=" +
                              GlobalFun::getSystemVersionString().toLatin1() + "&appstore=0 HTTP/1.1\r\n";
-    for (const auto &[around, path] : {std::pair{u" %1/ \n"_qs, "GET /"}, {u"%1/below"_qs, "GET /below/"}}) {
+    for (const auto &[around, path] : {std::pair{u" %1/ \n"_s, "GET /"}, {u"%1/below"_s, "GET /below/"}}) {
         config.setSupportVOB(false);
         fetch(around.arg(server.url()));
         EXPECT_TRUE(server.requests.last().startsWith(QByteArray(path + query))) << server.requests.last().constData();
     }
-    const auto page = [&] { return ServiceUrl::ofThisProgram(bundle).page(u"p"_qs, u"q"_qs).toString(); };
+    const auto page = [&] { return ServiceUrl::ofThisProgram(bundle).page(u"p"_s, u"q"_s).toString(); };
     qunsetenv("TESSARINE_SERVICE_URL");
     EXPECT_EQ(page(), u"http://built.in/p?q");
     qputenv("TESSARINE_SERVICE_URL", "http://elsewhere");
     EXPECT_EQ(page(), u"http://elsewhere/p?q");
     qputenv("TESSARINE_SERVICE_URL", "");
     EXPECT_EQ(page(), QString());
-    for (const QString &base : {u"h"_qs, u"file:///tmp"_qs, u"http://"_qs, u"http://[::1"_qs})
-        EXPECT_TRUE(ServiceUrl(base).page(u"p"_qs, {}).isEmpty()) << qUtf8Printable(base);
-    for (const QString &bad : {u"1 2"_qs, u"\r\nHost: b"_qs, QString(QChar(0))})
-        EXPECT_TRUE(ServiceUrl(u"http://h"_qs).page(u"p"_qs, bad).isEmpty()) << qUtf8Printable(bad);
+    for (const QString &base : {u"h"_s, u"file:///tmp"_s, u"http://"_s, u"http://[::1"_s}) {
+        EXPECT_TRUE(ServiceUrl(base).page(u"p"_s, {}).isEmpty()) << qUtf8Printable(base);
+    }
+    for (const QString &bad : {u"1 2"_s, u"\r\nHost: b"_s, QString(QChar(0))}) {
+        EXPECT_TRUE(ServiceUrl(u"http://h"_s).page(u"p"_s, bad).isEmpty()) << qUtf8Printable(bad);
+    }
 }

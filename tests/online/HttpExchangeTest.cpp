@@ -7,6 +7,8 @@
 
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 static HttpAnswer answerTo(const HttpRequest &request, std::chrono::milliseconds timeout = 20s)
@@ -70,15 +72,16 @@ TEST(HttpExchange, GivesTheWholeBodyOrAReason)
         EXPECT_EQ(answer.body.size(), bodySize);
         EXPECT_TRUE(QTest::qWaitFor([&] { return server.clientCount == 0; }));
     }
-    for (const char *address : {"", "file:///etc/passwd", "data:,x", "http:///x", "http://h.invalid/"})
+    for (const char *address : {"", "file:///etc/passwd", "data:,x", "http:///x", "http://h.invalid/"}) {
         EXPECT_FALSE(answerTo({QUrl(QLatin1StringView(address)), {}}).error.isEmpty()) << address;
+    }
 }
 
 TEST(HttpExchange, SaysNothingOfTheUser)
 {
     const HttpServer server(HttpServer::saying("HTTP/1.1 401 No\r\nSet-Cookie: a=b\r\nContent-Length: 0\r\n"
                                                "WWW-Authenticate: Basic realm=\"x\"\r\n\r\n"));
-    const QUrl url(server.url().replace(u"//"_qs, u"//user:secret@"_qs) + u"/page?a=b#part");
+    const QUrl url(server.url().replace(u"//"_s, u"//user:secret@"_s) + u"/page?a=b#part");
     answerTo({url, {}});
     answerTo({url, QByteArray("text")});
     ASSERT_EQ(server.requests.size(), 2);

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+using namespace Qt::StringLiterals;
+
 constexpr QRgb ground = qRgb(10, 20, 30);
 constexpr QRgb frame = qRgb(255, 255, 0);
 constexpr QRgb content = qRgb(200, 0, 0);
@@ -41,7 +43,7 @@ struct CollagePainterTest : testing::Test, protected TileSource {
 
 TEST_F(CollagePainterTest, GroundFramesAndPicturesAreSharpRectanglesBelowTheText)
 {
-    for (const QString &text : {QString(), QStringLiteral("Duration: 00:00:30\nFPS: 25\n")}) {
+    for (const QString &text : {QString(), u"Duration: 00:00:30\nFPS: 25\n"_s}) {
         times.clear();
         const QImage canvas = paint(text);
         ASSERT_EQ(canvas.size(), QSize(250, 170 + textHeight));
@@ -96,8 +98,9 @@ TEST_F(CollagePainterTest, AStampsShadowStaysOnForTheTilesAfterIt)
     EXPECT_GT(qRed(canvas.pixel(230, 50)), 100);
     settings.gridShadowed = true; // each tile sets its own first
     // White on black gives grey, 128. Blurred by a deviation of one and moved one pixel, the edge has this share of it.
-    for (const QPoint &edge : {QPoint(230, 50), QPoint(170, 80)})
+    for (const QPoint &edge : {QPoint(230, 50), QPoint(170, 80)}) {
         EXPECT_NEAR(qRed(paint().pixel(edge)), 128 * 0.69, 3) << edge.x();
+    }
 }
 
 TEST_F(CollagePainterTest, StampsStandWhereThePositionSays)
@@ -113,8 +116,9 @@ TEST_F(CollagePainterTest, StampsStandWhereThePositionSays)
         const QImage canvas = paint();
         for (const QPoint &place : places) {
             int ink = 0;
-            for (int at = 0; at < 40 * 14; ++at)
+            for (int at = 0; at < 40 * 14; ++at) {
                 ink += qRed(canvas.pixel(place + QPoint(at % 40, at / 40))) < 60 ? 1 : 0;
+            }
             EXPECT_EQ(ink > 10, place == places[position]) << position << " at " << place.x() << ", " << place.y();
         }
     }
@@ -130,7 +134,7 @@ TEST_F(CollagePainterTest, SettingsOutOfEveryRangeStayInBounds)
                                                            {2, 200.0, -150.0, 0.0, 3.0},
                                                            {0, 100.0, 10.0, 20.0, 3.0}}) {
         settings = {margin, ground, border, frame, gap, gap, tile, tile, count, count, 0.0, 30.0, true};
-        paint(QStringLiteral("text\n"));
+        paint(u"text\n"_s);
         EXPECT_TRUE(finished) << tile << ", " << gap << ", " << margin << ", " << border;
     }
     settings.borderWidth = 1e6;

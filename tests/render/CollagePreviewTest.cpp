@@ -8,6 +8,8 @@
 #include <cmath>
 #include <limits>
 
+using namespace Qt::StringLiterals;
+
 constexpr QRgb ground = qRgb(10, 20, 30);
 constexpr QRgb frame = qRgb(255, 255, 0);
 constexpr QRgb grey = qRgb(128, 128, 128);
@@ -38,15 +40,16 @@ TEST_F(CollagePreviewTest, ASmallCollageIsCentredAtItsOwnSize)
         {61, 112, 0},    {62, 50, ground},  {289, 173, ground}, {84, 72, frame},
         {85, 73, grey},  {139, 106, frame}, {142, 70, ground},  {82 + 128, 70 + 44, frame},
         {104, 82, mark}, {119, 97, mark},   {120, 98, grey}};
-    for (const auto &[x, y, color] : pixels)
+    for (const auto &[x, y, color] : pixels) {
         EXPECT_EQ(image.pixel(x, y), color) << x << ", " << y;
+    }
 }
 
 TEST_F(CollagePreviewTest, ALargeCollageShrinksAndTheTextKeepsItsRoom)
 {
     settings.gridWidth = 300.0;
     settings.gridHeight = 200.0;
-    const QString text = QStringLiteral("one\ntwo\nthree\nfour\n");
+    const QString text = u"one\ntwo\nthree\nfour\n"_s;
     const TextBlock block(text, TextBlock::systemFont(), CollageLayout(settings).textBox());
     const double high = 444.0 + block.size().height();
     const double rate = std::max(948.0 / 352.0, high / 224.0);
@@ -85,7 +88,7 @@ TEST_F(CollagePreviewTest, AnySettingsAreDrawnInNoTime)
           Case{"inside out", 1, 1, -60.0, 4.0, 20.0, 3.0, 0}, Case{"all frame", 1, 1, 60.0, 0.0, 0.0, 1e9, frame}}) {
         settings = {margin, ground, border, frame, gap, gap, tile, tile, rows, columns};
         placeholder.fill(Qt::transparent);
-        const QRgb pixel = render({352, 224}, QStringLiteral("text\n")).pixel(176, 112);
+        const QRgb pixel = render({352, 224}, u"text\n"_s).pixel(176, 112);
         EXPECT_TRUE(centre == 0 || pixel == centre) << what;
     }
 }

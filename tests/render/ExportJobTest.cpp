@@ -1,11 +1,11 @@
 #include "render/ExportJob.h"
 
 #include "Shared/FrameGrabber.h"
+#include "Shared/PreferenceKeys.h"
 #include "collage/KTMovieObject.h"
-#include "platform/AlertPanel.h"
-#include "platform/PreferenceKeys.h"
-#include "platform/UserDefaults.h"
-#include "platform/Workspace.h"
+#include "platform/desktop/AlertPanel.h"
+#include "platform/desktop/Workspace.h"
+#include "platform/store/UserDefaults.h"
 #include "render/ExportObserver.h"
 #include "render/MovieSource.h"
 #include "support/ScriptedTool.h"
@@ -16,6 +16,8 @@
 #include <gmock/gmock.h>
 
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 using testing::ElementsAre;
 
@@ -31,7 +33,7 @@ public:
     void removeAll() override
     {
         movies.clear();
-        write(u"clear"_qs);
+        write(u"clear"_s);
     }
     int run(const QString &title, const QString &message, const QStringList &buttons) override
     {
@@ -43,16 +45,16 @@ public:
     void updateProgress(const ExportProgress &progress) override
     {
         const auto &[path, movie, movieCount, tile, tileCount, picture] = progress;
-        write(u"movie %1/%2 tile %3/%4"_qs.arg(movie).arg(movieCount).arg(tile).arg(tileCount));
+        write(u"movie %1/%2 tile %3/%4"_s.arg(movie).arg(movieCount).arg(tile).arg(tileCount));
         onProgress(progress);
     }
     void imageWritten(const QString & /*movie*/, const QString &path) override { write(u"written " + name(path)); }
     void movieFailed(const QString &movie, const QString & /*reason*/) override { write(u"failed " + name(movie)); }
     void framesMissing(const QString & /*movie*/, std::int64_t missing, std::int64_t count) override
     {
-        write(u"missing %1 of %2"_qs.arg(missing).arg(count));
+        write(u"missing %1 of %2"_s.arg(missing).arg(count));
     }
-    void exportEnded() override { write(u"end"_qs); }
+    void exportEnded() override { write(u"end"_s); }
 
 private:
     void write(const QString &text) { entries.push_back(text.toStdString()); }
@@ -106,8 +108,9 @@ TEST_F(ExportJobTest, TheActionsFollowEachMovieAndClearingEndsTheExport)
     add("a.mov");
     add("b.mov");
     for (const auto key : {PreferenceKeys::openAfterFinish, PreferenceKeys::revealInFinder,
-                           PreferenceKeys::clearAfterFinish, PreferenceKeys::sameAsOrigin})
+                           PreferenceKeys::clearAfterFinish, PreferenceKeys::sameAsOrigin}) {
         defaults.setBool(key, true);
+    }
     exportAll();
     EXPECT_THAT(diary.entries,
                 ElementsAre("movie 0/2 tile 1/1", "written a.jpg", "open a.jpg", "reveal a.jpg", "clear", "end"));
@@ -130,11 +133,12 @@ TEST_F(ExportJobTest, AnUnwritableFolderAsksAndItsDefaultAnswerSkipsTheMovie)
 
 TEST_F(ExportJobTest, CancellingLeavesTheFinishedImagesAndNothingElse)
 {
-    for (const char *name : {"a.mov", "b.mov", "c.mov"})
+    for (const char *name : {"a.mov", "b.mov", "c.mov"}) {
         add(name, 4);
+    }
     diary.onProgress = [this](const ExportProgress &at) { cancelled = at.movie == 1 && at.tile == 3; };
     exportAll();
-    EXPECT_EQ(folder.names("out"), QStringList{QStringLiteral("a.jpg")});
+    EXPECT_EQ(folder.names("out"), QStringList{u"a.jpg"_s});
     EXPECT_EQ(diary.entries.back(), "end");
     EXPECT_EQ(diary.entries.at(diary.entries.size() - 2), "movie 1/3 tile 3/4");
 }

@@ -6,13 +6,15 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 TEST(ImageEncoder, WritesTheTypeThatTheExtensionNames)
 {
     QImage image(40, 30, QImage::Format_RGB32);
     image.fill(Qt::blue);
     QPainter(&image).fillRect(20, 0, 20, 30, Qt::yellow);
     const std::pair<QString, QByteArray> types[] = {
-        {u"jpg"_qs, "jpeg"}, {u"png"_qs, "png"}, {u"bmp"_qs, "bmp"}, {u"tiff"_qs, "tiff"}, {u"gif"_qs, "gif"}};
+        {u"jpg"_s, "jpeg"}, {u"png"_s, "png"}, {u"bmp"_s, "bmp"}, {u"tiff"_s, "tiff"}, {u"gif"_s, "gif"}};
     for (const auto &[extension, format] : types) {
         QByteArray bytes = GlobalFun::dataRepresentationOfType(image, extension);
         QBuffer buffer(&bytes);
@@ -23,16 +25,17 @@ TEST(ImageEncoder, WritesTheTypeThatTheExtensionNames)
         EXPECT_NEAR(qBlue(read.pixel(5, 5)), 255, 12); // a JPEG's colours come back nearly the same
         EXPECT_NEAR(qRed(read.pixel(35, 25)), 255, 12);
     }
-    for (const QString &extension : {u""_qs, u"JPG"_qs, u"webp"_qs})
+    for (const QString &extension : {u""_s, u"JPG"_s, u"webp"_s}) {
         EXPECT_TRUE(GlobalFun::dataRepresentationOfType(image, extension).isEmpty());
-    EXPECT_TRUE(GlobalFun::dataRepresentationOfType(QImage(), QStringLiteral("png")).isEmpty());
+    }
+    EXPECT_TRUE(GlobalFun::dataRepresentationOfType(QImage(), u"png"_s).isEmpty());
 }
 
 TEST(ImageEncoder, TransparencyIsKeptOrBecomesWhite)
 {
     QImage image(10, 10, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
-    const std::pair<QString, QRgb> pixels[] = {{u"png"_qs, 0}, {u"tiff"_qs, 0}, {u"jpg"_qs, ~0U}, {u"bmp"_qs, ~0U}};
+    const std::pair<QString, QRgb> pixels[] = {{u"png"_s, 0}, {u"tiff"_s, 0}, {u"jpg"_s, ~0U}, {u"bmp"_s, ~0U}};
     for (const auto &[extension, pixel] : pixels) {
         const QByteArray bytes = GlobalFun::dataRepresentationOfType(image, extension);
         EXPECT_EQ(QImage::fromData(bytes).pixel(5, 5), pixel);

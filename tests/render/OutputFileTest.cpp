@@ -4,21 +4,24 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 TEST(OutputFile, NamesFollowTheMovie)
 {
     const ScratchFolder folder;
     for (const auto &[movie, image] :
-         {std::pair{"/m/a.b.mov", "a.b.jpg"}, {"/m/already.jpg.mp4", "already.jpg"}, {"/m/.mp4", ".mp4.jpg"}})
-        EXPECT_EQ(OutputFile::freePath(folder.path(), QString::fromUtf8(movie), u"jpg"_qs), folder.path(image));
+         {std::pair{"/m/a.b.mov", "a.b.jpg"}, {"/m/already.jpg.mp4", "already.jpg"}, {"/m/.mp4", ".mp4.jpg"}}) {
+        EXPECT_EQ(OutputFile::freePath(folder.path(), QString::fromUtf8(movie), u"jpg"_s), folder.path(image));
+    }
 }
 
 TEST(OutputFile, NamesThatWouldBeTooLongAreCutBetweenCharacters)
 {
     const ScratchFolder folder;
-    for (const QString &letter : {u"x"_qs, u"ß"_qs, u"😀"_qs}) {
+    for (const QString &letter : {u"x"_s, u"ß"_s, u"😀"_s}) {
         for (int copy = 0; copy < 3; ++copy) {
             const QString movie = letter.repeated(255 / letter.toUtf8().size()) + u".ts";
-            const QByteArray image = OutputFile::freePath(folder.path(), movie, u"tiff"_qs).toUtf8();
+            const QByteArray image = OutputFile::freePath(folder.path(), movie, u"tiff"_s).toUtf8();
             EXPECT_FALSE(image.contains('?'));
             folder.write(image.mid(folder.bytes().size() + 1)); // fails when too long, and makes the next one collide
         }

@@ -12,8 +12,9 @@ using Application = QGuiApplication;
 
 int main(int argc, char **argv)
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     testing::InitGoogleMock(&argc, argv);
     const Application application(argc, argv);
     return RUN_ALL_TESTS();

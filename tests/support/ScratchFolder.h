@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PathText.h"
+#include "platform/files/PathText.h"
 
 #include <QByteArray>
 #include <QStringList>
@@ -16,8 +16,9 @@ public:
     ScratchFolder()
     {
         root = (std::filesystem::temp_directory_path() / "tessarine-test-XXXXXX").c_str();
-        if (!::mkdtemp(root.data()))
+        if (!::mkdtemp(root.data())) {
             std::abort();
+        }
         std::filesystem::permissions(root.toStdString(), std::filesystem::perms(0755));
     }
     ~ScratchFolder()
@@ -72,8 +73,9 @@ public:
     QStringList names(const QByteArray &name = {}) const
     {
         QStringList names;
-        for (const auto &entry : std::filesystem::directory_iterator(bytes(name).toStdString()))
+        for (const auto &entry : std::filesystem::directory_iterator(bytes(name).toStdString())) {
             names << PathText::fromBytes(entry.path().filename().native());
+        }
         names.sort();
         return names;
     }

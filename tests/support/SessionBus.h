@@ -41,10 +41,12 @@ public:
     }
     ~SessionBus()
     {
-        while (connections > 0)
+        while (connections > 0) {
             QDBusConnection::disconnectFromBus(busAddress + QString::number(--connections));
-        if (daemonId > 0)
+        }
+        if (daemonId > 0) {
             ::kill(daemonId, SIGTERM); // and the stream's end waits for it
+        }
     }
     SessionBus(const SessionBus &) = delete;
     SessionBus &operator=(const SessionBus &) = delete;

@@ -7,13 +7,15 @@ class WithoutPrivileges {
 public:
     WithoutPrivileges()
     {
-        if (::seteuid(::getuid() == 0 ? 65534 : ::getuid()) != 0)
+        if (::seteuid(::getuid() == 0 ? 65534 : ::getuid()) != 0) {
             ::_exit(1);
+        }
     }
     ~WithoutPrivileges()
     {
-        if (::seteuid(::getuid()) != 0)
+        if (::seteuid(::getuid()) != 0) {
             ::_exit(1);
+        }
     }
     WithoutPrivileges(const WithoutPrivileges &) = delete;
     WithoutPrivileges &operator=(const WithoutPrivileges &) = delete;

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "app/loading/RemainingTime.h"
+
+#include <QString>
+
+#include <cstdio>
+
+struct ExportProgress;
+
+/// The command line's voice: results on one stream; errors and progress on the other, where the progress is a bar if
+/// it is a terminal and otherwise one line per movie. Belongs to one thread.
+class Console {
+public:
+    /// The streams must outlive it and stay the caller's.
+    Console(std::FILE *results, std::FILE *messages, bool quiet);
+    /// Takes the bar off the screen.
+    ~Console();
+    Console(const Console &) = delete;
+    Console &operator=(const Console &) = delete;
+
+    /// One path on a line of its own, its bytes as they are.
+    void printResult(const QString &path);
+    /// One line for the user.
+    void printMessage(const QString &text);
+    /// A line about one file: its path and what is the matter.
+    void printMessage(const QString &path, const QString &reason);
+
+    void showProgress(const ExportProgress &progress);
+
+private:
+    void showBar(const ExportProgress &progress);
+    void clearBar();
+
+    std::FILE *results;
+    std::FILE *messages;
+    bool quiet;
+    bool isTerminal;
+    bool barShown = false;
+    int lastMovie = -1;
+    RemainingTime estimate;
+};

@@ -1,0 +1,207 @@
+#include "app/command/ExportOptions.h"
+
+#include "Shared/PreferenceKeys.h"
+#include "Shared/TimeFormat.h"
+
+#include <QCommandLineParser>
+#include <QRegularExpression>
+
+#include <array>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Option {
+    const char *names; ///< separated by a comma
+    const char *value; ///< null for a switch
+};
+
+constexpr std::array options{
+    Option{"export", nullptr},    Option{"o,output", "DIR"},  Option{"beside", nullptr},  Option{"rows", "N"},
+    Option{"columns", "N"},       Option{"tile-width", "PX"}, Option{"format", "FORMAT"}, Option{"start", "T"},
+    Option{"end", "T"},           Option{"set", "KEY=VALUE"}, Option{"q,quiet", nullptr}, Option{"h,help", nullptr},
+    Option{"v,version", nullptr},
+};
+
+struct NumberOption {
+    QStringView name;
+    QLatin1StringView key;
+    qlonglong least;
+};
+
+constexpr std::array numberOptions{
+    NumberOption{u"rows", PreferenceKeys::rowNumber, 0},
+    NumberOption{u"columns", PreferenceKeys::columeNumber, 0},
+    NumberOption{u"tile-width", PreferenceKeys::tileWidth, 1},
+};
+
+constexpr std::array formats{QStringView(u"jpg"), QStringView(u"png"), QStringView(u"bmp"), QStringView(u"tiff")};
+
+/// Throws nothing outside this file: it carries the first problem out of the readers below.
+struct UsageProblem {
+    QString text;
+};
+
+QVariant wholeNumber(const NumberOption &option, const QString &text)
+{
+    bool isNumber = false;
+    const qlonglong number = text.toLongLong(&isNumber);
+    if (!isNumber || number < option.least || number > std::numeric_limits<std::int32_t>::max()) {
+        throw UsageProblem{
+            u"--%1 takes a whole number from %2 up, not \"%3\""_s.arg(option.name).arg(option.least).arg(text)};
+    }
+    return number;
+}
+
+QVariant formatNumber(const QString &text)
+{
+    const auto *const found = std::ranges::find(formats, QStringView(text));
+    if (found == formats.end()) {
+        throw UsageProblem{u"--format takes jpg, png, bmp or tiff, not \"%1\""_s.arg(text)};
+    }
+    return static_cast<qlonglong>(found - formats.begin());
+}
+
+double seconds(const QString &option, const QString &text)
+{
+    static const QRegularExpression plain(u"^[0-9]+(\\.[0-9]*)?$"_s);
+    static const QRegularExpression clock(u"^[0-9]+:[0-9]{1,2}:[0-9]{1,2}(\\.[0-9]*)?$"_s);
+    if (plain.match(text).hasMatch()) {
+        return text.toDouble();
+    }
+    if (clock.match(text).hasMatch()) {
+        return GlobalFun::getSecondsByTimeString(text);
+    }
+    throw UsageProblem{u"--%1 takes seconds or hh:mm:ss, not \"%2\""_s.arg(option, text)};
+}
+
+std::optional<double> optionalSeconds(const QCommandLineParser &parser, const QString &option)
+{
+    return parser.isSet(option) ? std::optional(seconds(option, parser.value(option))) : std::nullopt;
+}
+
+std::vector<SettingOption> readSettings(const QCommandLineParser &parser)
+{
+    std::vector<SettingOption> settings;
+    const QStringList texts = parser.values(u"set"_s);
+    for (const QString &text : texts) {
+        QString problem;
+        settings.push_back(SettingOption::parse(text, problem));
+        if (!problem.isEmpty()) {
+            throw UsageProblem{problem};
+        }
+    }
+    for (const NumberOption &option : numberOptions) {
+        if (const QString name = option.name.toString(); parser.isSet(name)) {
+            settings.push_back({option.key, wholeNumber(option, parser.value(name))});
+        }
+    }
+    if (parser.isSet(u"format"_s)) {
+        settings.push_back({PreferenceKeys::outputFormat, formatNumber(parser.value(u"format"_s))});
+    }
+    return settings;
+}
+
+/// Fills what only an export asks for.
+void readExport(const QCommandLineParser &parser, ExportOptions &result)
+{
+    result.paths = parser.positionalArguments();
+    result.beside = parser.isSet(u"beside"_s);
+    result.quiet = parser.isSet(u"quiet"_s);
+    result.start = optionalSeconds(parser, u"start"_s);
+    result.end = optionalSeconds(parser, u"end"_s);
+    result.settings = readSettings(parser);
+    if (parser.isSet(u"output"_s)) {
+        result.outputFolder = parser.value(u"output"_s);
+    }
+    if (result.paths.isEmpty() || result.paths.contains(QString())) {
+        throw UsageProblem{u"name the movies or folders to make collages of"_s};
+    }
+    if (result.outputFolder && result.beside) {
+        throw UsageProblem{u"--output and --beside cannot go together"_s};
+    }
+    if (result.outputFolder && result.outputFolder->isEmpty()) {
+        throw UsageProblem{u"--output takes a folder"_s};
+    }
+    if (result.start && result.end && *result.start > *result.end) {
+        throw UsageProblem{u"--start lies after --end"_s};
+    }
+}
+
+} // namespace
+
+ExportOptions ExportOptions::parse(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    for (const Option &option : options) {
+        const QStringList names = QString::fromLatin1(option.names).split(u',');
+        const QString value = QString::fromLatin1(option.value);
+        parser.addOption(QCommandLineOption(names, QString(), value));
+    }
+    ExportOptions result;
+    try {
+        if (!parser.parse(arguments)) {
+            throw UsageProblem{parser.errorText()};
+        }
+        if (parser.isSet(u"help"_s)) {
+            result.action = Action::ShowHelp;
+        } else if (parser.isSet(u"version"_s)) {
+            result.action = Action::ShowVersion;
+        } else if (parser.isSet(u"export"_s)) {
+            result.action = Action::Export;
+            readExport(parser, result);
+        } else if (!parser.optionNames().isEmpty()) {
+            throw UsageProblem{u"--%1 goes with --export"_s.arg(parser.optionNames().first())};
+        } else {
+            result.paths = parser.positionalArguments();
+        }
+    } catch (const UsageProblem &problem) {
+        result.action = Action::RefuseUsage;
+        result.problem = problem.text;
+    }
+    return result;
+}
+
+QString ExportOptions::help()
+{
+    return uR"(Tessarine makes one picture of a whole movie: a grid of frames at even steps in time.
+
+  tessarine [PATH…]                    opens the window, and loads the movies into it
+  tessarine --export [OPTION…] PATH…   makes collages without a window
+
+Each PATH is a movie, or a folder to be searched for movies. The path of each finished
+image goes to standard output, progress and errors go to standard error.
+
+Where the images go
+  -o, --output DIR      into DIR, which is made if missing
+      --beside          beside each movie
+      --format FORMAT   jpg, png, bmp or tiff
+
+What they show
+      --rows N          rows of frames
+      --columns N       columns of frames
+      --tile-width PX   width of a frame in pixels; the height follows the movie
+      --start T         time of the first frame, in seconds or as hh:mm:ss
+      --end T           time of the last frame
+      --set KEY=VALUE   any other setting, for this run only; may be repeated
+
+  -q, --quiet           no progress
+  -h, --help            this text
+  -v, --version         the version
+
+Examples
+  tessarine --export holiday.mkv
+  tessarine --export --rows 4 --columns 4 -o collages/ Movies/
+  tessarine --export --beside --start 60 --end 00:42:00 --format png film.mp4
+  tessarine --export --set DefultBkgColor=#202830 --set DefaultDrawShadow=true film.mp4
+
+What no option says is taken from your settings. An image never replaces a file: where
+a name is taken, the next free one is used, film(1).jpg after film.jpg.
+
+Exit status
+  0  every image was written       2    the command line was wrong
+  1  some movie failed             130  interrupted
+)"_s;
+}

@@ -1,0 +1,71 @@
+#include "app/command/SettingOption.h"
+
+#include "Shared/PreferenceKeys.h"
+#include "platform/store/ColorArchive.h"
+
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using PreferenceKeys::Kind;
+
+/// The value of that kind that the text stands for; an invalid QVariant when it stands for none.
+QVariant valueFrom(const QString &text, Kind kind)
+{
+    switch (kind) {
+    case Kind::Boolean: {
+        static const QRegularExpression truth(u"^(true|yes|false|no|[0-9]+)$"_s,
+                                              QRegularExpression::CaseInsensitiveOption);
+        return truth.match(text).hasMatch() ? QVariant(text) : QVariant();
+    }
+    case Kind::Integer: {
+        bool isNumber = false;
+        text.toDouble(&isNumber);
+        return isNumber ? QVariant(text) : QVariant();
+    }
+    case Kind::Color: {
+        static const QRegularExpression hexadecimal(u"^#([0-9A-Fa-f]{2})?[0-9A-Fa-f]{6}$"_s);
+        return hexadecimal.match(text).hasMatch() ? QVariant(ColorArchive::archive(QColor(text))) : QVariant();
+    }
+    case Kind::Text:
+        return text;
+    case Kind::Array:
+        break;
+    }
+    return {};
+}
+
+QString expectation(Kind kind)
+{
+    switch (kind) {
+    case Kind::Boolean:
+        return u"takes true or false"_s;
+    case Kind::Integer:
+        return u"takes a number"_s;
+    case Kind::Color:
+        return u"takes a colour, #rrggbb or #aarrggbb"_s;
+    default:
+        return u"cannot be set here"_s;
+    }
+}
+
+} // namespace
+
+SettingOption SettingOption::parse(const QString &text, QString &problem)
+{
+    const qsizetype separator = text.indexOf(u'=');
+    const QString key = text.left(separator);
+    const std::optional<Kind> kind = PreferenceKeys::kindOf(key);
+    if (separator < 0) {
+        problem = u"--set takes KEY=VALUE, not \"%1\""_s.arg(text);
+    } else if (!kind) {
+        problem = u"there is no setting named \"%1\""_s.arg(key);
+    } else if (const QVariant value = valueFrom(text.mid(separator + 1), *kind); value.isValid()) {
+        return {key, value};
+    } else {
+        problem = u"--set %1 %2"_s.arg(key, expectation(*kind));
+    }
+    return {};
+}

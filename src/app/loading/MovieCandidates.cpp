@@ -1,0 +1,63 @@
+#include "app/loading/MovieCandidates.h"
+
+#include "Shared/MovieScan.h"
+#include "Shared/PathParts.h"
+#include "platform/files/PathText.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+
+namespace {
+
+bool isVob(const QString &path)
+{
+    return GlobalFun::pathExtension(path).compare(u"vob", Qt::CaseInsensitive) == 0;
+}
+
+QString systemError(int number)
+{
+    return QString::fromStdString(std::generic_category().message(number));
+}
+
+template<typename... Parameters, typename... Arguments>
+void tell(const std::function<void(Parameters...)> &call, const Arguments &...arguments)
+{
+    if (call) {
+        call(arguments...);
+    }
+}
+
+} // namespace
+
+QStringList MovieCandidates::expand(const QStringList &paths, const QStringList &extensions, bool acceptVob,
+                                    const Events &events, const CancelFlag &cancelled)
+{
+    QStringList candidates;
+    for (const QString &path : paths) {
+        struct stat status = {};
+        if (cancelled) {
+            break;
+        }
+        const QByteArray bytes = PathText::toBytes(path);
+        if (lstat(bytes.constData(), &status) != 0) {
+            tell(events.unreadable, path, u"lstat error: " + systemError(errno));
+        } else if (S_ISDIR(status.st_mode)) {
+            const QStringList found = GlobalFun::fileListAtDirenctory(path, extensions, cancelled);
+            candidates += found;
+            if (faccessat(AT_FDCWD, bytes.constData(), R_OK | X_OK, AT_EACCESS) != 0) {
+                tell(events.unreadable, path, systemError(errno));
+            } else {
+                tell(events.folder, path, found.size());
+            }
+        } else if (isVob(path) && !acceptVob) {
+            tell(events.vobRefused, path);
+        } else {
+            candidates += path;
+        }
+    }
+    return candidates;
+}

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "app/loading/JobSequence.h"
+#include "platform/threads/CancelFlag.h"
+
+#include <QImage>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <thread>
+
+class AlertPanel;
+class DispatchQueue;
+class FrameGrabber;
+class KTMovieObject;
+class MovieList;
+class SerialQueue;
+class TrustedFolders;
+class UserDefaults;
+class Workspace;
+
+/// Shows the user the job that runs. Main thread.
+class JobsView {
+public:
+    virtual ~JobsView() = default;
+
+    enum class Kind { Loading = 0, Export = 1 };
+
+    virtual void jobStarted(Kind kind, const QString &text) = 0;
+    /// `fraction` from 0 to 1; a null image leaves the last one; `remaining` is empty while it cannot be told.
+    virtual void jobProgress(double fraction, const QString &main, const QString &ing, const QImage &image,
+                             const QString &remaining) = 0;
+    /// `failures` holds a line for each movie of which no image was written.
+    virtual void jobEnded(Kind kind, const QStringList &failures) = 0;
+};
+
+/// The window's work in the background: batches of paths on their way into the list, and exports of it, one at a time.
+/// Made, called and ended on the main thread.
+class MovieJobs {
+public:
+    /// All of it must outlive this.
+    struct Services {
+        MovieList &aryItems;
+        UserDefaults &defaults;
+        FrameGrabber &grabber;
+        TrustedFolders &trustedFolders;
+        AlertPanel &alert;
+        Workspace &workspace;
+        DispatchQueue &mainQueue;
+        std::function<QImage(const KTMovieObject &)> renderPreview; ///< called on the loading thread
+    };
+
+    MovieJobs(Services services, JobsView &view);
+    /// Cancels what runs and waits for it.
+    ~MovieJobs();
+    MovieJobs(const MovieJobs &) = delete;
+    MovieJobs &operator=(const MovieJobs &) = delete;
+
+    /// Loads a batch, now or when its turn comes; its movies stand at the index in the list, the last one first.
+    void loadMediasWithPaths(const QStringList &paths, int indexToInsert);
+    /// Exports the whole list, now or when its turn comes.
+    void startExport(const QString &outputFolder);
+
+    /// Ends the running job soon; jobs that wait go on.
+    void cancel();
+    /// Ends the running job soon and forgets those that wait.
+    void cancelAll();
+    /// Whether a job is running, or held off.
+    bool isRunning() const { return sequence.isRunning(); }
+
+    /// While none is running: lets none start until release().
+    void hold();
+    void release() { sequence.finished(); }
+
+private:
+    class LoadingReporter;
+    class ExportReporter;
+
+    void startLoading(const QStringList &paths, int indexToInsert);
+    void runExport(const QString &outputFolder);
+    void finish(JobsView::Kind kind, const QStringList &failures);
+
+    Services services;
+    JobsView &view;
+    JobSequence sequence;
+    CancelFlag bLoadingCanceled = false;
+    CancelFlag bExportCanceled = false;
+    std::jthread loadingThread;
+    std::unique_ptr<SerialQueue> exportQueue; // from the first export on
+};

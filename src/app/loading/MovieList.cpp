@@ -1,0 +1,43 @@
+#include "app/loading/MovieList.h"
+
+#include <algorithm>
+#include <unordered_set>
+#include <utility>
+
+int MovieList::count()
+{
+    const std::scoped_lock lock(guard);
+    return static_cast<int>(items.size());
+}
+
+MovieList::Movie MovieList::movieAt(int index)
+{
+    const std::scoped_lock lock(guard);
+    return index >= 0 && index < std::ssize(items) ? items[static_cast<std::size_t>(index)] : nullptr;
+}
+
+void MovieList::removeAll()
+{
+    Movies removed; // destroyed after the lock is given back
+    const std::scoped_lock lock(guard);
+    items.swap(removed);
+}
+
+MovieList::Movies MovieList::snapshot() const
+{
+    const std::scoped_lock lock(guard);
+    return items;
+}
+
+void MovieList::insert(int index, Movie movie)
+{
+    const std::scoped_lock lock(guard);
+    items.insert(items.begin() + std::clamp<std::ptrdiff_t>(index, 0, std::ssize(items)), std::move(movie));
+}
+
+void MovieList::remove(const Movies &movies)
+{
+    const std::unordered_set<Movie> removed(movies.begin(), movies.end());
+    const std::scoped_lock lock(guard);
+    std::erase_if(items, [&removed](const Movie &movie) { return removed.contains(movie); });
+}

@@ -1,0 +1,43 @@
+#include "app/loading/MovieLoader.h"
+
+#include "collage/DefaultParameters.h"
+#include "collage/KTMovieObject.h"
+#include "media/VXMediaInfo.h"
+#include "platform/Log.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString notAMovie(VXMediaType type)
+{
+    switch (type) {
+    case VXMediaType::Audio:
+        return u"has sound but no moving picture"_s;
+    case VXMediaType::Image:
+        return u"is a still image, not a movie"_s;
+    default:
+        return u"holds no movie"_s;
+    }
+}
+
+} // namespace
+
+MovieLoader::MovieLoader(const UserDefaults &userDefaults) : defaults(userDefaults) {}
+
+MovieLoader::Result MovieLoader::load(const QString &path, const CancelFlag &cancelled) const
+{
+    auto movie = std::make_shared<KTMovieObject>();
+    movie->filePath = path;
+    std::optional<MediaError> error;
+    VXMediaInfo::dumpMediaInfo(*movie, error, cancelled);
+    if (error) {
+        qCInfo(lcTessarine).noquote() << "error:" << error->description;
+        return {nullptr, error->description};
+    }
+    if (movie->eumMediaType != VXMediaType::Movie) {
+        return {nullptr, notAMovie(movie->eumMediaType)};
+    }
+    movie->setSettings(DefaultParameters::settingsOfNewMovie(defaults, *movie));
+    return {movie, {}};
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "collage/editor/CollageEditorHost.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class AlertPanel;
+class KTCustomCollageWndCtl;
+class MovieJobs;
+class MovieList;
+class MyTableView;
+class QWidget;
+class UserDefaults;
+
+/// The collage editor's place in the main window: opens it on the selected movie and steps it through the list.
+/// While it is open no batch is loaded, so that the rows stay where they are. Owned by the main window; main thread.
+class CollageEditing final : private CollageEditorHost {
+public:
+    /// All of it must outlive this.
+    struct Services {
+        UserDefaults &defaults;
+        AlertPanel &alert;
+        MovieList &movies;
+        MyTableView &tableView;
+        MovieJobs &jobs;
+        std::function<QString(const KTMovieObject &)> metadataText; ///< the block of facts about a movie
+    };
+
+    /// The sheet hangs over this window.
+    CollageEditing(Services services, QWidget &window);
+    ~CollageEditing() override;
+
+    /// Opens the editor; nothing when no movie is selected or a job is running.
+    void customCollageDown();
+    /// Closes the editor, as its Cancel does.
+    void cancel();
+
+    void selectPrevMovie() override;
+    void selectNextMovie() override;
+
+private:
+    std::vector<std::shared_ptr<KTMovieObject>> aryItems() const override;
+    void reloadData() override;
+
+    void makeEditor();
+    int selectedRow() const;
+    void showRow(int row);
+
+    Services services;
+    QWidget &window;
+    std::unique_ptr<KTCustomCollageWndCtl> customWndCtl; // from the first opening on
+};

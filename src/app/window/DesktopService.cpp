@@ -1,0 +1,224 @@
+#include "app/window/DesktopService.h"
+
+#include "applicationadaptor.h"
+#include "platform/Log.h"
+#include "platform/files/FileUri.h"
+#include "platform/files/PathText.h"
+#include "platform/threads/AlternateStack.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusError>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QDeadlineTimer>
+#include <QThread>
+
+#include <fstream>
+#include <iterator>
+#include <latch>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString &interfaceName()
+{
+    static const QString name = u"org.freedesktop.Application"_s;
+    return name;
+}
+
+QStringList urisOf(const QStringList &paths)
+{
+    QStringList uris;
+    for (const QString &path : paths) {
+        uris += QString::fromLatin1(FileUri::fromPath(path));
+    }
+    return uris;
+}
+
+/// Whether the process gets no processor time until somebody lets it go on. Where it cannot be seen, as from inside a
+/// sandbox, there is no telling, and the answer is yes.
+bool isStopped(uint process)
+{
+    std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+    const std::string line{std::istreambuf_iterator(file), {}};
+    const std::size_t name = line.rfind(')'); // it may hold anything
+    return name == std::string::npos || name + 2 >= line.size() ||
+           std::string_view("TtZX").find(line[name + 2]) != std::string_view::npos;
+}
+
+} // namespace
+
+/// Runs an object's events on a thread of its own for as long as it lives, then gives the object back to the thread
+/// that it came from.
+class DesktopService::Reception final : private QThread {
+public:
+    explicit Reception(QObject &receiver) : service(receiver), origin(receiver.thread())
+    {
+        service.moveToThread(this);
+        start();
+    }
+    ~Reception() override
+    {
+        quit();
+        ended.wait(); // what the thread has done is seen from here on
+        wait();
+    }
+
+private:
+    void run() override
+    {
+        const AlternateStack stack;
+        exec();
+        service.moveToThread(origin);
+        ended.count_down();
+    }
+
+    QObject &service;
+    QThread *const origin;
+    std::latch ended{1};
+};
+
+DesktopService::DesktopService(QDBusConnection sessionBus, QString busName, Requests handlers,
+                               std::chrono::milliseconds hangTime) :
+    bus(std::move(sessionBus)), name(std::move(busName)), requests(std::move(handlers)), longestWait(hangTime)
+{
+    new ApplicationAdaptor(this);
+}
+
+DesktopService::~DesktopService()
+{
+    stop();
+}
+
+DesktopService::Outcome DesktopService::start(const QStringList &paths, const ActivationToken &token,
+                                              const Patience &patience)
+{
+    // The object comes before the name: whoever finds the name may call at once.
+    if (!bus.isConnected() || !bus.registerObject(objectPath(), this)) {
+        return Outcome::Alone;
+    }
+    isOnBus = true;
+    reception = std::make_unique<Reception>(*this);
+    if (takeName()) {
+        return Outcome::First;
+    }
+    if (handOver(paths, token, patience)) {
+        stop();
+        return Outcome::HandedOver;
+    }
+    if (takeName()) { // it has ended meanwhile
+        return Outcome::First;
+    }
+    stop();
+    qCWarning(lcTessarine) << "another Tessarine runs but does not answer; this one goes on by itself";
+    return Outcome::Alone;
+}
+
+void DesktopService::setReady()
+{
+    {
+        const std::scoped_lock lock(mutex);
+        isReady = true;
+    }
+    answerRequests();
+}
+
+void DesktopService::Open(const QStringList &uris, const QVariantMap &platformData)
+{
+    QStringList paths;
+    for (const QString &uri : uris) {
+        if (const std::optional<QString> path = FileUri::toPath(uri.toUtf8())) {
+            paths += *path;
+        } else {
+            qCWarning(lcTessarine).noquote() << "not a file on this machine:" << PathText::forDisplay(uri);
+        }
+    }
+    if (!paths.isEmpty()) {
+        passOn([this, paths, token = ActivationToken::fromPlatformData(platformData)] { requests.open(paths, token); });
+    }
+}
+
+void DesktopService::Activate(const QVariantMap &platformData)
+{
+    passOn([this, token = ActivationToken::fromPlatformData(platformData)] { requests.activate(token); });
+}
+
+void DesktopService::ActivateAction(const QString &action, const QVariantList & /*parameters*/,
+                                    const QVariantMap & /*platformData*/)
+{
+    qCWarning(lcTessarine).noquote() << "the desktop asks for an unknown action:" << PathText::forDisplay(action);
+}
+
+/// Where the desktop looks for it, by the name.
+QString DesktopService::objectPath() const
+{
+    return u'/' + QString(name).replace(u'.', u'/').replace(u'-', u'_');
+}
+
+bool DesktopService::takeName()
+{
+    const auto reply = bus.interface()->registerService(name, QDBusConnectionInterface::DontQueueService,
+                                                        QDBusConnectionInterface::DontAllowReplacement);
+    return reply == QDBusConnectionInterface::ServiceRegistered;
+}
+
+bool DesktopService::handOver(const QStringList &paths, const ActivationToken &token, const Patience &patience)
+{
+    const QString method = paths.isEmpty() ? u"Activate"_s : u"Open"_s;
+    QDBusMessage call = QDBusMessage::createMethodCall(name, objectPath(), interfaceName(), method);
+    call.setAutoStartService(false); // should it end now, this program takes its place, not a third one
+    if (!paths.isEmpty()) {
+        call << urisOf(paths);
+    }
+    call << token.platformData();
+    const QDBusPendingCall answer = bus.asyncCall(call, static_cast<int>(patience.whenBusy.count()));
+    const QDeadlineTimer soon(patience.whenStopped);
+    while (!answer.isFinished() && !(soon.hasExpired() && isStopped(bus.interface()->servicePid(name)))) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5)); // there is no event loop yet, and a call no deadline
+    }
+    return answer.isFinished() && !answer.isError();
+}
+
+void DesktopService::stop()
+{
+    if (std::exchange(isOnBus, false)) {
+        bus.unregisterObject(objectPath());
+        bus.unregisterService(name);
+    }
+    reception.reset();
+}
+
+void DesktopService::passOn(std::function<void()> request)
+{
+    const auto now = std::chrono::steady_clock::now();
+    const std::scoped_lock lock(mutex);
+    if (isReady && !waiting.empty() && now - waiting.front().since >= longestWait) {
+        qCWarning(lcTessarine) << "the window does not answer";
+        if (calledFromDBus()) {
+            sendErrorReply(QDBusError::NoReply, u"the window does not answer"_s);
+        }
+        return;
+    }
+    waiting.push_back({std::move(request), now});
+    if (isReady) {
+        QMetaObject::invokeMethod(
+            &mainThread, [this] { answerRequests(); }, Qt::QueuedConnection);
+    }
+}
+
+void DesktopService::answerRequests()
+{
+    std::vector<Waiting> taken;
+    {
+        const std::scoped_lock lock(mutex);
+        taken.swap(waiting);
+    }
+    for (const Waiting &each : taken) {
+        each.request();
+    }
+}

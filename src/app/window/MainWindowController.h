@@ -1,0 +1,108 @@
+#pragma once
+
+#include "app/loading/MovieJobs.h"
+#include "app/loading/MovieList.h"
+#include "app/window/CollageEditing.h"
+#include "app/window/DropDelegate.h"
+#include "app/window/MovieTableModel.h"
+#include "app/window/MyTableView.h"
+#include "app/window/OutputFolderControls.h"
+#include "app/window/TableReloadDelegate.h"
+#include "app/window/VXLoadingWndCtl.h"
+#include "platform/desktop/DroppedFiles.h"
+#include "platform/threads/NotificationCenter.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+struct ActivationToken;
+
+namespace Ui {
+class MainWindowController;
+}
+
+/// The main window: the list of movies and what can be done with it. It wires the table, the output line, the progress
+/// sheet and the background jobs; the work is theirs. Owned by AppDelegate; main thread.
+class MainWindowController final : public QMainWindow,
+                                   private JobsView,
+                                   private TableReloadDelegate,
+                                   private DropDelegate {
+    Q_OBJECT
+
+public:
+    /// All of it must outlive this.
+    struct Services {
+        UserDefaults &defaults;
+        FrameGrabber &grabber;
+        TrustedFolders &trustedFolders;
+        NotificationCenter &notifications;
+        AlertPanel &alert;
+        OpenPanel &openPanel;
+        Workspace &workspace;
+        DispatchQueue &mainQueue;
+        QString home;
+        bool experimental; ///< the remote flag: whether collages can go beside their movies
+        std::function<QImage(const KTMovieObject &)> renderPreview; ///< called on the loading thread
+        std::function<QString(const KTMovieObject &)> metadataText; ///< the block of facts about a movie
+        std::function<void()> showPreferences;
+        DroppedFiles droppedFiles = {};
+    };
+
+    explicit MainWindowController(Services services);
+    ~MainWindowController() override;
+
+    /// The launch is complete: checks the output folder.
+    void appLaunched();
+    /// Loads paths into the list at the index, the last one first.
+    void loadMediasWithPaths(const QStringList &paths, int index);
+    /// Whether a batch or an export is running.
+    bool isJobRunning() const { return jobs->isRunning(); }
+    /// Shows the window before all others; the window system may want the token for it.
+    void bringForward(const ActivationToken &token);
+    /// Closes the window as its close button does: what runs is cancelled and waited for first.
+    void quit();
+
+    void importMoviesDown();
+    void deleteDown();
+    void clearDown();
+    void startDown();
+    void customCollageDown();
+    void preferencesDown();
+    /// Whether the command of that identifier can be used now. For the two that empty the list, the Start button
+    /// follows the answer.
+    bool validateToolbarItem(const QString &identifier);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void connectActions();
+    void addToolbarItems();
+    void updateActions();
+    void loadingPrgCanceled();
+    void showAbout();
+    void rememberLayout();
+    void restoreLayout();
+    QStringList moviePaths() const;
+
+    void jobStarted(Kind kind, const QString &text) override;
+    void jobProgress(double fraction, const QString &main, const QString &ing, const QImage &image,
+                     const QString &remaining) override;
+    void jobEnded(Kind kind, const QStringList &failures) override;
+
+    void deleteFileDown(MyTableView &table) override;
+    bool validateDrop(int row, bool between) override;
+    void acceptDrop(const QStringList &paths, int row) override;
+
+    Services services;
+    std::unique_ptr<Ui::MainWindowController> ui;
+    MovieList aryItems;
+    MovieTableModel model;
+    std::unique_ptr<VXLoadingWndCtl> loadingWndCtl;
+    std::unique_ptr<OutputFolderControls> outputFolder;
+    std::unique_ptr<MovieJobs> jobs;
+    std::unique_ptr<CollageEditing> collageEditing;
+    NotificationCenter::Observation cancelObservation;
+    bool closing = false; // as soon as the running job has ended
+};

@@ -1,0 +1,150 @@
+#include "app/window/MovieTableModel.h"
+
+#include "Shared/NumberText.h"
+#include "Shared/PathParts.h"
+#include "collage/KTMovieObject.h"
+#include "platform/files/PathText.h"
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double bitsPerKilobit = 1000.0;
+
+QString shownName(const KTMovieObject &movie)
+{
+    return PathText::forDisplay(GlobalFun::lastPathComponent(movie.filePath));
+}
+
+QString title(const KTMovieObject &movie)
+{
+    return shownName(movie) + u'\n' + PathText::forDisplay(movie.filePath);
+}
+
+QString grids(const CollageSettings &settings)
+{
+    return u"%1 * %2"_s.arg(settings.rowNumber).arg(settings.columeNumber);
+}
+
+QString description(const KTMovieObject &movie)
+{
+    return u"Resolution: %1 * %2\nData Rate:%3Kbps"_s.arg(movie.pixWidth)
+        .arg(movie.pixHeight)
+        .arg(GlobalFun::fixedText(movie.videoBitrate / bitsPerKilobit, 1));
+}
+
+/// One column: its identifier, what it shows, its heading and what a screen reader says of a cell.
+struct ColumnKind {
+    const char16_t *identifier;
+    QVariant (*value)(const KTMovieObject &movie);
+    QString (*heading)();
+    QString (*spoken)(const KTMovieObject &movie);
+};
+
+const std::array<ColumnKind, MovieTableModel::ColumnCount> columns{{
+    {u"Thumbnail", [](const KTMovieObject &movie) { return QVariant(movie.imgThumbnail()); },
+     //% "Thumbnail"
+     [] { return qtTrId("column_thumbnail"); },
+     //% "Picture from %1"
+     [](const KTMovieObject &movie) { return qtTrId("cell_thumbnail").arg(shownName(movie)); }},
+    {u"Summary", [](const KTMovieObject &movie) { return QVariant(movie.imgPreview()); },
+     //% "Summary"
+     [] { return qtTrId("column_summary"); },
+     //% "Preview of the collage of %1"
+     [](const KTMovieObject &movie) { return qtTrId("cell_summary").arg(shownName(movie)); }},
+    {u"Title", [](const KTMovieObject &movie) { return QVariant(title(movie)); },
+     //% "Title"
+     [] { return qtTrId("column_title"); }, title},
+    {u"Grids", [](const KTMovieObject &movie) { return QVariant(grids(movie.settings())); },
+     //% "Grids"
+     [] { return qtTrId("column_grids"); },
+     [](const KTMovieObject &movie) {
+         const CollageSettings settings = movie.settings();
+         //% "Rows: %1, columns: %2"
+         return qtTrId("cell_grids").arg(settings.rowNumber).arg(settings.columeNumber);
+     }},
+    {u"Description", [](const KTMovieObject &movie) { return QVariant(description(movie)); },
+     //% "Description"
+     [] { return qtTrId("column_description"); }, description},
+}};
+
+const ColumnKind &kindOf(int column)
+{
+    return columns.at(static_cast<std::size_t>(column));
+}
+
+/// The whole path; as rich text, because a plain one is not wrapped and may be taken for rich text anyway.
+QString pathToolTip(const KTMovieObject &movie)
+{
+    return u"<p style='white-space:pre-wrap'>" + PathText::forDisplay(movie.filePath).toHtmlEscaped() + u"</p>";
+}
+
+} // namespace
+
+QVariant objectValueForTableColumn(const QString &identifier, const KTMovieObject &movie)
+{
+    for (const ColumnKind &kind : columns) {
+        if (identifier == QStringView(kind.identifier)) {
+            return kind.value(movie);
+        }
+    }
+    return {};
+}
+
+MovieTableModel::MovieTableModel(const MovieList &list, QObject *parent) : QAbstractTableModel(parent), aryItems(list)
+{
+}
+
+void MovieTableModel::reloadData()
+{
+    beginResetModel();
+    shown = aryItems.snapshot();
+    endResetModel();
+}
+
+int MovieTableModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(shown.size());
+}
+
+int MovieTableModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : ColumnCount;
+}
+
+QVariant MovieTableModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid()) {
+        return {};
+    }
+    const KTMovieObject &movie = *shown.at(static_cast<std::size_t>(index.row()));
+    const ColumnKind &kind = kindOf(index.column());
+    const bool isPicture = index.column() == Thumbnail || index.column() == Summary;
+    switch (role) {
+    case Qt::DisplayRole:
+        return isPicture ? QVariant() : kind.value(movie);
+    case Qt::DecorationRole:
+        return isPicture ? kind.value(movie) : QVariant();
+    case Qt::AccessibleTextRole:
+        return kind.spoken(movie);
+    case Qt::ToolTipRole:
+        return index.column() == Title ? QVariant(pathToolTip(movie)) : QVariant();
+    case Qt::TextAlignmentRole:
+        return QVariant(index.column() == Grids ? Qt::AlignCenter : Qt::AlignVCenter | Qt::AlignLeft);
+    default:
+        return {};
+    }
+}
+
+QVariant MovieTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || section < 0 || section >= ColumnCount) {
+        return {};
+    }
+    if (role == Qt::TextAlignmentRole) {
+        return QVariant(section == Grids ? Qt::AlignCenter : Qt::AlignVCenter | Qt::AlignLeft);
+    }
+    return role == Qt::DisplayRole ? QVariant(kindOf(section).heading()) : QVariant();
+}

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "app/window/MovieTableModel.h"
+#include "platform/desktop/DroppedFiles.h"
+
+#include <QPointer>
+#include <QTableView>
+
+#include <optional>
+#include <utility>
+
+class DropDelegate;
+class JKDropInTipsView;
+class TableReloadDelegate;
+
+/// The table of movies: takes files that are dropped between its rows, forwards two keys, and shows a hint while it is
+/// empty. Part of the main window; main thread.
+class MyTableView final : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit MyTableView(QWidget *parent = nullptr);
+
+    /// The model stays the caller's.
+    void setMovies(MovieTableModel &model);
+    /// Hears of keys and reloads; must outlive the table. Null for none.
+    void setReloadDelegate(TableReloadDelegate *delegate) { reloadDelegate = delegate; }
+    /// How to find the files that are dropped; by their names alone until then.
+    void setDroppedFiles(DroppedFiles files) { droppedFiles = std::move(files); }
+    /// Decides on drops; must outlive the table. Null refuses all.
+    void setDropDelegate(DropDelegate *delegate) { dropDelegate = delegate; }
+
+    /// Shows the list as it is now. Movies that were selected stay so. The hint is judged a moment later, when the
+    /// rows have been drawn.
+    void reloadData();
+    /// Shows the hint if there are no rows, and removes it otherwise.
+    void refreshState(bool highlighted);
+
+    /// Selected rows in ascending order.
+    std::vector<int> selectedRows() const;
+    MovieList::Movies selectedMovies() const;
+    /// Selects the row alone and scrolls it into view.
+    void selectRowAlone(int row);
+
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    /// Home and End go to the first and last row.
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    /// Before the row, or onto it when not between.
+    struct DropSpot {
+        int row = 0;
+        bool between = true;
+
+        bool operator==(const DropSpot &) const = default;
+    };
+
+    void rowsDrawn();
+    int rowCount() const;
+    DropSpot spotAt(int y) const;
+    void setInsertion(std::optional<int> row);
+    /// Whether the delegate wants files there; shows it.
+    bool offer(const DropSpot &spot);
+    void select(const MovieList::Movies &movies);
+    void fitRowsToFont();
+
+    QPointer<MovieTableModel> movies;
+    TableReloadDelegate *reloadDelegate = nullptr;
+    DropDelegate *dropDelegate = nullptr;
+    DroppedFiles droppedFiles;
+    JKDropInTipsView *dropTipView = nullptr;
+    std::optional<int> insertion; // the row before which files would be put
+};

@@ -1,0 +1,134 @@
+#include "app/window/VXLoadingWndCtl.h"
+
+#include "platform/files/PathText.h"
+#include "platform/threads/NotificationCenter.h"
+#include "ui_VXLoadingWndCtl.h"
+
+#include <QCloseEvent>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int margin = 15;
+constexpr int spacing = 12;
+constexpr int aboveContainer = 35; // from the picture's top
+constexpr QSize leastButton(80, 32);
+
+} // namespace
+
+VXLoadingWndCtl::VXLoadingWndCtl(NotificationCenter &notificationCenter, QWidget *parent) :
+    QDialog(parent), center(notificationCenter), ui(std::make_unique<Ui::VXLoadingWndCtl>())
+{
+    ui->setupUi(this);
+    connect(ui->btnCancel, &QPushButton::clicked, this, &VXLoadingWndCtl::cancelDown);
+    setModel(0);
+}
+
+VXLoadingWndCtl::~VXLoadingWndCtl() = default;
+
+void VXLoadingWndCtl::setModel(int model)
+{
+    layoutModel = model;
+    //% "Loading Movies"
+    const QString loadingTitle = qtTrId("progress_title_loading");
+    //% "Making Collages"
+    const QString exportTitle = qtTrId("progress_title_export");
+    setWindowTitle(model == 0 ? loadingTitle : exportTitle);
+    layOut();
+}
+
+/// The container is as high as its font makes it, and the picture so much higher that the container stands in its
+/// middle; nothing moves when the model changes but the container's left edge.
+void VXLoadingWndCtl::layOut()
+{
+    QWidget *box = ui->boxContainer;
+    const int boxHeight = std::max(box->minimumHeight(), box->sizeHint().height());
+    QRect image = ui->imageView->geometry();
+    image.setHeight(boxHeight + 2 * aboveContainer);
+    const QSize button = ui->btnCancel->sizeHint().expandedTo(leastButton);
+    const int buttonTop = image.y() + image.height() + spacing;
+    setFixedSize(width(), buttonTop + button.height() + margin);
+
+    ui->imageView->setGeometry(image);
+    ui->imageView->setVisible(layoutModel != 0);
+    ui->btnCancel->setGeometry({QPoint(width() - margin - button.width(), buttonTop), button});
+    if (layoutModel == 0) {
+        box->setGeometry(margin, box->y(), width() - 2 * margin, boxHeight);
+    } else {
+        box->setGeometry(image.x() + image.width() + margin, image.y() + aboveContainer,
+                         width() - image.width() - 3 * margin, boxHeight);
+    }
+}
+
+void VXLoadingWndCtl::startLoading(const QString &text, QWidget *parent)
+{
+    if (parent != parentWidget()) {
+        setParent(parent, windowFlags());
+    }
+    ui->lblPrgTip->setText(text);
+    ui->lblSaveProgress->clear();
+    setRemaining({});
+    ui->prgSaving->setValue(0);
+    open();
+}
+
+void VXLoadingWndCtl::updateProgress(double progress, const QString &main, const QString &ing, const QImage &image)
+{
+    ui->lblPrgTip->setText(main);
+    ui->lblSaveProgress->setText(PathText::forDisplay(ing));
+    const double share = progress > 0.0 ? std::min(progress, 1.0) : 0.0;
+    ui->prgSaving->setValue(qRound(share * ui->prgSaving->maximum()));
+    if (!image.isNull()) {
+        showImage(image);
+    }
+}
+
+void VXLoadingWndCtl::showImage(const QImage &image)
+{
+    const qreal ratio = devicePixelRatioF();
+    const QSize room = (QSizeF(ui->imageView->contentsRect().size()) * ratio).toSize();
+    QImage fitted = image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    fitted.setDevicePixelRatio(ratio);
+    ui->imageView->setPixmap(QPixmap::fromImage(fitted));
+}
+
+void VXLoadingWndCtl::setRemaining(const QString &text)
+{
+    ui->lblRemaining->setText(text);
+    ui->lblRemaining->setVisible(!text.isEmpty());
+}
+
+void VXLoadingWndCtl::endLoading()
+{
+    ui->lblSaveProgress->clear();
+    setRemaining({});
+    ui->prgSaving->setValue(0);
+    hide();
+}
+
+void VXLoadingWndCtl::cancelDown()
+{
+    center.post(canceledNotification);
+}
+
+void VXLoadingWndCtl::reject()
+{
+    cancelDown();
+}
+
+void VXLoadingWndCtl::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(!isVisible());
+    if (isVisible()) {
+        cancelDown();
+    }
+}
+
+void VXLoadingWndCtl::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        layOut();
+    }
+}

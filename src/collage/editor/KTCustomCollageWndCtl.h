@@ -1,0 +1,106 @@
+#pragma once
+
+#include "collage/CollageForm.h"
+#include "collage/CollageNumber.h"
+#include "collage/editor/SWTimeEditViewDelegate.h"
+#include "collage/editor/SliderViewDelegate.h"
+#include "platform/widgets/FieldEditingDelegate.h"
+
+#include <QDialog>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class AlertPanel;
+class CollageEditorHost;
+class ColorWell;
+class FieldEditing;
+class FractionSlider;
+class KTMovieObject;
+class QPushButton;
+class UserDefaults;
+
+namespace Ui {
+class KTCustomCollageWndCtl;
+}
+
+/// The collage editor: a sheet over the main window in which the collage of one movie, or of all, is shaped with a live
+/// preview. It connects its controls to the movie's settings; what numbers are allowed and what they mean is the
+/// business of CollageNumbers and CollageForm. The main window keeps one; main thread.
+class KTCustomCollageWndCtl final : public QDialog,
+                                    private FieldEditingDelegate,
+                                    private SWTimeEditViewDelegate,
+                                    private SliderViewDelegate {
+    Q_OBJECT
+
+public:
+    /// All of it must outlive this.
+    struct Services {
+        UserDefaults &defaults;
+        AlertPanel &alert;
+        CollageEditorHost &host;
+        std::function<QString(const KTMovieObject &)> metadataText; ///< the block of facts, for its height
+    };
+
+    explicit KTCustomCollageWndCtl(Services services, QWidget *parent = nullptr);
+    ~KTCustomCollageWndCtl() override;
+
+    /// The movie being edited; null before the first one.
+    std::shared_ptr<KTMovieObject> movieObj() const { return movie; }
+    QPushButton &btnPrev();
+    QPushButton &btnNext();
+
+    /// Makes the movie the edited one and fills every control from it.
+    void flushWithKTObject(std::shared_ptr<KTMovieObject> object);
+    /// Writes what the controls say into this movie.
+    void serilizedToKTObject(KTMovieObject &object) const;
+
+    /// Closes the sheet. What has been changed live stays.
+    void cancelDown();
+    /// Writes the edited movie, or all of them, and the defaults if asked for; then closes the sheet. Like the two
+    /// below, it does nothing while a field holds what cannot stay.
+    void doneDown();
+    void prevDown();
+    void nextDown();
+
+    void reject() override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void prepareControls();
+    void connectControls();
+    void fillRange(const CollageSettings &settings);
+    void fillNumbers(const CollageSettings &settings);
+    CollageForm form() const;
+
+    void changeColor(ColorWell &well);
+    void sliderDown(FractionSlider &slider);
+    void autoHeightDown();
+    void refreshSplitTimeRange();
+    /// Lets the change into the settings of the edited movie.
+    void edit(const std::function<void(CollageSettings &)> &change);
+    void redrawPreview();
+
+    bool endEditing();
+    void abandonEditing();
+    std::optional<CollageNumber> numberOf(const QLineEdit &field) const;
+
+    void controlTextDidChange(QLineEdit &field) override;
+    bool controlTextShouldEndEditing(QLineEdit &field) override;
+    bool isValid(SWTimeEditView &view, double seconds) override;
+    void didChangeValue(SWTimeEditView &view, double seconds) override;
+    void splitSliderViewBeginDragClip(SplitSliderView &slider, bool bLeftClip) override;
+    void splitSliderViewDragClipTo(SplitSliderView &slider, bool bLeftClip) override;
+    void splitSliderViewEndDragClip(SplitSliderView &slider, bool bLeftClip) override;
+
+    using SliderViewDelegate::didChangeValue; // the knob: there is none here
+
+    Services services;
+    std::unique_ptr<Ui::KTCustomCollageWndCtl> ui;
+    std::vector<std::unique_ptr<FieldEditing>> fieldEditings; // gone before the fields are
+    std::shared_ptr<KTMovieObject> movie;
+};

@@ -1,0 +1,89 @@
+#include "collage/editor/KTThumbnailPreview.h"
+
+#include "collage/KTMovieObject.h"
+#include "render/CollagePreview.h"
+
+#include <QPainter>
+
+#include <utility>
+
+KTThumbnailPreview::KTThumbnailPreview(QWidget *parent) : QWidget(parent)
+{
+    //% "Preview of the collage"
+    setAccessibleName(qtTrId("preview_name"));
+}
+
+void KTThumbnailPreview::setMetadataText(MetadataText text)
+{
+    metadataText = std::move(text);
+    factsAreKnown = false;
+    update();
+}
+
+void KTThumbnailPreview::flushWithMovieObject(std::shared_ptr<KTMovieObject> object)
+{
+    if (object != movie) {
+        factsAreKnown = false;
+    }
+    movie = std::move(object);
+    update();
+}
+
+QImage KTThumbnailPreview::imageWithSubviews()
+{
+    const qreal ratio = devicePixelRatioF();
+    QImage image((QSizeF(size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::transparent);
+    render(&image, {}, {}, DrawChildren);
+    return image;
+}
+
+QImage KTThumbnailPreview::imageForList()
+{
+    return movie ? renderCollagePreview(listPreviewSize, devicePixelRatioF(), movie->settings(), facts(),
+                                        holderForScreen())
+                 : QImage();
+}
+
+QSize KTThumbnailPreview::sizeHint() const
+{
+    return listPreviewSize;
+}
+
+QSize KTThumbnailPreview::minimumSizeHint() const
+{
+    return listPreviewSize / 2;
+}
+
+void KTThumbnailPreview::paintEvent(QPaintEvent * /*event*/)
+{
+    if (!movie) {
+        return;
+    }
+    QPainter painter(this);
+    drawCollagePreview(painter, rect(), movie->settings(), facts(), holderForScreen());
+}
+
+void KTThumbnailPreview::showEvent(QShowEvent *event)
+{
+    factsAreKnown = false; // the choice of facts may have changed in the preferences meanwhile
+    QWidget::showEvent(event);
+}
+
+const QImage &KTThumbnailPreview::holderForScreen()
+{
+    if (imgHolder.isNull() || imgHolder.devicePixelRatio() != devicePixelRatioF()) {
+        imgHolder = previewPlaceholder(devicePixelRatioF());
+    }
+    return imgHolder;
+}
+
+const QString &KTThumbnailPreview::facts()
+{
+    if (!factsAreKnown) {
+        knownFacts = metadataText ? metadataText(*movie) : QString();
+        factsAreKnown = true;
+    }
+    return knownFacts;
+}

@@ -1,8 +1,0 @@
-#include "online/CrashReportUtil.h"
-
-#include "Shared/PathParts.h"
-
-QString CrashReportUtil::getCrashReportObjectPath(const QString &documents)
-{
-    return GlobalFun::appendingPathComponent(documents, QStringLiteral("crash.info"));
-}

@@ -1,0 +1,50 @@
+#include "online/crash/CrashReportSender.h"
+
+#include "Shared/FileStatus.h"
+#include "platform/Log.h"
+#include "platform/files/PathText.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+using namespace Qt::StringLiterals;
+
+CrashReportSender::CrashReportSender(const QString &path, const CrashReportObject &record) :
+    reportPath(path), crashSignalHanler(path, record)
+{
+}
+
+bool CrashReportSender::hasPendingCrashReport() const
+{
+    return GlobalFun::isTaken(reportPath);
+}
+
+void CrashReportSender::handleCrashReport(CrashReportSenderDelegate *delegate) const
+{
+    if (delegate == nullptr) {
+        qCWarning(lcTessarine).noquote()
+            << u"CRASH REPORT SENDER DELEGATE 需实现handleCrashReport方法，自定义的CRASH报告处理失败"_s;
+        return;
+    }
+    if (hasPendingCrashReport()) {
+        delegate->handleCrashReport(CrashReportObject::initWithContentsOfFile(reportPath));
+    }
+}
+
+void CrashReportSender::noticeHandleCrashReportSuccess() const
+{
+    qCInfo(lcTessarine).noquote() << u"CRASH REPORT 处理成功"_s;
+    // Not with all that is in it, should it be a folder: that would be somebody's.
+    if (std::remove(PathText::toBytes(reportPath).constData()) != 0) {
+        qCWarning(lcTessarine, "crash report not deleted: %s", std::strerror(errno));
+    }
+}
+
+void CrashReportSender::sendCrashReportToURL(const QUrl &url, CrashReportSenderDelegate *delegate)
+{
+    if (!upload) {
+        upload.emplace(reportPath, notifications);
+    }
+    upload->sendCrashReportToURL(url, delegate);
+}

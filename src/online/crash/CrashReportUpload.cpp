@@ -1,0 +1,91 @@
+#include "online/crash/CrashReportUpload.h"
+
+#include "Shared/FileStatus.h"
+#include "online/crash/CrashReportObject.h"
+#include "online/crash/CrashReportSender.h"
+#include "platform/Log.h"
+#include "platform/files/PathText.h"
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+CrashReportUpload::CrashReportUpload(const QString &reportPath, NotificationCenter &notifications) :
+    CrashReportUpload(reportPath, notifications, Timing())
+{
+}
+
+CrashReportUpload::CrashReportUpload(const QString &reportPath, NotificationCenter &notifications, Timing times) :
+    path(reportPath), center(notifications), timing(times)
+{
+    submission.setSingleShot(true);
+    submission.callOnTimeout([this] { submit(); });
+}
+
+void CrashReportUpload::sendCrashReportToURL(const QUrl &url, CrashReportSenderDelegate *delegate)
+{
+    if (!GlobalFun::isTaken(path)) {
+        return;
+    }
+    target = url;
+    reportDelegate = delegate;
+    if (!submission.isActive()) {
+        submission.start(timing.delay);
+    }
+}
+
+void CrashReportUpload::submit()
+{
+    exchange.reset();
+    networkChange.reset();
+    if (target.host().isEmpty()) {
+        waitForNetwork();
+        return;
+    }
+    lookup.emplace(target.host(), [this](const QString &error) {
+        if (!error.isEmpty()) {
+            waitForNetwork();
+        } else if (GlobalFun::isTaken(path)) {
+            send();
+        }
+    });
+}
+
+void CrashReportUpload::waitForNetwork()
+{
+    if (!watch) {
+        watch.emplace(center);
+    }
+    networkChange = center.observe(NetworkWatch::changed, [this] {
+        networkChange.reset();
+        submit();
+    });
+}
+
+void CrashReportUpload::send()
+{
+    const auto content =
+        reportDelegate == nullptr
+            ? std::nullopt
+            : reportDelegate->createReportContentByReportInfo(CrashReportObject::initWithContentsOfFile(path));
+    if (!content) {
+        qCWarning(lcTessarine).noquote()
+            << u"CRASH REPORT DELEGATE 需实现 createReportContentByReportInfo 方法，发送失败。";
+        return;
+    }
+    qCInfo(lcTessarine).noquote() << u"send crash report:\n"_s + *content;
+    exchange.emplace(
+        HttpRequest{target, content->toUtf8()}, [this](const HttpAnswer &answer) { takeAnswer(answer); },
+        timing.answer);
+}
+
+void CrashReportUpload::takeAnswer(const HttpAnswer &answer) const
+{
+    // A server that has said yes has the report, even if the rest of its answer is lost; one that says nothing has not.
+    if (answer.status < 200 || answer.status >= 400) {
+        qCWarning(lcTessarine).noquote() << u"服务器未正常响应，发送CRASH报告失败，下次再发送...";
+        return;
+    }
+    qCInfo(lcTessarine).noquote() << u"发送CRASH报告成功，删除本机报告文件...";
+    std::remove(PathText::toBytes(path).constData());
+}

@@ -1,0 +1,95 @@
+#include "platform/desktop/DesktopWorkspace.h"
+
+#include "platform/Log.h"
+#include "platform/files/FileDescriptor.h"
+#include "platform/files/FileUri.h"
+#include "platform/files/PathText.h"
+#include "platform/threads/DispatchQueue.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusUnixFileDescriptor>
+#include <QDesktopServices>
+#include <QUrl>
+
+#include <fcntl.h>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void openPath(const QString &path)
+{
+    if (!QDesktopServices::openUrl(QUrl::fromEncoded(FileUri::fromPath(path)))) {
+        qCWarning(lcTessarine).noquote() << "the desktop does not open" << PathText::forDisplay(path);
+    }
+}
+
+QString folderOf(const QString &path)
+{
+    const QString folder = path.left(path.lastIndexOf(u'/'));
+    return folder.isEmpty() ? u"/"_s : folder;
+}
+
+} // namespace
+
+DesktopWorkspace::DesktopWorkspace(DispatchQueue &queue, const QDBusConnection &bus, bool isSandboxed) :
+    mainQueue(queue), sessionBus(bus), sandboxed(isSandboxed)
+{
+}
+
+void DesktopWorkspace::openFile(const QString &path)
+{
+    onMainThread([path] { openPath(path); });
+}
+
+void DesktopWorkspace::revealFile(const QString &path)
+{
+    onMainThread([this, path] { sandboxed ? openDirectory(path) : showItems(path); });
+}
+
+void DesktopWorkspace::onMainThread(std::function<void()> work)
+{
+    mainQueue.async([work = std::move(work), life = std::weak_ptr(alive)] {
+        if (!life.expired()) { // it ends on the main thread, where this runs
+            work();
+        }
+    });
+}
+
+void DesktopWorkspace::showItems(const QString &path)
+{
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
+                                       u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
+    message << QStringList{QString::fromLatin1(FileUri::fromPath(path))} << QString();
+    callOrOpenFolder(message, path);
+}
+
+void DesktopWorkspace::openDirectory(const QString &path)
+{
+    const FileDescriptor file(::open(PathText::toBytes(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!file.isOpen()) {
+        openPath(folderOf(path));
+        return;
+    }
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_s, u"/org/freedesktop/portal/desktop"_s,
+                                       u"org.freedesktop.portal.OpenURI"_s, u"OpenDirectory"_s);
+    message << QString() << QVariant::fromValue(QDBusUnixFileDescriptor(file.get())) << QVariantMap();
+    callOrOpenFolder(message, path);
+}
+
+void DesktopWorkspace::callOrOpenFolder(const QDBusMessage &message, const QString &path)
+{
+    auto *watcher = new QDBusPendingCallWatcher(sessionBus.asyncCall(message), &context);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context, [watcher, path] {
+        if (watcher->isError()) {
+            openPath(folderOf(path));
+        }
+        watcher->deleteLater();
+    });
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/desktop/Workspace.h"
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include <functional>
+#include <memory>
+
+class DispatchQueue;
+
+/// The user's desktop: opens files in the program for their type, shows them in the file browser. Made on the main
+/// thread, where its work is done, whichever thread asks; nothing waits for the desktop's answer.
+class DesktopWorkspace final : public Workspace {
+public:
+    /// `sandboxed`: outside programs are to be reached through portals. The queue is the main thread's and must outlive
+    /// this; work of this object that still waits in it when this ends is not done.
+    DesktopWorkspace(DispatchQueue &mainQueue, const QDBusConnection &sessionBus, bool sandboxed);
+
+    void openFile(const QString &path) override;
+    /// Where there is no file browser that can select, the folder is opened.
+    void revealFile(const QString &path) override;
+
+private:
+    void onMainThread(std::function<void()> work);
+    void showItems(const QString &path);
+    void openDirectory(const QString &path);
+    /// Sends the call, and opens the folder of the path when it comes back as an error.
+    void callOrOpenFolder(const QDBusMessage &message, const QString &path);
+
+    DispatchQueue &mainQueue;
+    QDBusConnection sessionBus;
+    const bool sandboxed;
+    QObject context; ///< answers are taken as long as this lives
+    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
+};

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/threads/DispatchQueue.h"
+
+#include <QObject>
+
+#include <deque>
+#include <mutex>
+
+/// Work for the main thread, done by its event loop. Made on the main thread, and there it ends; what is still waiting
+/// then is dropped undone.
+class MainQueue final : public DispatchQueue, private QObject {
+public:
+    MainQueue() = default;
+    MainQueue(const MainQueue &) = delete;
+    MainQueue &operator=(const MainQueue &) = delete;
+
+    void async(Work work) override;
+
+private:
+    void customEvent(QEvent *event) override;
+    /// Does what is waiting now; work that it adds waits for its own event, so that the user is not kept waiting.
+    void workOff();
+
+    // Work goes from thread to thread under this lock alone, not inside Qt's events: Qt's own locking is invisible to
+    // ThreadSanitizer.
+    std::mutex mutex;
+    std::deque<Work> waiting;
+    bool isWoken = false; ///< an event is on its way
+};

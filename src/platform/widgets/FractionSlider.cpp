@@ -1,0 +1,45 @@
+#include "platform/widgets/FractionSlider.h"
+
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+constexpr int parts = 10;
+
+int toParts(double value)
+{
+    constexpr double most = std::numeric_limits<int>::max();
+    return std::isnan(value) ? 0 : static_cast<int>(std::clamp(std::round(value * parts), 0.0, most));
+}
+
+} // namespace
+
+FractionSlider::FractionSlider(QWidget *parent) : QSlider(Qt::Horizontal, parent)
+{
+    setRange(0, usualMaximum);
+    setSingleStep(parts);
+    setPageStep(10 * parts);
+}
+
+double FractionSlider::doubleValue() const
+{
+    return static_cast<double>(value()) / parts;
+}
+
+void FractionSlider::setDoubleValue(double value)
+{
+    const QSignalBlocker quiet(this);
+    const int wanted = toParts(value);
+    setMaximum(std::max(usualMaximum, wanted));
+    setValue(wanted);
+}
+
+void FractionSlider::setUsualMaximum(double maximum)
+{
+    usualMaximum = std::max(parts, toParts(maximum));
+    setMaximum(usualMaximum);
+}

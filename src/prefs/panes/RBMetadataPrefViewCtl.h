@@ -1,0 +1,37 @@
+#pragma once
+
+#include "prefs/panes/PreferencePane.h"
+
+class UserDefaults;
+namespace Ui {
+class RBMetadataPrefViewCtl;
+}
+
+/// The metadata pane: which texts stand on a collage, where, and in which colours. The store is not written before
+/// commitEditing().
+class RBMetadataPrefViewCtl final : public PreferencePane {
+public:
+    /// The store must outlive this.
+    explicit RBMetadataPrefViewCtl(UserDefaults &defaults);
+    ~RBMetadataPrefViewCtl() override;
+
+    QString identifier() const override;
+    QIcon toolbarItemImage() const override;
+    QString toolbarItemLabel() const override;
+
+    /// These turn the boxes of the heading's lines on and off. The two of the time stamps stay as they are, being no
+    /// lines of the heading.
+    void checkAll();
+    void uncheckAll();
+
+protected:
+    void loadView(QWidget &view) override;
+    void awakeFromNib() override;
+    bool commitControls() override;
+
+private:
+    void checkLines(bool on);
+
+    UserDefaults &defaults;
+    std::unique_ptr<Ui::RBMetadataPrefViewCtl> ui;
+};

@@ -1,0 +1,165 @@
+#include "app/command/ExportCommand.h"
+
+#include "Shared/FrameGrabber.h"
+#include "Shared/PreferenceKeys.h"
+#include "app/command/Console.h"
+#include "movies/ColorClock.h"
+#include "platform/store/UserDefaults.h"
+#include "prefs/DefaultsSeed.h"
+#include "support/CapturedStream.h"
+#include "support/ScratchFolder.h"
+#include "support/SmallDisk.h"
+
+#include <QImage>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+/// Runs the command in this process with the real tool, a home and a store of its own.
+struct ExportCommandTest : testing::Test {
+    static QString movie(const char *name)
+    {
+        return QStringLiteral(TESSARINE_TEST_MOVIES "/") + QString::fromUtf8(name);
+    }
+    /// Runs it with options, separated by blanks, on paths; "-o" is added where `output` is set.
+    int run(const QByteArray &optionText, const QStringList &paths)
+    {
+        const CapturedStream out;
+        const CapturedStream err;
+        UserDefaults defaults(folder.path("store.ini"));
+        DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), folder.path("home"));
+        FrameGrabber grabber(QStringLiteral(TESSARINE_FFMPEG), folder.path());
+        QStringList words = QString::fromLatin1("tessarine --export -q " + optionText).split(u' ', Qt::SkipEmptyParts);
+        if (!output.isEmpty()) {
+            words += {u"-o"_s, output};
+        }
+        const ExportOptions options = ExportOptions::parse(words + QStringList{u"--"_s} + paths);
+        EXPECT_EQ(options.action, ExportOptions::Action::Export) << options.problem.toStdString();
+        Console console(out.stream(), err.stream(), options.quiet);
+        const int status = ExportCommand(options, {defaults, grabber, console, folder.path("home"), cancelled}).run();
+        results = out.lines();
+        messages = err.lines();
+        return status;
+    }
+
+    ScratchFolder folder;
+    QString output = folder.path("out");
+    CancelFlag cancelled = false;
+    QByteArrayList results;
+    QByteArrayList messages;
+};
+
+TEST_F(ExportCommandTest, EachTileShowsItsSecond)
+{
+    output = folder.path("new/deep");
+    // Without a range the ends of the movie are left out: 2 to 10 s in steps of 1.6.
+    const std::tuple<QByteArray, QByteArray, std::vector<int>> clips[] = {
+        {"--format png", "new/deep/clock.png", {2, 3, 5, 6, 8, 10}},
+        {"--format tiff --start 0.5 --end 00:00:10.5", "new/deep/clock.tiff", {0, 2, 4, 6, 8, 10}},
+        {"--format bmp --start 6.5", "new/deep/clock.bmp", {6, 7, 7, 8, 9, 10}},
+    };
+    for (const auto &[options, name, seconds] : clips) {
+        run("--rows 2 --columns 3 --tile-width 80 --set MetadataTextKey=0 " + options, {movie("clock.mp4")});
+        ASSERT_EQ(results, QByteArrayList{folder.bytes(name)});
+        const QImage image(folder.path(name));
+        ASSERT_EQ(image.size(), QSize(3 * 80 + 2 * 4 + 40, 2 * 60 + 4 + 40));
+        std::vector<int> shown;
+        for (int tile = 0; tile < 6; ++tile) {
+            const QPoint middle(20 + 84 * (tile % 3) + 40, 20 + 64 * (tile / 3) + 30);
+            shown.push_back(ColorClock::secondOfColor(image.pixelColor(middle)));
+        }
+        EXPECT_EQ(shown, seconds) << options.constData();
+    }
+}
+
+TEST_F(ExportCommandTest, BadMoviesAreToldAndTheGoodOnesMadeInTheDefaultFolder)
+{
+    output.clear();
+    ASSERT_EQ(mkfifo(folder.bytes("fifo.mp4").constData(), 0600), 0);
+    folder.makeFolder("empty");
+    folder.makeFolder("loop");
+    for (const auto &[target, link] :
+         {std::pair{"self.mp4", "self.mp4"}, {"loop", "folder-link"}, {"../loop", "loop/a"}, {"../loop", "loop/b"}}) {
+        folder.link(target, link);
+    }
+    folder.link(movie("short.mp4").toUtf8(), "loop/x.mp4");
+    QStringList bad;
+    for (const char *name : {"fifo.mp4", "empty", "missing.mp4", "self.mp4", "folder-link"}) {
+        bad += folder.path(name);
+    }
+    bad += folder.write("DISC.VOB");
+    for (const char *name : {"text.mp4", "empty.mp4", "cut-off.mp4", "noise.mp4", "sound.m4a", "cover.m4a",
+                             "picture.mp4", "terminal.ans"}) {
+        bad += movie(name);
+    }
+    EXPECT_EQ(run("--rows 1", bad + QStringList{folder.path("loop"), movie("short.mp4")}), 1);
+    EXPECT_EQ(messages.size(), bad.size()) << messages.join('\n').constData();
+    for (const QString &one : bad) {
+        EXPECT_TRUE(messages.join('\n').contains(QByteArray("tessarine: " + one.toUtf8() + ": "))) << one.toStdString();
+    }
+    const QByteArray pictures = folder.bytes("home/Pictures/Tessarine");
+    EXPECT_EQ(results, (QByteArrayList{pictures + "/x.jpg", pictures + "/short.jpg"}));
+}
+
+TEST_F(ExportCommandTest, HostileNamesLoadAndExport)
+{
+    output.clear();
+    const QByteArray longest(251, 'x');
+    const QByteArrayList names{"new\nline.mp4", "'quotes\".mp4", "%s%d%n %20.mp4", "-y.mp4",
+                               "http:name.mp4", "img%03d.mp4",   "no extension",   "bad\xff\xfe bytes.mp4",
+                               "*?[a].mp4",     longest + ".mp4"};
+    folder.makeFolder("films");
+    QStringList paths;
+    for (const QByteArray &name : names) {
+        paths += folder.link(movie("short.mp4").toUtf8(), "films/" + name);
+    }
+    EXPECT_EQ(run("--beside --rows 1 --columns 1", paths), 0);
+    EXPECT_TRUE(messages.isEmpty()) << messages.join('\n').constData();
+    EXPECT_EQ(folder.names("films").filter(u".jpg"_s).size(), names.size());
+    EXPECT_TRUE(folder.has("films/bad\xff\xfe bytes.jpg"));
+}
+
+TEST_F(ExportCommandTest, StoredSettingsHoldAndOptionsLieOverThem)
+{
+    output.clear();
+    {
+        UserDefaults stored(folder.path("store.ini"));
+        stored.setInteger(PreferenceKeys::rowNumber, 1);
+        stored.setInteger(PreferenceKeys::columeNumber, 4);
+        stored.setInteger(PreferenceKeys::metadataText, 0);
+        stored.setBool(PreferenceKeys::sameAsOrigin, true);
+        stored.setBool(PreferenceKeys::clearAfterFinish, true);
+        stored.setText(PreferenceKeys::outputFolder, folder.path());
+    }
+    EXPECT_EQ(run("--columns 1 --tile-width 100", {movie("short.mp4"), movie("short.mp4")}), 0);
+    EXPECT_EQ(results, (QByteArrayList{folder.bytes("short.jpg"), folder.bytes("short(1).jpg")}));
+    EXPECT_EQ(QImage(folder.path("short.jpg")).size(), QSize(140, 115));
+    EXPECT_EQ(UserDefaults(folder.path("store.ini")).int32Value(PreferenceKeys::columeNumber), 4);
+}
+
+TEST_F(ExportCommandTest, OddSettingsNeverCrash)
+{
+    const std::pair<const char *, int> settings[] = {
+        {"DefaultRowNumber=0", 0},         {"DefaultRowNumber=-7", 1},           {"DefaultTileWidth=1000000", 1},
+        {"DefaultHGaps=-99999999999", 1},  {"DefaultBorderWidth=2147483647", 1}, {"OutputFormatKey=4", 1},
+        {"DefaultTileBorderWidth=1e5", 0}, {"GridTextPositionKey=99", 0},        {"MetadataTextKey=-1", 0}};
+    for (const auto &[setting, status] : settings) {
+        EXPECT_EQ(run("--columns 1 --set " + QByteArray(setting), {movie("short.mp4")}), status) << setting;
+    }
+}
+
+TEST_F(ExportCommandTest, AFullDiskLeavesNoPartialImage)
+{
+    folder.makeFolder("out");
+    const SmallDisk disk(folder.bytes("out"), 16);
+    if (!disk.isMounted()) {
+        GTEST_SKIP() << "mounting a tmpfs is refused here";
+    }
+    EXPECT_EQ(run("--rows 4", {movie("clock.mp4")}), 1);
+    EXPECT_EQ(folder.names("out"), QStringList());
+    EXPECT_TRUE(messages.value(0).endsWith("No space left on device")) << messages.join('\n').constData();
+}

@@ -1,0 +1,200 @@
+// The whole program but for its process: real window, real jobs, a scripted tool; questions are answered in advance.
+
+#include "Shared/FrameGrabber.h"
+#include "Shared/PreferenceKeys.h"
+#include "app/window/AppDelegate.h"
+#include "platform/desktop/AlertPanel.h"
+#include "platform/desktop/OpenPanel.h"
+#include "platform/desktop/Workspace.h"
+#include "platform/files/FolderBookmarks.h"
+#include "platform/store/UserDefaults.h"
+#include "prefs/DefaultsSeed.h"
+#include "support/ScriptedTool.h"
+#include "support/WithoutPrivileges.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+/// Answers every question with what the test has laid down, and keeps what was asked.
+class Answers final : public AlertPanel, public OpenPanel, public Workspace {
+public:
+    QStringList alerts;
+    int answer = 0;
+    QStringList chosen;
+    QStringList panels; ///< the folders they opened in
+
+    int run(const QString & /*title*/, const QString &message, const QStringList & /*buttons*/) override
+    {
+        alerts += message;
+        return answer;
+    }
+    void open(const OpenPanelRequest &request, Chosen done) override
+    {
+        panels += request.folder;
+        done(chosen);
+    }
+    void openFile(const QString & /*path*/) override {}
+    void revealFile(const QString & /*path*/) override {}
+};
+
+struct MainWindowTest : testing::Test {
+    MainWindowTest() { delegate.applicationDidFinishLaunching(); }
+    static QString movie(const char *name)
+    {
+        return QStringLiteral(TESSARINE_TEST_MOVIES "/") + QLatin1StringView(name);
+    }
+    template<typename Control>
+    Control &control(const char *name)
+    {
+        return *delegate.mainWindow().findChild<Control *>(QLatin1StringView(name));
+    }
+    /// The file names in the table, from the top.
+    QStringList rows()
+    {
+        QStringList names;
+        const QAbstractItemModel &model = *control<QTableView>("tableView").model();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            names += model.index(row, 2).data().toString().section(u'\n', 0, 0);
+        }
+        return names;
+    }
+    bool waitForRows(const QStringList &names)
+    {
+        return QTest::qWaitFor([&] { return rows() == names && !delegate.mainWindow().isJobRunning(); }, 30'000);
+    }
+
+    const ScratchFolder folder;
+    UserDefaults defaults{folder.path("store.ini")};
+    const bool isSeeded = [this] {
+        defaults.setText(PreferenceKeys::outputFolder, folder.makeFolder("out"));
+        return DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), folder.path("home"));
+    }();
+    QString tool = scriptedTool(folder, "tool", "exec " TESSARINE_FFMPEG " \"$@\"");
+    FrameGrabber grabber{tool, folder.path()};
+    const PathBookmarks bookmarks;
+    Answers answers;
+    MainQueue mainQueue;
+    AppDelegate delegate{{defaults, grabber, bookmarks, answers, answers, answers, mainQueue, folder.path("home")}};
+};
+
+TEST_F(MainWindowTest, BatchesWaitTheirTurnAndStandInReverseOrder)
+{
+    EXPECT_FALSE(control<QAbstractButton>("btnStart").isEnabled());
+    delegate.mainWindow().loadMediasWithPaths({movie("short.mp4"), movie("text.mp4"), movie("portrait.mp4")}, 0);
+    delegate.openFile(movie("clock.mp4"));
+    EXPECT_TRUE(waitForRows({u"clock.mp4"_s, u"portrait.mp4"_s, u"short.mp4"_s}));
+    EXPECT_TRUE(control<QAbstractButton>("btnStart").isEnabled());
+    control<QTableView>("tableView").selectRow(1);
+    QTest::keyClick(&control<QTableView>("tableView"), Qt::Key_Delete);
+    EXPECT_EQ(rows(), (QStringList{u"clock.mp4"_s, u"short.mp4"_s}));
+    control<QAction>("clearlibrary").trigger();
+    EXPECT_FALSE(control<QAbstractButton>("btnStart").isEnabled());
+}
+
+TEST_F(MainWindowTest, ClosingDuringAnExportCancelsWaitsAndLeavesNothing)
+{
+    delegate.openFile(movie("clock.mp4"));
+    ASSERT_TRUE(waitForRows({u"clock.mp4"_s}));
+    scriptedTool(folder, "tool", "touch \"${0%/*}/running\"; exec sleep 60");
+    delegate.mainWindow().startDown();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return folder.has("running"); }, 30'000));
+    delegate.openFile(movie("short.mp4")); // waits for the export, and is dropped with the program
+    delegate.mainWindow().quit();
+    EXPECT_TRUE(delegate.mainWindow().isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !delegate.mainWindow().isVisible(); }, 10'000));
+    EXPECT_EQ(folder.names("out"), QStringList());
+}
+
+TEST_F(MainWindowTest, BesideTheMoviesAsksForTheFoldersThatCannotBeWritten)
+{
+    for (const char *name : {"a/a.mp4", "b/b.mp4"}) {
+        folder.makeFolder(QByteArray(name).left(1));
+        delegate.openFile(folder.link(movie("short.mp4").toUtf8(), name));
+    }
+    ASSERT_TRUE(waitForRows({u"b.mp4"_s, u"a.mp4"_s}));
+    auto &box = control<QCheckBox>("chkSameOrigin");
+    box.click();
+    EXPECT_TRUE(answers.alerts.isEmpty()) << "as root, or in one's own folders";
+    EXPECT_FALSE(control<QLineEdit>("lblOutputPath").isEnabled());
+    box.click();
+    const WithoutPrivileges user;
+    for (const auto &[answer, isOn, panels] : {std::tuple{0, true, 2}, {1, false, 0}}) {
+        answers.answer = answer;
+        answers.panels.clear();
+        box.setChecked(false);
+        box.click();
+        EXPECT_EQ(box.isChecked(), isOn);
+        EXPECT_EQ(answers.panels.size(), panels);
+        EXPECT_EQ(defaults.boolValue(PreferenceKeys::sameAsOrigin), isOn);
+        EXPECT_TRUE(answers.alerts.last().contains(u"movie: \na.mp4\"\n is not accessable"_s));
+    }
+}
+
+TEST_F(MainWindowTest, TheEditorStepsThroughTheListWhileBatchesWait)
+{
+    const QStringList all = {u"portrait.mp4"_s, u"short.mp4"_s, u"clock.mp4"_s};
+    delegate.mainWindow().loadMediasWithPaths({movie("clock.mp4"), movie("short.mp4"), movie("portrait.mp4")}, 0);
+    ASSERT_TRUE(waitForRows(all));
+    auto &table = control<QTableView>("tableView");
+    EXPECT_FALSE(control<QAction>("customcollage").isEnabled());
+    const auto open = [&](int row) {
+        table.selectRow(row);
+        control<QAction>("customcollage").trigger();
+    };
+    open(2);
+    const auto &previous = control<QAbstractButton>("btnPrev");
+    const auto &next = control<QAbstractButton>("btnNext");
+    EXPECT_TRUE(previous.isEnabled() && !next.isEnabled());
+    control<QAbstractButton>("btnCancel").click();
+    open(1); // away from the ends both stay as they were
+    EXPECT_TRUE(previous.isEnabled() && !next.isEnabled());
+    control<QAbstractButton>("btnPrev").click();
+    EXPECT_TRUE(!previous.isEnabled() && next.isEnabled());
+    EXPECT_EQ(table.currentIndex().row(), 0);
+    delegate.openFile(movie("odd.mkv"));
+    for (int row : {1, 2}) {
+        control<QLineEdit>("lblGridRowNum").setText(QString::number(row + 5));
+        control<QAbstractButton>("btnNext").click();
+        EXPECT_TRUE(previous.isEnabled());
+        EXPECT_EQ(next.isEnabled(), row == 1);
+    }
+    EXPECT_EQ(rows(), all);
+    control<QAbstractButton>("btnDone").click();
+    EXPECT_TRUE(waitForRows(QStringList{u"odd.mkv"_s} + all));
+    QStringList grids;
+    for (int row = 1; row < 4; ++row) {
+        grids += table.model()->index(row, 3).data().toString();
+    }
+    EXPECT_EQ(grids, (QStringList{u"6 * 3"_s, u"7 * 3"_s, u"2 * 3"_s}));
+    EXPECT_EQ(table.currentIndex().row(), 3) << "the keyboard stays with its movie";
+}
+
+TEST_F(MainWindowTest, EveryControlHasANameAndIsReachedByTab)
+{
+    delegate.openFile(movie("short.mp4"));
+    ASSERT_TRUE(waitForRows({u"short.mp4"_s}));
+    QApplication::setActiveWindow(&delegate.mainWindow());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&delegate.mainWindow()));
+    QStringList order;
+    control<QTableView>("tableView").setFocus();
+    for (int step = 0; step < 6; ++step) {
+        QWidget *focused = QApplication::focusWidget();
+        ASSERT_NE(focused, nullptr) << order.join(u' ').toStdString();
+        order += focused->objectName();
+        const QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(focused);
+        EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty()) << order.last().toStdString();
+        QTest::keyClick(focused, Qt::Key_Tab);
+    }
+    EXPECT_EQ(order, (QStringList{u"tableView"_s, u"lblOutputPath"_s, u"btnBrowser"_s, u"btnOpen"_s, u"chkSameOrigin"_s,
+                                  u"btnStart"_s}));
+}

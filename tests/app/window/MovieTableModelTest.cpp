@@ -1,0 +1,66 @@
+#include "app/window/MovieTableModel.h"
+
+#include "collage/KTMovieObject.h"
+#include "platform/files/PathText.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+static std::shared_ptr<KTMovieObject> movieAt(const QString &path)
+{
+    auto movie = std::make_shared<KTMovieObject>();
+    movie->filePath = path;
+    return movie;
+}
+
+TEST(MovieList, KeepsTheOrderOfItsInsertions)
+{
+    MovieList list;
+    for (const auto &[index, path] : {std::pair(0, u"/a"), {0, u"/b"}, {1, u"/c"}, {99, u"/d"}, {-5, u"/e"}}) {
+        list.insert(index, movieAt(QString::fromUtf16(path)));
+    }
+    const auto removed = list.movieAt(1);
+    list.remove({removed, removed, movieAt(u"/a"_s)});
+    QString paths;
+    for (const auto &movie : list.snapshot()) {
+        paths += movie->filePath;
+    }
+    EXPECT_EQ(paths, u"/e/c/a/d");
+    EXPECT_TRUE(!list.movieAt(4) && !list.movieAt(-1));
+}
+
+TEST(MovieList, ThreadsMayShareIt)
+{
+    MovieList list;
+    MovieTableModel model(list);
+    std::jthread loading([&list] {
+        for (int index = 0; index < 500; ++index) {
+            list.insert(0, movieAt(QString::number(index)));
+        }
+    });
+    while (list.count() < 500) {
+        model.reloadData();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            ASSERT_TRUE(model.index(row, MovieTableModel::Title).data().isValid());
+        }
+    }
+}
+
+TEST(MovieTableModel, ShowsTheListOfTheLastReloadWhateverTheNames)
+{
+    MovieList list;
+    list.insert(0, movieAt(PathText::fromBytes("/f/<b>\n\xff&.mkv")));
+    MovieTableModel model(list);
+    EXPECT_EQ(model.rowCount(), 0);
+    model.reloadData();
+    list.removeAll();
+    const QModelIndex title = model.index(0, MovieTableModel::Title);
+    EXPECT_EQ(title.data().toString().count(u'\n'), 1);
+    EXPECT_TRUE(title.data(Qt::ToolTipRole).toString().contains(u"&lt;b&gt;"));
+    for (int column = 0; column < model.columnCount(); ++column) {
+        EXPECT_FALSE(model.index(0, column).data(Qt::AccessibleTextRole).toString().isEmpty()) << column;
+    }
+}

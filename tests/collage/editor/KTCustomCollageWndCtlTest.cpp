@@ -1,0 +1,267 @@
+// The editor by its controls: typing, clicking and sliding, and what becomes of the movies.
+
+#include "collage/editor/KTCustomCollageWndCtl.h"
+
+#include "collage/DefaultParameters.h"
+#include "collage/KTMovieObject.h"
+#include "collage/editor/CollageEditorHost.h"
+#include "collage/editor/SWTimeEditView.h"
+#include "platform/desktop/AlertPanel.h"
+#include "platform/store/UserDefaults.h"
+#include "platform/widgets/ColorWell.h"
+#include "platform/widgets/FractionSlider.h"
+#include "support/ScratchFolder.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+static std::shared_ptr<KTMovieObject> movieOf(int width, int height, double duration)
+{
+    auto movie = std::make_shared<KTMovieObject>();
+    movie->pixWidth = width;
+    movie->pixHeight = height;
+    movie->duration = duration;
+    movie->setSettings({.gridHeight = 168.75, .startPoint = 2.0, .endPoint = 10.0});
+    return movie;
+}
+
+struct EditorTest : testing::Test, protected CollageEditorHost, protected AlertPanel {
+    EditorTest() { openWith(0); }
+    void openWith(std::size_t index)
+    {
+        editor.flushWithKTObject(movies.at(index));
+        editor.open();
+        QApplication::setActiveWindow(&editor);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&editor));
+    }
+    template<typename Control>
+    Control &control(const char *name)
+    {
+        return *editor.findChild<Control *>(QLatin1StringView(name));
+    }
+    static void replaceText(QLineEdit &field, const char *text)
+    {
+        field.setFocus();
+        field.selectAll();
+        QTest::keyClicks(&field, QLatin1StringView(text));
+    }
+    QLineEdit &field(const char *name) { return control<QLineEdit>(name); }
+    void type(const char *name, const char *text) { replaceText(field(name), text); }
+    void typeTime(const char *view, const char *seconds)
+    {
+        auto &edit = *control<SWTimeEditView>(view).findChild<QLineEdit *>(u"lblSecond"_s);
+        replaceText(edit, seconds);
+        QTest::keyClick(&edit, Qt::Key_Return);
+    }
+    void click(const char *name) { QTest::mouseClick(&control<QWidget>(name), Qt::LeftButton); }
+    void tick(const char *box) { control<QAbstractButton>(box).click(); }
+    CollageSettings settings() { return editor.movieObj()->settings(); }
+    std::vector<std::shared_ptr<KTMovieObject>> aryItems() const override { return movies; }
+    void selectPrevMovie() override { calls += u"previous"_s; }
+    void selectNextMovie() override { calls += u"next"_s; }
+    void reloadData() override { calls += u"reload"_s; }
+    int run(const QString &title, const QString &message, const QStringList & /*buttons*/) override
+    {
+        alerts += title + message;
+        return 0;
+    }
+
+    const ScratchFolder folder;
+    UserDefaults defaults{folder.path("store.ini")};
+    const std::vector<std::shared_ptr<KTMovieObject>> movies{movieOf(1920, 1080, 60.0), movieOf(640, 360, 7.0),
+                                                             movieOf(640, 480, 0.0)};
+    QStringList alerts;
+    QStringList calls;
+    KTCustomCollageWndCtl editor{{defaults, *this, *this, [](const KTMovieObject &) { return QString(); }}};
+};
+
+TEST_F(EditorTest, NumbersShowLiveFromOneThresholdAndMayStayFromAnother)
+{
+    using Length = double CollageSettings::*;
+    /// What is typed into which field; how long it makes what, 0 where it does not reach the movie; the alert.
+    const std::tuple<const char *, const char *, double, Length, const char *> cases[] = {
+        {"320", "lblGridWidth", 320.0, &CollageSettings::gridWidth, ""},
+        {"49", "lblGridWidth", 0.0, &CollageSettings::gridWidth, ""},
+        {"30", "lblGridWidth", 0.0, &CollageSettings::gridWidth, ""},
+        {"29", "lblGridHeight", 0.0, &CollageSettings::gridHeight, "The Grid Size must be bigger than 30 * 30"},
+        {"50.9", "lblGridHeight", 50.0, &CollageSettings::gridHeight, ""},
+        {"99999999999", "lblGridHeight", 2147483647.0, &CollageSettings::gridHeight, ""},
+        {"7", "lblHorizontalGaps", 7.0, &CollageSettings::columeSpace, ""},
+        {"-1", "lblHorizontalGaps", 0.0, &CollageSettings::columeSpace, "WrongNumberInput"},
+        {"9", "lblVerticalGaps", 9.0, &CollageSettings::rowSpace, ""},
+        {"-1", "lblGridThickness", 0.0, &CollageSettings::gridBorderWidth, "WrongNumberInput"},
+        {"400", "lblBorderWidth", 400.0, &CollageSettings::borderWidth, ""},
+    };
+    editor.movieObj()->setSettings({.gridHeight = 168.75, .autoHeight = false});
+    openWith(0);
+    for (const auto &[text, name, live, length, alert] : cases) {
+        SCOPED_TRACE(text);
+        alerts.clear();
+        QLineEdit &edit = field(name);
+        const QString before = edit.text();
+        const double old = settings().*length;
+        edit.setFocus();
+        edit.selectAll();
+        // At once, as from the clipboard: the digits of a number typed one by one would be live values themselves.
+        edit.insert(QLatin1StringView(text));
+        Q_EMIT edit.textEdited(edit.text());
+        EXPECT_EQ(settings().*length, live != 0.0 ? live : old);
+        QTest::keyClick(&edit, Qt::Key_Tab);
+        EXPECT_EQ(alerts.join(u' ').toStdString(), alert);
+        EXPECT_EQ(edit.hasFocus(), !alerts.isEmpty());
+        edit.setText(before);
+    }
+}
+
+TEST_F(EditorTest, ARefusedNumberIsToldOnceWhateverTheUserDoesNext)
+{
+    QLineEdit &columns = field("lblGridColumeNum");
+    const std::function<void()> ways[] = {
+        [&] { click("btnDone"); },
+        [&] { click("btnNext"); },
+        [&] { click("lblGridWidth"); },
+        [&] { QTest::keyClick(&columns, Qt::Key_Return); },
+        [&] { QTest::keyClick(&columns, Qt::Key_Tab); },
+    };
+    for (const char *wrong : {"0", "abc", "-2"}) {
+        for (const auto &leave : ways) {
+            alerts.clear();
+            replaceText(columns, wrong);
+            columns.setText(QLatin1StringView(wrong));
+            leave();
+            EXPECT_EQ(alerts.size(), 1) << wrong;
+            EXPECT_TRUE(columns.hasFocus() && editor.isVisible());
+            EXPECT_EQ(calls, QStringList());
+            columns.setText(u"3"_s);
+        }
+    }
+    replaceText(columns, "0");
+    alerts.clear();
+    QTest::keyClick(&editor, Qt::Key_Escape);
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_EQ(alerts, QStringList());
+}
+
+TEST_F(EditorTest, AutomaticHeightFollowsTheWidthInWholePixels)
+{
+    EXPECT_FALSE(field("lblGridHeight").isEnabled());
+    EXPECT_EQ(field("lblGridHeight").text(), u"168");
+    EXPECT_EQ(settings().gridHeight, 168.75) << "showing a movie does not change its height";
+    type("lblGridWidth", "320");
+    EXPECT_EQ(field("lblGridHeight").text(), u"180");
+    EXPECT_EQ(settings().gridHeight, 180.0);
+    tick("chkAuto");
+    EXPECT_TRUE(field("lblGridHeight").isEnabled());
+    EXPECT_FALSE(settings().autoHeight);
+    type("lblGridWidth", "40");
+    click("btnDone");
+    EXPECT_EQ(settings().gridWidth, 40.0);
+    EXPECT_EQ(settings().gridHeight, 180.0);
+}
+
+TEST_F(EditorTest, SlidersHaveFractionsUntilTheMovieIsWritten)
+{
+    control<FractionSlider>("slidBorderWidth").setValue(126);
+    control<FractionSlider>("slidGridThickness").setValue(47);
+    EXPECT_EQ(settings().borderWidth, 12.6);
+    EXPECT_EQ(settings().gridBorderWidth, 4.7);
+    EXPECT_EQ(field("lblBorderWidth").text(), u"12");
+    click("btnDone");
+    EXPECT_EQ(settings().borderWidth, 12.0);
+    EXPECT_EQ(settings().gridBorderWidth, 4.0);
+    openWith(1); // what is typed beyond the slider's end is not cut back to it
+    type("lblBorderWidth", "5000");
+    click("btnNext");
+    EXPECT_EQ(settings().borderWidth, 5000.0);
+}
+
+TEST_F(EditorTest, ANewStartMovesTheRangeANewEndDoesNot)
+{
+    typeTime("startTimeView", "5");
+    EXPECT_EQ(settings().startPoint, 5.0);
+    EXPECT_EQ(settings().endPoint, 10.0);
+    click("btnPrev");
+    EXPECT_EQ(settings().startPoint, 5.0);
+    EXPECT_EQ(settings().endPoint, 13.0);
+    openWith(0);
+    typeTime("endTimeView", "20");
+    EXPECT_EQ(settings().endPoint, 20.0);
+    EXPECT_EQ(alerts, QStringList());
+    const std::tuple<const char *, const char *, bool> times[] = {{"startTimeView", "20", true},
+                                                                  {"startTimeView", "21", false},
+                                                                  {"startTimeView", "-1", false},
+                                                                  {"endTimeView", "61", false},
+                                                                  {"endTimeView", "60", true}};
+    for (const auto &[view, seconds, valid] : times) {
+        alerts.clear();
+        typeTime(view, seconds);
+        EXPECT_EQ(alerts.isEmpty(), valid) << view << ' ' << seconds;
+    }
+}
+
+TEST_F(EditorTest, CancelKeepsWhatHasBeenChangedButNotThePicture)
+{
+    control<ColorWell>("gridBorderColorWell").setColor(Qt::green);
+    Q_EMIT control<ColorWell>("gridBorderColorWell").colorChosen(Qt::green);
+    type("lblGridRowNum", "6");
+    tick("chkShadowed");
+    click("btnCancel");
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_EQ(calls, QStringList());
+    EXPECT_EQ(settings().gridBorderColor, QColor(Qt::green));
+    EXPECT_EQ(settings().rowNumber, 6);
+    EXPECT_FALSE(settings().gridShadowed);
+    EXPECT_TRUE(editor.movieObj()->imgPreview().isNull());
+}
+
+TEST_F(EditorTest, DoneReachesAllMoviesAndTheDefaultsOnlyIfAsked)
+{
+    type("lblHorizontalGaps", "11");
+    tick("chkApplyToAll");
+    tick("chkSetAsDefault");
+    click("btnNext"); // these two are for Done alone
+    EXPECT_EQ(movies.at(1)->settings().columeSpace, 4.0);
+    editor.flushWithKTObject(movies.front()); // unticks them
+    tick("chkApplyToAll");
+    tick("chkSetAsDefault");
+    tick("chkShadowed");
+    click("btnDone");
+    EXPECT_EQ(calls, (QStringList{u"next"_s, u"reload"_s}));
+    for (const auto &movie : movies) {
+        EXPECT_EQ(movie->settings().endPoint, 10.0);
+        EXPECT_EQ(movie->settings().columeSpace, 11.0);
+        EXPECT_EQ(movie->settings().gridHeight, movie->pixHeight * 300 / movie->pixWidth);
+        EXPECT_EQ(movie->imgPreview().cacheKey(), movies.front()->imgPreview().cacheKey());
+    }
+    const UserDefaults onDisk(folder.path("store.ini"));
+    const CollageSettings next = DefaultParameters::settingsOfNewMovie(onDisk, *movies.front());
+    EXPECT_EQ(next.rowSpace, 11.0) << "gaps arrive crossed";
+    EXPECT_EQ(next.columeSpace, 4.0);
+    EXPECT_TRUE(next.gridShadowed);
+}
+
+TEST_F(EditorTest, EveryControlHasANameAndTabGoesAsOneReads)
+{
+    tick("chkAuto");
+    control<SWTimeEditView>("startTimeView").findChild<QLineEdit *>()->setFocus();
+    QStringList order;
+    const auto spoken = [] {
+        return QAccessible::queryAccessibleInterface(QApplication::focusWidget())->text(QAccessible::Name);
+    };
+    for (QString name = spoken(); !order.contains(name); name = spoken()) {
+        order += name;
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    // Texts are their keys here.
+    EXPECT_EQ(order.join(u' ').remove(u"editor_"_s).toStdString(),
+              "start, time_hours start, time_minutes start, time_seconds slider_start_handle slider_end_handle "
+              "end, time_hours end, time_minutes end, time_seconds rows columns tile_width tile_height automatic "
+              "horizontal_gaps vertical_gaps margin_width margin_slider background_color frame_width frame_slider "
+              "frame_color shadow set_as_default apply_to_all previous next cancel done");
+}

@@ -1,0 +1,120 @@
+#include "Shared/PreferenceKeys.h"
+#include "platform/store/UserDefaults.h"
+#include "prefs/panes/MASPreferencesWindowController.h"
+#include "support/ScratchFolder.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QTest>
+#include <QToolBar>
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+using testing::ElementsAre;
+
+using Diary = std::vector<std::string>;
+
+/// A pane that writes into a diary what becomes of it.
+struct DiaryPane final : PreferencePane {
+    DiaryPane(const QString &paneName, Diary &entries, QSize size) : name(paneName), diary(entries), leastSize(size) {}
+    QString identifier() const override { return name; }
+    QIcon toolbarItemImage() const override { return {}; }
+    QString toolbarItemLabel() const override { return u"label of " + name; }
+    void viewDidDisappear() override { write("disappear"); }
+    void loadView(QWidget &view) override { view.setMinimumSize(leastSize); }
+    void awakeFromNib() override {}
+    bool commitControls() override
+    {
+        write("commit");
+        return mayLeave;
+    }
+    void write(const char *what) { diary.push_back(std::string(what) + ' ' + name.toStdString()); }
+
+    bool mayLeave = true;
+    const QString name;
+    Diary &diary;
+    const QSize leastSize;
+};
+
+struct PreferencesWindowTest : testing::Test {
+    PreferencesWindowTest()
+    {
+        panes.push_back(std::make_unique<DiaryPane>(u"first"_s, diary, QSize(300, 100)));
+        panes.push_back(std::make_unique<DiaryPane>(u"second"_s, diary, QSize(500, 250)));
+    }
+    DiaryPane &pane(std::size_t index) { return dynamic_cast<DiaryPane &>(*panes.at(index)); }
+    QString selected() { return controller->selectedViewController()->identifier(); }
+    QList<QAction *> toolbarItems() { return controller->window().findChild<QToolBar *>()->actions(); }
+    void show()
+    {
+        controller->showWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&controller->window()));
+    }
+    void restart()
+    {
+        controller.reset();
+        controller = std::make_unique<MASPreferencesWindowController>(panes, u"Title"_s, defaults);
+    }
+
+    const ScratchFolder scratch;
+    UserDefaults defaults{scratch.path("store.ini")};
+    Diary diary;
+    MASPreferencesWindowController::Panes panes;
+    std::unique_ptr<MASPreferencesWindowController> controller =
+        std::make_unique<MASPreferencesWindowController>(panes, u"Title"_s, defaults);
+};
+
+TEST_F(PreferencesWindowTest, PaneThatRefusesStaysAndKeepsTheWindowOpen)
+{
+    show();
+    pane(0).mayLeave = false;
+    toolbarItems().at(1)->trigger();
+    EXPECT_EQ(selected(), u"first");
+    EXPECT_TRUE(toolbarItems().at(0)->isChecked());
+    QTest::keyClick(&controller->window(), Qt::Key_Escape);
+    EXPECT_TRUE(controller->window().isVisible());
+    pane(0).mayLeave = true;
+    diary.clear();
+    QTest::keyClick(&controller->window(), Qt::Key_Escape);
+    EXPECT_FALSE(controller->window().isVisible());
+    toolbarItems().at(1)->trigger();
+    EXPECT_THAT(diary, ElementsAre("commit first", "commit first", "disappear first"));
+    EXPECT_EQ(selected(), u"second");
+}
+
+TEST_F(PreferencesWindowTest, SizesPlaceAndSelectionComeBackAfterARestart)
+{
+    show();
+    EXPECT_EQ(pane(0).view().size(), QSize(500, 100)); // as wide as the widest, as high as itself
+    controller->selectControllerAtIndex(1);
+    EXPECT_EQ(pane(1).view().size(), QSize(500, 250));
+    controller->window().move(37, 41);
+    controller->window().resize(controller->window().size() + QSize(60, 30));
+    EXPECT_EQ(defaults.textValue(PreferenceKeys::preferencesFrame(u"second")), u"{{0, 0}, {560, 280}}");
+    EXPECT_EQ(defaults.textValue(PreferenceKeys::preferencesTopLeft), u"{37, 41}");
+    restart();
+    show();
+    EXPECT_EQ(selected(), u"second");
+    EXPECT_EQ(pane(1).view().size(), QSize(560, 280));
+    EXPECT_EQ(controller->window().pos(), QPoint(37, 41));
+    controller->selectControllerAtIndex(0);
+    EXPECT_EQ(pane(0).view().size(), QSize(500, 100));
+}
+
+TEST_F(PreferencesWindowTest, NonsenseInTheStoreIsNotUsed)
+{
+    controller->window().move(5, 6);
+    for (const QString &place : {u"{100000, 5}"_s, u"{-3000, -3000}"_s, u"{nan, inf}"_s}) {
+        defaults.setText(PreferenceKeys::preferencesTopLeft, place);
+        defaults.setText(PreferenceKeys::preferencesSelection, u"nobody"_s);
+        defaults.setText(PreferenceKeys::preferencesFrame(u"first"), u"{{0, 0}, {1, 999999}}"_s);
+        restart();
+        show();
+        EXPECT_TRUE(controller->window().screen()->geometry().contains(controller->window().geometry().topLeft()));
+        EXPECT_EQ(selected(), u"first");
+        EXPECT_GE(pane(0).view().width(), 300);
+        EXPECT_LE(controller->window().height(), controller->window().screen()->availableSize().height());
+    }
+}
