@@ -29,15 +29,45 @@ QImage fitted(const QImage &picture, qreal devicePixelRatio)
 
 LoadingJob::LoadingJob(Services jobServices) : services(std::move(jobServices)), loader(services.defaults) {}
 
-void LoadingJob::loadMediasThread(const QStringList &paths)
+void LoadingJob::add(const QStringList &paths, int indexToInsert)
 {
-    const QStringList candidates = findCandidates(paths);
-    const int count = static_cast<int>(candidates.size());
-    for (int index = 0; index < count && !services.bLoadingCanceled; ++index) {
-        services.observer.loading(index, count, candidates.at(index));
-        loadMovie(candidates.at(index));
+    const std::scoped_lock lock(guard);
+    added.push_back({paths, indexToInsert});
+}
+
+bool LoadingJob::hasMore() const
+{
+    const std::scoped_lock lock(guard);
+    return !added.empty();
+}
+
+void LoadingJob::loadMediasThread()
+{
+    for (;; ++next) {
+        takeUp();
+        if (services.bLoadingCanceled || next == candidates.size()) {
+            break;
+        }
+        services.observer.loading(static_cast<int>(next), static_cast<int>(candidates.size()), candidates[next].path);
+        loadMovie(candidates[next]);
     }
     services.observer.loadingEnded();
+}
+
+/// Before each movie, so that the count that is shown is that of all that has been handed over.
+void LoadingJob::takeUp()
+{
+    std::vector<Handover> taken;
+    {
+        const std::scoped_lock lock(guard);
+        taken.swap(added);
+    }
+    for (const Handover &each : taken) {
+        const QStringList paths = findCandidates(each.paths);
+        for (const QString &path : paths) {
+            candidates.push_back({path, each.indexToInsert});
+        }
+    }
 }
 
 QStringList LoadingJob::findCandidates(const QStringList &paths) const
@@ -52,14 +82,17 @@ QStringList LoadingJob::findCandidates(const QStringList &paths) const
                                    services.bLoadingCanceled);
 }
 
-void LoadingJob::loadMovie(const QString &path) const
+void LoadingJob::loadMovie(const Candidate &candidate) const
 {
-    const auto movie = loader.load(path, services.bLoadingCanceled).movie;
+    const auto movie = loader.load(candidate.path, services.bMovieDropped).movie;
     if (!movie) {
         return;
     }
-    const GrabbedFrame frame = services.grabber.createThumbnail(path, thumbnailTime, services.bLoadingCanceled);
+    const GrabbedFrame frame = services.grabber.createThumbnail(candidate.path, thumbnailTime, services.bMovieDropped);
+    if (services.bMovieDropped) {
+        return; // there is no thumbnail, or none of this movie
+    }
     movie->setImgThumbnail(fitted(frame.picture, services.devicePixelRatio));
     movie->setImgPreview(services.renderPreview(*movie));
-    services.observer.loaded(movie);
+    services.observer.loaded(movie, candidate.indexToInsert);
 }

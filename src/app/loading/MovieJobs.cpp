@@ -13,15 +13,47 @@
 
 #include <QGuiApplication>
 
+#include <chrono>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
-/// Takes what a batch tells on its thread to the list and to the main thread.
-class MovieJobs::LoadingReporter final : public LoadingObserver, public std::enable_shared_from_this<LoadingReporter> {
-public:
-    LoadingReporter(MovieJobs &movieJobs, int index) : jobs(movieJobs), indexToInsert(index) {}
+namespace {
 
+/// Longer than any sound movie needs for its thumbnail.
+constexpr std::chrono::seconds patienceAfterCancel(5);
+
+} // namespace
+
+/// A batch, and what it tells on its thread to the list and to the main thread.
+class MovieJobs::Loading final : public LoadingObserver, public std::enable_shared_from_this<Loading> {
+public:
+    explicit Loading(MovieJobs &movieJobs) :
+        jobs(movieJobs),
+        job({jobs.services.defaults, jobs.services.grabber, jobs.services.renderPreview, qGuiApp->devicePixelRatio(),
+             *this, jobs.bLoadingCanceled, jobs.bMovieDropped})
+    {
+    }
+
+    void add(const QStringList &paths, int indexToInsert) { job.add(paths, indexToInsert); }
+    void start()
+    {
+        jobs.view.jobStarted(JobsView::Kind::Loading, u"Loading..."_s);
+        jobs.bLoadingCanceled = false;
+        jobs.bMovieDropped = false;
+        jobs.cancelPatience.stop();
+        estimate = {};
+        walk();
+    }
+
+private:
+    void walk()
+    {
+        jobs.loadingThread = std::jthread([self = shared_from_this()] {
+            const AlternateStack stack;
+            self->job.loadMediasThread();
+        });
+    }
     void loading(int index, int count, const QString &filePath) override
     {
         const double fraction = static_cast<double>(index) / count;
@@ -31,24 +63,33 @@ public:
             self->jobs.view.jobProgress(fraction, text, PathText::forDisplay(filePath), {}, remaining);
         });
     }
-    // Always at the same place: the movies of a batch stand in the list in reverse order.
-    void loaded(const std::shared_ptr<KTMovieObject> &movie) override
+    void loaded(const std::shared_ptr<KTMovieObject> &movie, int indexToInsert) override
     {
+        // Always at the same place: movies that come together stand in the list in reverse order.
         jobs.services.aryItems.insert(indexToInsert, movie);
     }
     void folderFound(const QString &path) override { jobs.services.trustedFolders.addToBookmarkWithURL(path); }
     void loadingEnded() override
     {
-        jobs.services.mainQueue.async([self = shared_from_this()] {
-            self->jobs.loadingThread.join();
-            self->jobs.finish(JobsView::Kind::Loading, {});
-        });
+        jobs.services.mainQueue.async([self = shared_from_this()] { self->walkEnded(); });
+    }
+    /// On the main thread, as handing over is: nothing can come between the look for more and the end.
+    void walkEnded()
+    {
+        jobs.loadingThread.join();
+        if (!jobs.bLoadingCanceled && job.hasMore()) {
+            walk();
+            return;
+        }
+        if (jobs.batch.get() == this) {
+            jobs.batch.reset();
+        }
+        jobs.finish(JobsView::Kind::Loading, {});
     }
 
-private:
     MovieJobs &jobs;
-    const int indexToInsert;
-    const RemainingTime estimate;
+    LoadingJob job;
+    RemainingTime estimate;
 };
 
 /// Takes what an export tells on its thread to the main thread.
@@ -85,28 +126,28 @@ private:
     const RemainingTime estimate;
 };
 
-MovieJobs::MovieJobs(Services jobServices, JobsView &jobsView) : services(std::move(jobServices)), view(jobsView) {}
+MovieJobs::MovieJobs(Services jobServices, JobsView &jobsView) : services(std::move(jobServices)), view(jobsView)
+{
+    cancelPatience.setSingleShot(true);
+    cancelPatience.setInterval(patienceAfterCancel);
+    cancelPatience.callOnTimeout([this] { bMovieDropped = true; });
+}
 
 MovieJobs::~MovieJobs()
 {
-    cancelAll(); // the threads end with their members
+    abort(); // the threads end with their members
 }
 
 void MovieJobs::loadMediasWithPaths(const QStringList &paths, int indexToInsert)
 {
-    sequence.add([this, paths, indexToInsert] { startLoading(paths, indexToInsert); });
-}
-
-void MovieJobs::startLoading(const QStringList &paths, int indexToInsert)
-{
-    view.jobStarted(JobsView::Kind::Loading, u"Loading..."_s);
-    bLoadingCanceled = false;
-    loadingThread = std::jthread([this, paths, ratio = qGuiApp->devicePixelRatio(),
-                                  reporter = std::make_shared<LoadingReporter>(*this, indexToInsert)] {
-        const AlternateStack stack;
-        LoadingJob({services.defaults, services.grabber, services.renderPreview, ratio, *reporter, bLoadingCanceled})
-            .loadMediasThread(paths);
-    });
+    const bool isNew = batch == nullptr;
+    if (isNew) {
+        batch = std::make_shared<Loading>(*this);
+    }
+    batch->add(paths, indexToInsert);
+    if (isNew) {
+        sequence.add([loading = batch] { loading->start(); });
+    }
 }
 
 void MovieJobs::startExport(const QString &outputFolder)
@@ -130,14 +171,19 @@ void MovieJobs::runExport(const QString &outputFolder)
 
 void MovieJobs::cancel()
 {
+    sequence.dropWaiting();
+    batch.reset(); // what is handed over from now on is a new wish
     bLoadingCanceled = true;
     bExportCanceled = true;
+    if (!cancelPatience.isActive()) {
+        cancelPatience.start();
+    }
 }
 
-void MovieJobs::cancelAll()
+void MovieJobs::abort()
 {
-    sequence.dropWaiting();
     cancel();
+    bMovieDropped = true;
 }
 
 void MovieJobs::hold()

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -37,6 +38,7 @@ public:
 };
 
 /// The window's work in the background: batches of paths on their way into the list, and exports of it, one at a time.
+/// What is handed over while a batch is loading or waits for its turn becomes part of that batch.
 /// Made, called and ended on the main thread.
 class MovieJobs {
 public:
@@ -58,15 +60,16 @@ public:
     MovieJobs(const MovieJobs &) = delete;
     MovieJobs &operator=(const MovieJobs &) = delete;
 
-    /// Loads a batch, now or when its turn comes; its movies stand at the index in the list, the last one first.
+    /// Loads the paths, now or when their turn comes; their movies stand at the index in the list, the last one first.
     void loadMediasWithPaths(const QStringList &paths, int indexToInsert);
     /// Exports the whole list, now or when its turn comes.
     void startExport(const QString &outputFolder);
 
-    /// Ends the running job soon; jobs that wait go on.
+    /// Ends the running job soon and forgets those that wait. The movie that is being loaded is finished, or left out
+    /// when that takes longer than a user waits.
     void cancel();
-    /// Ends the running job soon and forgets those that wait.
-    void cancelAll();
+    /// The same for a program that ends: nothing is finished.
+    void abort();
     /// Whether a job is running, or held off.
     bool isRunning() const { return sequence.isRunning(); }
 
@@ -75,17 +78,19 @@ public:
     void release() { sequence.finished(); }
 
 private:
-    class LoadingReporter;
+    class Loading;
     class ExportReporter;
 
-    void startLoading(const QStringList &paths, int indexToInsert);
     void runExport(const QString &outputFolder);
     void finish(JobsView::Kind kind, const QStringList &failures);
 
     Services services;
     JobsView &view;
     JobSequence sequence;
+    std::shared_ptr<Loading> batch; // that takes what is handed over: waits or runs, and is not cancelled
     CancelFlag bLoadingCanceled = false;
+    CancelFlag bMovieDropped = false;
+    QTimer cancelPatience; // runs out when a cancelled batch does not end
     CancelFlag bExportCanceled = false;
     std::jthread loadingThread;
     std::unique_ptr<SerialQueue> exportQueue; // from the first export on

@@ -250,7 +250,7 @@ void MainWindowController::quit()
 void MainWindowController::closeEvent(QCloseEvent *event)
 {
     closing = true;
-    jobs->cancelAll();
+    jobs->abort();
     collageEditing->cancel();
     if (jobs->isRunning()) {
         event->ignore(); // comes again when the job has ended

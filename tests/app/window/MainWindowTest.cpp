@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
@@ -99,6 +100,35 @@ TEST_F(MainWindowTest, BatchesWaitTheirTurnAndStandInReverseOrder)
     EXPECT_EQ(rows(), (QStringList{u"clock.mp4"_s, u"short.mp4"_s}));
     control<QAction>("clearlibrary").trigger();
     EXPECT_FALSE(control<QAbstractButton>("btnStart").isEnabled());
+}
+
+TEST_F(MainWindowTest, FilesThatComeWhileOthersLoadAreOneBatchThatOneCancelEnds)
+{
+    const auto runsSlowTool = [this](const char *name, const char *end) {
+        std::filesystem::remove(folder.bytes("running").toStdString());
+        scriptedTool(folder, "tool", QByteArray("touch \"${0%/*}/running\"; ") + end);
+        delegate.openFile(movie(name));
+        return QTest::qWaitFor([this] { return folder.has("running"); }, 30'000);
+    };
+    const char *waits = "while ! [ -e \"${0%/*}/go\" ]; do sleep 0.02; done; exec " TESSARINE_FFMPEG " \"$@\"";
+    delegate.openFile(movie("text.mp4"));
+    ASSERT_TRUE(runsSlowTool("clock.mp4", waits));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return control<QLabel>("lblPrgTip").text() == u"Loading 2 of 2"; }));
+    delegate.openFile(movie("missing.mp4"));
+    delegate.openFile(movie("short.mp4"));
+    folder.write("go", {});
+    ASSERT_TRUE(waitForRows({u"short.mp4"_s, u"clock.mp4"_s}));
+    EXPECT_EQ(control<QLabel>("lblPrgTip").text(), u"Loading 3 of 3"_s);
+    std::filesystem::remove(folder.bytes("go").toStdString());
+    for (const char *end : {waits, "exec sleep 60"}) { // a movie in work is finished, but nobody waits for ever
+        ASSERT_TRUE(runsSlowTool("portrait.mp4", end));
+        delegate.openFile(movie("odd.mkv"));
+        control<QAbstractButton>("btnCancel").click();
+        folder.write("go", {});
+        EXPECT_TRUE(waitForRows({u"portrait.mp4"_s, u"short.mp4"_s, u"clock.mp4"_s}));
+    }
+    const QVariant thumbnail = control<QTableView>("tableView").model()->index(0, 0).data(Qt::DecorationRole);
+    EXPECT_FALSE(thumbnail.value<QImage>().isNull());
 }
 
 TEST_F(MainWindowTest, ClosingDuringAnExportCancelsWaitsAndLeavesNothing)
