@@ -12,6 +12,7 @@ class KTCustomCollageWndCtl;
 class MovieJobs;
 class MovieList;
 class MyTableView;
+class QAction;
 class QWidget;
 class UserDefaults;
 
@@ -26,6 +27,7 @@ public:
         MovieList &movies;
         MyTableView &tableView;
         MovieJobs &jobs;
+        QAction &quit;                                              ///< can be used from the sheet, too
         std::function<QString(const KTMovieObject &)> metadataText; ///< the block of facts about a movie
     };
 

@@ -39,16 +39,17 @@ MainWindowController::MainWindowController(Services windowServices) :
     ui->tableView->setDropDelegate(this);
     ui->tableView->setDroppedFiles(services.droppedFiles);
     loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services.notifications, this);
+    loadingWndCtl->addAction(ui->quit); // those of a window that a sheet blocks are not heard
     cancelObservation =
         services.notifications.observe(VXLoadingWndCtl::canceledNotification, [this] { loadingPrgCanceled(); });
     jobs = std::make_unique<MovieJobs>(MovieJobs::Services{aryItems, services.defaults, services.grabber,
                                                            services.trustedFolders, services.alert, services.workspace,
                                                            services.mainQueue, services.renderPreview},
                                        static_cast<JobsView &>(*this));
-    collageEditing =
-        std::make_unique<CollageEditing>(CollageEditing::Services{services.defaults, services.alert, aryItems,
-                                                                  *ui->tableView, *jobs, services.metadataText},
-                                         *this);
+    collageEditing = std::make_unique<CollageEditing>(CollageEditing::Services{services.defaults, services.alert,
+                                                                               aryItems, *ui->tableView, *jobs,
+                                                                               *ui->quit, services.metadataText},
+                                                      *this);
     outputFolder = std::make_unique<OutputFolderControls>(
         OutputFolderControls::Widgets{ui->lblOutputPath, ui->btnBrowser, ui->btnOpen, ui->chkSameOrigin},
         OutputFolderControls::Services{services.defaults, services.trustedFolders, services.alert, services.openPanel,

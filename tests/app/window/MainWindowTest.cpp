@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
@@ -139,7 +140,8 @@ TEST_F(MainWindowTest, ClosingDuringAnExportCancelsWaitsAndLeavesNothing)
     delegate.mainWindow().startDown();
     ASSERT_TRUE(QTest::qWaitFor([this] { return folder.has("running"); }, 30'000));
     delegate.openFile(movie("short.mp4")); // waits for the export, and is dropped with the program
-    delegate.mainWindow().quit();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&control<QDialog>("VXLoadingWndCtl")));
+    QTest::keyClick(&control<QDialog>("VXLoadingWndCtl"), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_TRUE(delegate.mainWindow().isVisible());
     EXPECT_TRUE(QTest::qWaitFor([this] { return !delegate.mainWindow().isVisible(); }, 10'000));
     EXPECT_EQ(folder.names("out"), QStringList());
