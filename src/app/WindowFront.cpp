@@ -76,10 +76,10 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
     target = &delegate;
     MacAppHelper helper({crashes, service, bundle, defaults});
     helper.awakeFromNib();
-    for (const QString &path : paths) {
+    delegate.applicationDidFinishLaunching();
+    for (const QString &path : paths) { // now that there is a window for the sheet to hang over
         delegate.openFile(path);
     }
-    delegate.applicationDidFinishLaunching();
     desktop.setReady();
     const BlockedCloseButton closeButton(*delegate.mainWindow().windowHandle(),
                                          [&delegate] { delegate.mainWindow().quit(); });
