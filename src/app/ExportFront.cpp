@@ -43,6 +43,7 @@ void prepareForNoDisplay(const QString &runtimeFolder)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qunsetenv("QT_QPA_PLATFORMTHEME");
+    qputenv("QT_NO_GLIB", "1"); // which ends the process where memory runs out
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtimeFolder));
     }

@@ -6,6 +6,7 @@
 #include "app/command/ExportCommand.h"
 #include "app/command/ExportOptions.h"
 #include "platform/store/Bundle.h"
+#include "platform/threads/InlinePainting.h"
 
 #include <cstdio>
 
@@ -14,6 +15,7 @@ using namespace Qt::StringLiterals;
 int main(int argc, char **argv)
 {
     ProgramSetup::ensureUtf8Locale();
+    paintInline();
     ExportOptions options = ExportOptions::parse(ProgramSetup::arguments(argc, argv));
     switch (options.action) {
     case ExportOptions::Action::OpenWindow:

@@ -116,6 +116,15 @@ TEST_F(CommandLineTest, AnInterruptStopsAHangingToolAndLeavesNothing)
     }
 }
 
+TEST_F(CommandLineTest, PaintingStartsNoThread)
+{
+    useTool("ls /proc/$PPID/task | wc -l >>threads; exec " TESSARINE_FFMPEG " -v error \"$@\"");
+    EXPECT_EQ(run(exportMovie + QStringList{u"--tile-width"_qs, u"2000"_qs, u"--set"_qs, u"DefaultDrawShadow=true"_qs}),
+              0);
+    const QByteArrayList counts = folder.read("threads").trimmed().split('\n');
+    EXPECT_EQ(counts, QByteArrayList(6, counts.first()));
+}
+
 TEST_F(CommandLineTest, AReaderThatGoesAwayDoesNotStopTheExport)
 {
     program.setStandardOutputFile(u"/dev/full"_s);
