@@ -8,15 +8,16 @@
 #include "app/command/Console.h"
 #include "app/command/ExportCommand.h"
 #include "platform/Log.h"
+#include "platform/files/TemporaryFolder.h"
 #include "platform/store/UserDefaults.h"
 
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
-#include <QTemporaryDir>
 
 #include <csignal>
 #include <cstdio>
+#include <new>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -55,10 +56,12 @@ QString storedGuid(const UserDefaults &defaults)
     return defaults.contains(PreferenceKeys::guid) ? defaults.textValue(PreferenceKeys::guid) : QString();
 }
 
-/// Somebody who reads the first lines only wants all of the images, and it is no crash.
-void ignoreReadersThatGo()
+/// Somebody who reads the first lines only wants all of the images, and a file that would be too large is an error of
+/// one of them: neither is a crash.
+void ignoreFailedWrites()
 {
     std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 void makeAbsolute(ExportOptions &options)
@@ -79,12 +82,13 @@ int runExportFront(ExportOptions options, int argc, char **argv)
     CancelFlag cancelled = false;
     const InterruptSignals interrupts(cancelled);
     Console console(stdout, stderr, options.quiet);
-    const QTemporaryDir temporaryFolder(QDir::tempPath() + u"/tessarine-XXXXXX");
-    if (!temporaryFolder.isValid()) {
-        console.printMessage(u"no temporary folder: "_s + temporaryFolder.errorString());
+    const TemporaryFolder temporaryFolder(QDir::tempPath());
+    if (temporaryFolder.error()) {
+        console.printMessage(u"no temporary folder: "_s + QString::fromStdString(temporaryFolder.error().message()));
         return ExportCommand::SomeFailed;
     }
     prepareForNoDisplay(temporaryFolder.path());
+    argc = 1; // what follows is not the toolkit's
     const QGuiApplication application(argc, argv);
     const QString toolPath = ProgramSetup::toolPath();
     ProgramSetup::warnOfMissingParts(toolPath);
@@ -92,9 +96,15 @@ int runExportFront(ExportOptions options, int argc, char **argv)
     UserDefaults defaults(ProgramSetup::storePath());
     ProgramSetup::seed(defaults);
     const CrashReportSender crashes = ProgramSetup::crashReportSender(storedGuid(defaults));
-    ignoreReadersThatGo();
+    ignoreFailedWrites();
     FrameGrabber grabber(toolPath, temporaryFolder.path());
     makeAbsolute(options);
-    return ExportCommand(std::move(options), {defaults, grabber, console, GlobalFun::RealHomeDirectory(), cancelled})
-        .run();
+    try {
+        return ExportCommand(std::move(options),
+                             {defaults, grabber, console, GlobalFun::RealHomeDirectory(), cancelled})
+            .run();
+    } catch (const std::bad_alloc &) {
+        console.printMessage(u"there is not enough memory"_s);
+        return ExportCommand::SomeFailed;
+    }
 }

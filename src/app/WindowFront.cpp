@@ -17,6 +17,7 @@
 #include "platform/desktop/Translations.h"
 #include "platform/desktop/UnblockedFocus.h"
 #include "platform/files/FolderBookmarks.h"
+#include "platform/files/TemporaryFolder.h"
 #include "platform/store/Bundle.h"
 #include "platform/store/UserDefaults.h"
 #include "platform/widgets/FileOpenPanel.h"
@@ -26,7 +27,6 @@
 #include <QDBusConnection>
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -95,7 +95,7 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
 
 int runWindowFront(const QStringList &given, int argc, char **argv)
 {
-    if (!hasDisplayServer()) {
+    if (!hasDisplayServer({argv, static_cast<std::size_t>(argc)})) {
         std::fprintf(stderr,
                      "tessarine: no display can be reached for a window; --export makes collages without one\n");
         return 1;
@@ -125,9 +125,9 @@ int runWindowFront(const QStringList &given, int argc, char **argv)
     }
     // Before the folder, which a signal would leave behind otherwise; what it asks for waits for the event loop.
     const QuitSignals quitSignals([&delegate] { delegate->mainWindow().quit(); });
-    const QTemporaryDir temporaryFolder(QDir::tempPath() + u"/tessarine-XXXXXX");
-    if (!temporaryFolder.isValid()) {
-        qCCritical(lcTessarine).noquote() << "no temporary folder:" << temporaryFolder.errorString();
+    const TemporaryFolder temporaryFolder(QDir::tempPath());
+    if (temporaryFolder.error()) {
+        qCCritical(lcTessarine) << "no temporary folder:" << temporaryFolder.error().message().c_str();
         return 1;
     }
     return runWindow(paths, desktop, delegate, temporaryFolder.path());

@@ -3,6 +3,7 @@
 #include "platform/files/FileDescriptor.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
 #include <sys/socket.h>
@@ -44,9 +45,20 @@ bool reachesWayland()
 
 } // namespace
 
-bool hasDisplayServer()
+bool hasDisplayServer(std::span<char *const> arguments)
 {
-    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-    const bool needsOne = platform.isEmpty() || platform.contains("xcb") || platform.contains("wayland");
-    return !needsOne || reachesX11() || reachesWayland();
+    QByteArray platforms = qgetenv("QT_QPA_PLATFORM");
+    for (std::size_t index = 1; index + 1 < arguments.size(); ++index) {
+        if (QByteArrayView(arguments[index]) == "-platform" || QByteArrayView(arguments[index]) == "--platform") {
+            platforms = arguments[index + 1];
+        }
+    }
+    if (platforms.isEmpty()) {
+        return reachesX11() || reachesWayland();
+    }
+    return std::ranges::any_of(platforms.split(';'), [](const QByteArray &platform) { // the toolkit tries one by one
+        return platform.startsWith("xcb")       ? reachesX11()
+               : platform.startsWith("wayland") ? reachesWayland()
+                                                : !platform.isEmpty();
+    });
 }

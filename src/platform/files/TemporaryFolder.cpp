@@ -1,0 +1,95 @@
+#include "platform/files/TemporaryFolder.h"
+
+#include "platform/files/FileLock.h"
+#include "platform/files/PathText.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <string_view>
+
+namespace {
+
+constexpr std::string_view prefix = "tessarine-";
+constexpr std::string_view unique = "XXXXXX"; // what mkdtemp() replaces
+constexpr int ownFile = O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+
+/// The file in a folder that its process holds locked.
+FileDescriptor openLock(const QByteArray &folder, int flags)
+{
+    const FileDescriptor at(::open(folder.constData(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    return FileDescriptor(::openat(at.get(), "lock", flags, 0600));
+}
+
+void removeWithContents(const QByteArray &folder)
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(folder.toStdString(), ignored);
+}
+
+/// Follows no links, and touches nothing without a lock that its process has lost.
+void removeLeftovers(const QString &parent)
+{
+    std::error_code end;
+    std::filesystem::directory_iterator entry(PathText::toBytes(parent).toStdString(), end);
+    for (; entry != std::filesystem::directory_iterator(); entry.increment(end)) {
+        const std::string name = entry->path().filename().string();
+        if (!name.starts_with(prefix) || name.size() != prefix.size() + unique.size()) {
+            continue;
+        }
+        const auto path = QByteArray::fromStdString(entry->path().string());
+        struct stat status = {};
+        if (::lstat(path.constData(), &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != ::geteuid()) {
+            continue;
+        }
+        const FileDescriptor lock = openLock(path, ownFile);
+        if (FileLock::takeAbandoned(lock.get())) {
+            removeWithContents(path);
+        }
+    }
+}
+
+} // namespace
+
+TemporaryFolder::TemporaryFolder(const QString &parent)
+{
+    removeLeftovers(parent);
+    const QByteArray pattern = PathText::toBytes(parent) + '/' + QByteArray(prefix.data()) + unique.data();
+    while (!make(pattern) && !problem) {
+    }
+}
+
+/// False without a problem when a start that cleans up has taken the folder before it was locked.
+bool TemporaryFolder::make(const QByteArray &pattern)
+{
+    QByteArray name = pattern;
+    if (::mkdtemp(name.data()) == nullptr) {
+        problem = {errno, std::generic_category()};
+        return false;
+    }
+    lock = openLock(name, ownFile | O_CREAT | O_EXCL);
+    if (!lock.isOpen()) {
+        problem = {errno, std::generic_category()};
+    }
+    if (!lock.isOpen() || !FileLock::take(lock.get())) {
+        removeWithContents(name);
+        return false;
+    }
+    folder = name;
+    return true;
+}
+
+TemporaryFolder::~TemporaryFolder()
+{
+    if (!folder.isEmpty()) {
+        removeWithContents(folder);
+    }
+}
+
+QString TemporaryFolder::path() const
+{
+    return PathText::fromBytes(folder);
+}
