@@ -12,6 +12,20 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+ExportCommand::Status say(const QString &text)
+{
+    std::printf("%s", qUtf8Printable(text));
+    if (std::fflush(stdout) == 0) {
+        return ExportCommand::AllWritten;
+    }
+    std::perror("tessarine: standard output");
+    return ExportCommand::SomeFailed;
+}
+
+} // namespace
+
 int main(int argc, char **argv)
 {
     ProgramSetup::ensureUtf8Locale();
@@ -23,11 +37,9 @@ int main(int argc, char **argv)
     case ExportOptions::Action::Export:
         return runExportFront(std::move(options), argc, argv);
     case ExportOptions::Action::ShowHelp:
-        std::printf("%s", qUtf8Printable(ExportOptions::help()));
-        return ExportCommand::AllWritten;
+        return say(ExportOptions::help());
     case ExportOptions::Action::ShowVersion:
-        std::printf("Tessarine %s\n", qUtf8Printable(Bundle::main().value(u"CFBundleShortVersionString"_s)));
-        return ExportCommand::AllWritten;
+        return say(u"Tessarine %1\n"_s.arg(Bundle::main().value(u"CFBundleShortVersionString"_s)));
     case ExportOptions::Action::RefuseUsage:
         break;
     }

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
@@ -57,11 +58,11 @@ Console::~Console()
     clearBar();
 }
 
-void Console::printResult(const QString &path)
+bool Console::printResult(const QString &path)
 {
     clearBar();
-    std::fprintf(results, "%s\n", PathText::toBytes(path).constData());
-    std::fflush(results);
+    const bool printed = std::fprintf(results, "%s\n", PathText::toBytes(path).constData()) >= 0;
+    return (std::fflush(results) == 0 && printed) || errno == EPIPE;
 }
 
 void Console::printMessage(const QString &text)

@@ -19,8 +19,9 @@ public:
     Console(const Console &) = delete;
     Console &operator=(const Console &) = delete;
 
-    /// One path on a line of its own, its bytes as they are.
-    void printResult(const QString &path);
+    /// One path on a line of its own, its bytes as they are. False, with errno set, when nobody will read it because of
+    /// an error; one who wants no more has read enough.
+    bool printResult(const QString &path);
     /// One line for the user.
     void printMessage(const QString &text);
     /// A line about one file: its path and what is the matter.

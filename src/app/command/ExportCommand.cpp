@@ -16,6 +16,8 @@
 #include "render/OutputFile.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <system_error>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -151,7 +153,10 @@ void ExportCommand::updateProgress(const ExportProgress &progress)
 
 void ExportCommand::imageWritten(const QString & /*moviePath*/, const QString &imagePath)
 {
-    services.console.printResult(imagePath);
+    if (!services.console.printResult(imagePath)) {
+        const std::error_code error(errno, std::generic_category());
+        report(imagePath, u"is written, but cannot be told: "_s + QString::fromStdString(error.message()));
+    }
 }
 
 void ExportCommand::movieFailed(const QString &moviePath, const QString &reason)

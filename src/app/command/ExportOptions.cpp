@@ -25,6 +25,26 @@ constexpr std::array options{
     Option{"v,version", nullptr},
 };
 
+/// The arguments of the window without the options of every program of the toolkit, which takes them itself.
+QStringList withoutToolkitOptions(const QStringList &arguments)
+{
+    static const QRegularExpression alone(u"^--?(reverse|widgetcount|nograb|dograb|style=.*|stylesheet=.*)$"_s);
+    static const QRegularExpression withValue(
+        u"^--?(platform|platformpluginpath|platformtheme|plugin|(qwindow)?(geometry|title|icon)|session|style|"
+        u"stylesheet|display|name|visual)$"_s);
+    QStringList rest;
+    bool isValue = false;
+    for (const QString &argument : arguments) {
+        const bool isOption = !rest.contains(u"--"_s) && !isValue;
+        const bool isTaken = isValue || (isOption && alone.match(argument).hasMatch());
+        isValue = isOption && withValue.match(argument).hasMatch();
+        if (!isTaken && !isValue) {
+            rest += argument;
+        }
+    }
+    return rest;
+}
+
 struct NumberOption {
     QStringView name;
     QLatin1StringView key;
@@ -142,7 +162,8 @@ ExportOptions ExportOptions::parse(const QStringList &arguments)
     }
     ExportOptions result;
     try {
-        if (!parser.parse(arguments)) {
+        const bool isExport = arguments.contains(u"--export"_s);
+        if (!parser.parse(isExport ? arguments : withoutToolkitOptions(arguments))) {
             throw UsageProblem{parser.errorText()};
         }
         if (parser.isSet(u"help"_s)) {

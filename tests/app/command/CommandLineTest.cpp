@@ -1,5 +1,6 @@
 // The real program in a process of its own, with tools that misbehave.
 
+#include "platform/files/FileDescriptor.h"
 #include "support/HttpServer.h"
 #include "support/ScriptedTool.h"
 
@@ -7,7 +8,10 @@
 #include <QProcess>
 #include <QTest>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 
@@ -116,20 +120,36 @@ TEST_F(CommandLineTest, AnInterruptStopsAHangingToolAndLeavesNothing)
     }
 }
 
+TEST_F(CommandLineTest, AnInterruptEndsACallThatBlocks)
+{
+    // A pipe that nobody empties stands for all that a system call may wait for.
+    ASSERT_EQ(::mkfifo(folder.bytes("full").constData(), 0600), 0);
+    const FileDescriptor pipe(::open(folder.bytes("full").constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
+    while (::write(pipe.get(), "full", 4) > 0) {
+    }
+    program.setStandardOutputFile(folder.path("full"));
+    start(exportMovie);
+    while (!folder.has("out/clock.jpg") && program.state() == QProcess::Running) {
+        program.waitForReadyRead(10);
+    }
+    kill(static_cast<pid_t>(program.processId()), SIGTERM);
+    EXPECT_EQ(finish(), 130);
+}
+
 TEST_F(CommandLineTest, PaintingStartsNoThread)
 {
     useTool("ls /proc/$PPID/task | wc -l >>threads; exec " TESSARINE_FFMPEG " -v error \"$@\"");
-    EXPECT_EQ(run(exportMovie + QStringList{u"--tile-width"_qs, u"2000"_qs, u"--set"_qs, u"DefaultDrawShadow=true"_qs}),
-              0);
+    EXPECT_EQ(run(exportMovie + QStringList{u"--tile-width"_s, u"2000"_s, u"--set"_s, u"DefaultDrawShadow=true"_s}), 0);
     const QByteArrayList counts = folder.read("threads").trimmed().split('\n');
     EXPECT_EQ(counts, QByteArrayList(6, counts.first()));
 }
 
-TEST_F(CommandLineTest, AReaderThatGoesAwayDoesNotStopTheExport)
+TEST_F(CommandLineTest, ResultsThatNobodyCanReadDoNotStopTheExport)
 {
     program.setStandardOutputFile(u"/dev/full"_s);
-    EXPECT_EQ(run(exportMovie + QStringList{movie}), 0);
+    EXPECT_EQ(run(exportMovie + QStringList{movie}), 1);
     EXPECT_EQ(folder.names("out").size(), 2);
+    EXPECT_EQ(run({u"--help"_s}), 1);
 }
 
 TEST_F(CommandLineTest, ATerminalGetsABarThatFitsAndGoesAway)

@@ -11,6 +11,14 @@ static ExportOptions parse(const QString &arguments)
     return ExportOptions::parse(QString(u"tessarine " + arguments).split(u' '));
 }
 
+TEST(ExportOptions, LeavesTheToolkitItsOwn)
+{
+    const ExportOptions window = parse(u"-style Fusion a --platform xcb -reverse --stylesheet=x b -- -style c"_s);
+    EXPECT_EQ(window.action, Action::OpenWindow);
+    EXPECT_EQ(window.paths, (QStringList{u"a"_s, u"b"_s, u"-style"_s, u"c"_s}));
+    EXPECT_EQ(parse(u"--export -style Fusion a"_s).action, Action::RefuseUsage);
+}
+
 TEST(ExportOptions, RefusesWhatMakesNoSense)
 {
     EXPECT_EQ(parse(u"--export --set DefultBkgColor=#80ff0000 a"_s).action,
