@@ -17,7 +17,10 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 
+#include <chrono>
+#include <cstdlib>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -25,6 +28,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize roomForFrame(8, 32);
+/// What a cancelled job gets to end before the program ends without it.
+constexpr std::chrono::seconds patience(10);
 
 } // namespace
 
@@ -254,12 +259,23 @@ void MainWindowController::closeEvent(QCloseEvent *event)
     jobs->abort();
     collageEditing->cancel();
     if (jobs->isRunning()) {
+        QTimer::singleShot(patience, this, &MainWindowController::giveUp);
         event->ignore(); // comes again when the job has ended
         return;
     }
     rememberLayout();
     event->accept();
     QApplication::quit();
+}
+
+/// For a job that cannot be interrupted, since it reads from a network disk that has gone.
+void MainWindowController::giveUp()
+{
+    if (jobs->isRunning()) {
+        rememberLayout();
+        services.defaults.synchronize();
+        std::_Exit(EXIT_FAILURE);
+    }
 }
 
 QStringList MainWindowController::moviePaths() const

@@ -82,6 +82,7 @@ private:
     void updateActions();
     void loadingPrgCanceled();
     void showAbout();
+    void giveUp();
     void rememberLayout();
     void restoreLayout();
     QStringList moviePaths() const;
