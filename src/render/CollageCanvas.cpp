@@ -1,5 +1,6 @@
 #include "render/CollageCanvas.h"
 
+#include "render/AllocatedImage.h"
 #include "render/TextBlock.h"
 
 #include <QRegion>
@@ -75,7 +76,7 @@ void CollageCanvas::drawImage(const QRectF &rect, const QImage &image)
     castShadow(pixels, 1.0);
     if (reachable.contains(rect)) {
         painter.drawImage(pixels.topLeft(),
-                          image.scaled(pixels.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+                          allocated(image.scaled(pixels.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
     } else {
         painter.drawImage(QRectF(pixels), image, stretchedFrom(image.rect(), rect, pixels));
     }
@@ -89,7 +90,7 @@ void CollageCanvas::drawText(QPointF topLeft, const TextBlock &text, const QColo
     }
     const QPoint corner = topLeft.toPoint();
     if (current) {
-        QImage drawing(size, QImage::Format_ARGB32_Premultiplied);
+        QImage drawing = allocated(QImage(size, QImage::Format_ARGB32_Premultiplied));
         drawing.fill(Qt::transparent);
         QPainter drawingPainter(&drawing);
         drawingPainter.setPen(color);

@@ -18,6 +18,7 @@
 #include "render/OutputFile.h"
 #include "render/TileSource.h"
 
+#include <new>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -73,11 +74,21 @@ void ExportJob::run()
     progress = State::Running;
     for (int index = 0; index < services.aryItems.count() && !services.bExportCanceled; ++index) {
         if (const auto movie = services.aryItems.movieAt(index)) {
-            exportMovie(*movie, index);
+            exportOrFail(*movie, index);
         }
     }
     progress = State::Finished;
     services.observer.exportEnded();
+}
+
+/// Memory that runs out costs this movie only.
+void ExportJob::exportOrFail(const KTMovieObject &movie, int index)
+{
+    try {
+        exportMovie(movie, index);
+    } catch (const std::bad_alloc &) {
+        fail(movie, u"there is not enough memory for the collage"_s);
+    }
 }
 
 void ExportJob::exportMovie(const KTMovieObject &movie, int index)
@@ -101,6 +112,9 @@ void ExportJob::exportMovie(const KTMovieObject &movie, int index)
         }
     }
     path = write(movie, canvas, *extension, path);
+    if (path.isEmpty()) {
+        return;
+    }
     // They run after a failed write too: the user has waited for this movie and sees what became of it.
     runAfterExportActions(path);
 }
@@ -135,15 +149,23 @@ QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, const
     if (canvas.isNull()) {
         return path; // has been reported
     }
-    const QByteArray bytes = GlobalFun::dataRepresentationOfType(canvas, extension);
-    if (bytes.isEmpty()) {
+    if (const QString folder = GlobalFun::deletingLastPathComponent(path); folder != tidyFolder) {
+        NewFile::removeLeftovers(folder);
+        tidyFolder = folder;
+    }
+    NewFile file(path, services.bExportCanceled);
+    const bool encoded = !file.error() && GlobalFun::writeRepresentationOfType(canvas, extension, file);
+    if (file.error() == std::errc::operation_canceled) {
+        return {};
+    }
+    if (!encoded && !file.error()) {
         fail(movie, u"the image cannot be encoded as "_s + extension);
         return path;
     }
-    std::error_code error = writeNewFile(path, bytes);
+    std::error_code error = file.publishAs(path);
     while (error == std::errc::file_exists) { // somebody took the name since it was chosen
         path = OutputFile::freePath(GlobalFun::deletingLastPathComponent(path), movie.filePath, extension);
-        error = writeNewFile(path, bytes);
+        error = file.publishAs(path);
     }
     if (error) {
         fail(movie, PathText::forDisplay(path) + u": "_s + QString::fromStdString(error.message()));

@@ -45,10 +45,11 @@ public:
     State state() const { return progress; }
 
 private:
+    void exportOrFail(const KTMovieObject &movie, int index);
     void exportMovie(const KTMovieObject &movie, int index);
     QImage render(const KTMovieObject &movie, int index);
     QString folderFor(const KTMovieObject &movie) const;
-    /// The path at which the image stands, or would if it could have been written.
+    /// The path at which the image stands, or would if it could have been written. Nothing after a cancel.
     QString write(const KTMovieObject &movie, const QImage &canvas, const QString &extension, QString path);
     void fail(const KTMovieObject &movie, const QString &reason);
     void runAfterExportActions(const QString &path);
@@ -56,4 +57,5 @@ private:
     ExportServices services;
     CollageTextStyles styles;
     State progress = State::Ready;
+    QString tidyFolder; ///< where nothing is left of earlier runs
 };

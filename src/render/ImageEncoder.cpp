@@ -1,6 +1,7 @@
 #include "render/ImageEncoder.h"
 
 #include "media/GifImage.h"
+#include "render/AllocatedImage.h"
 
 #include <QBuffer>
 #include <QImageWriter>
@@ -17,54 +18,64 @@ QImage flattened(const QImage &image)
     if (!image.hasAlphaChannel()) {
         return image;
     }
-    QImage ground(image.size(), QImage::Format_RGB32);
+    QImage ground = allocated(QImage(image.size(), QImage::Format_RGB32));
     ground.fill(Qt::white);
     QPainter(&ground).drawImage(0, 0, image);
     return ground;
 }
 
-QByteArray encoded(const QImage &image, const char *format)
+bool write(const QImage &image, const char *format, QIODevice &device)
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    QImageWriter writer(&buffer, format);
-    return writer.write(image) ? bytes : QByteArray();
+    return QImageWriter(&device, format).write(image);
 }
 
-QByteArray encodeJpeg(const QImage &image)
+bool writeJpeg(const QImage &image, QIODevice &device)
 {
-    return encoded(flattened(image), "jpeg");
+    return write(flattened(image), "jpeg", device);
 }
 
-QByteArray encodeBmp(const QImage &image)
+bool writeBmp(const QImage &image, QIODevice &device)
 {
-    return encoded(flattened(image), "bmp");
+    return write(flattened(image), "bmp", device);
 }
 
-QByteArray encodePng(const QImage &image)
+bool writePng(const QImage &image, QIODevice &device)
 {
-    return encoded(image, "png");
+    return write(image, "png", device);
 }
 
-QByteArray encodeTiff(const QImage &image)
+bool writeTiff(const QImage &image, QIODevice &device)
 {
-    return encoded(image, "tiff");
+    return write(image, "tiff", device);
+}
+
+bool writeGif(const QImage &image, QIODevice &device)
+{
+    const QByteArray bytes = encodeGif(image);
+    return !bytes.isEmpty() && device.write(bytes) == bytes.size();
 }
 
 struct Encoder {
     QStringView extension;
-    QByteArray (*encode)(const QImage &);
+    bool (*write)(const QImage &, QIODevice &);
 };
 
 constexpr std::array encoders{
-    Encoder{u"tif", encodeTiff}, Encoder{u"tiff", encodeTiff}, Encoder{u"bmp", encodeBmp}, Encoder{u"gif", encodeGif},
-    Encoder{u"jpg", encodeJpeg}, Encoder{u"jpeg", encodeJpeg}, Encoder{u"png", encodePng},
+    Encoder{u"tif", writeTiff}, Encoder{u"tiff", writeTiff}, Encoder{u"bmp", writeBmp}, Encoder{u"gif", writeGif},
+    Encoder{u"jpg", writeJpeg}, Encoder{u"jpeg", writeJpeg}, Encoder{u"png", writePng},
 };
 
 } // namespace
 
-QByteArray GlobalFun::dataRepresentationOfType(const QImage &image, const QString &extension)
+bool GlobalFun::writeRepresentationOfType(const QImage &image, const QString &extension, QIODevice &device)
 {
     const auto *const found = std::ranges::find(encoders, QStringView(extension), &Encoder::extension);
-    return found == encoders.end() || image.isNull() ? QByteArray() : found->encode(image);
+    return found != encoders.end() && !image.isNull() && found->write(image, device);
+}
+
+QByteArray GlobalFun::dataRepresentationOfType(const QImage &image, const QString &extension)
+{
+    QBuffer bytes;
+    bytes.open(QIODevice::WriteOnly);
+    return writeRepresentationOfType(image, extension, bytes) ? bytes.data() : QByteArray();
 }

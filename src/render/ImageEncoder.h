@@ -4,11 +4,16 @@
 #include <QImage>
 #include <QString>
 
+class QIODevice;
+
 namespace GlobalFun {
 
-/// The image as a file of the type that the extension names: tif, tiff, bmp, gif, jpg, jpeg or png, in lower case.
-/// Empty for any other extension and when the image cannot be encoded. Every encoder runs at its defaults. Formats
-/// without transparency show it as white. Safe on any thread.
+/// Writes the image to an open device that can seek, as a file of the type that the extension names: tif, tiff, bmp,
+/// gif, jpg, jpeg or png, in lower case. False for any other extension, and when the image cannot be encoded or
+/// written. Every encoder runs at its defaults. Formats without transparency show it as white. Safe on any thread.
+bool writeRepresentationOfType(const QImage &image, const QString &extension, QIODevice &device);
+
+/// The same as bytes; empty where that is false.
 QByteArray dataRepresentationOfType(const QImage &image, const QString &extension);
 
 } // namespace GlobalFun

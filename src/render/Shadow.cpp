@@ -1,5 +1,7 @@
 #include "render/Shadow.h"
 
+#include "render/AllocatedImage.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -57,7 +59,7 @@ QRgb shade(const QColor &color, double coverage)
 
 QImage transparentImage(QSize size)
 {
-    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    QImage image = allocated(QImage(size, QImage::Format_ARGB32_Premultiplied));
     image.fill(Qt::transparent);
     return image;
 }

@@ -131,6 +131,20 @@ TEST_F(ExportJobTest, AnUnwritableFolderAsksAndItsDefaultAnswerSkipsTheMovie)
                                            "failed a.mov", "open a.jpg", "end"));
 }
 
+TEST_F(ExportJobTest, MemoryThatRunsOutCostsOneMovie)
+{
+    add("a.mov");
+    add("b.mov");
+    diary.onProgress = [](const ExportProgress &at) {
+        if (at.movie == 0) {
+            throw std::bad_alloc();
+        }
+    };
+    exportAll();
+    EXPECT_THAT(diary.entries,
+                ElementsAre("movie 0/2 tile 1/1", "failed a.mov", "movie 1/2 tile 1/1", "written b.jpg", "end"));
+}
+
 TEST_F(ExportJobTest, CancellingLeavesTheFinishedImagesAndNothingElse)
 {
     for (const char *name : {"a.mov", "b.mov", "c.mov"}) {

@@ -6,9 +6,12 @@
 #include "collage/KTMovieObject.h"
 #include "online/SupportedFormats.h"
 #include "online/VXConfigManager.h"
+#include "platform/Log.h"
+#include "platform/files/PathText.h"
 #include "platform/store/UserDefaults.h"
 
 #include <cstdio>
+#include <new>
 #include <utility>
 
 namespace {
@@ -83,7 +86,7 @@ QStringList LoadingJob::findCandidates(const QStringList &paths) const
 }
 
 void LoadingJob::loadMovie(const Candidate &candidate) const
-{
+try {
     const auto movie = loader.load(candidate.path, services.bMovieDropped).movie;
     if (!movie) {
         return;
@@ -95,4 +98,6 @@ void LoadingJob::loadMovie(const Candidate &candidate) const
     movie->setImgThumbnail(fitted(frame.picture, services.devicePixelRatio));
     movie->setImgPreview(services.renderPreview(*movie));
     services.observer.loaded(movie, candidate.indexToInsert);
+} catch (const std::bad_alloc &) { // this movie's frames are too large for the memory there is
+    qCWarning(lcTessarine).noquote() << "error: not enough memory for" << PathText::forDisplay(candidate.path);
 }

@@ -5,6 +5,8 @@
 #include "media/VXMediaInfo.h"
 #include "platform/Log.h"
 
+#include <new>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,7 +28,7 @@ QString notAMovie(VXMediaType type)
 MovieLoader::MovieLoader(const UserDefaults &userDefaults) : defaults(userDefaults) {}
 
 MovieLoader::Result MovieLoader::load(const QString &path, const CancelFlag &cancelled) const
-{
+try {
     auto movie = std::make_shared<KTMovieObject>();
     movie->filePath = path;
     std::optional<MediaError> error;
@@ -40,4 +42,6 @@ MovieLoader::Result MovieLoader::load(const QString &path, const CancelFlag &can
     }
     movie->setSettings(DefaultParameters::settingsOfNewMovie(defaults, *movie));
     return {movie, {}};
+} catch (const std::bad_alloc &) {
+    return {nullptr, u"there is not enough memory to read it"_s};
 }

@@ -1,6 +1,6 @@
 #include "platform/files/NewFile.h"
 
-#include "platform/files/FileDescriptor.h"
+#include "platform/files/FileLock.h"
 #include "platform/files/PathText.h"
 
 #include <QRandomGenerator>
@@ -8,10 +8,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <optional>
-#include <utility>
 
 namespace {
 
@@ -32,129 +33,187 @@ std::optional<Place> placeOf(const QByteArray &path)
     const qsizetype slash = path.lastIndexOf('/');
     const Place place{.folder = slash < 0 ? QByteArray(".") : path.first(qMax(slash, qsizetype(1))),
                       .name = path.sliced(slash + 1)};
-    if (place.name.isEmpty() || path.contains('\0')) { // a NUL would cut the name short
+    if (place.name.isEmpty() || path.contains('\0')) // a NUL would cut the name short
         return std::nullopt;
-    }
     return place;
 }
 
-/// A hidden file of random name in a folder, removed with its owner unless it was given its final name.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(int folderDescriptor) : folder(folderDescriptor), file(create()) {}
-    ~TemporaryFile()
-    {
-        if (!name.isEmpty()) {
-            ::unlinkat(folder, name.constData(), 0);
-        }
+constexpr QByteArrayView prefix = ".tessarine-";
+
+/// Short, whatever the final name's length: that may use up all of the 255 bytes a name can have.
+QByteArray randomName()
+{
+    return prefix.toByteArray() + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
+}
+
+/// Whether randomName() would make it, but for one in ten thousand.
+bool isRandomName(QByteArrayView name)
+{
+    const QByteArrayView number = name.sliced(std::min(prefix.size(), name.size()));
+    return name.startsWith(prefix) && number.size() >= 11 && number.size() <= 13 &&
+           std::ranges::all_of(
+               number, [](char digit) { return (digit >= '0' && digit <= '9') || (digit >= 'a' && digit <= 'z'); });
+}
+
+} // namespace
+
+NewFile::NewFile(const QString &path, const CancelFlag &cancelFlag) : cancelled(cancelFlag)
+{
+    const auto place = placeOf(PathText::toBytes(path));
+    if (!place) {
+        problem = std::make_error_code(std::errc::invalid_argument);
+        return;
     }
-    TemporaryFile(const TemporaryFile &) = delete;
-    TemporaryFile &operator=(const TemporaryFile &) = delete;
+    folder.reset(::open(place->folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (succeeded(folder.isOpen())) {
+        file.reset(create());
+    }
+    if (succeeded(file.isOpen())) {
+        open(WriteOnly | Unbuffered);
+    }
+}
 
-    bool isOpen() const { return file.isOpen(); }
-    bool fill(const QByteArray &contents);
-    bool publishAs(const QByteArray &finalName);
+NewFile::~NewFile()
+{
+    if (!name.isEmpty()) {
+        ::unlinkat(folder.get(), name.constData(), 0);
+    }
+}
 
-private:
-    int create();
-    bool renameWithoutReplacing(const QByteArray &finalName);
-    bool linkAs(const QByteArray &finalName);
-    bool renameOntoPlaceholder(const QByteArray &finalName);
+/// True when all has gone well so far; otherwise the first problem is kept, by default the system's last one.
+bool NewFile::succeeded(bool isGood)
+{
+    if (!isGood && !problem) {
+        problem = {errno, std::generic_category()};
+    }
+    return !problem;
+}
 
-    int folder;
-    QByteArray name;
-    FileDescriptor file;
-};
-
-int TemporaryFile::create()
+int NewFile::create()
 {
     for (;;) {
-        // Short, whatever the final name's length: that may use up all of the 255 bytes a name can have.
-        const QByteArray candidate = ".tessarine-" + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
-        const int fd = ::openat(folder, candidate.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (fd >= 0) {
-            name = candidate;
+        name = randomName();
+        FileDescriptor made(::openat(folder.get(), name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        if (made.isOpen() && FileLock::take(made.get())) {
+            return made.release();
         }
-        if (fd >= 0 || errno != EEXIST) {
-            return fd;
+        // The name is taken; or another process has taken the file for a leftover, before it was locked.
+        if (!made.isOpen() && errno != EEXIST) {
+            name.clear();
+            return -1;
         }
     }
 }
 
-bool TemporaryFile::fill(const QByteArray &contents)
+qint64 NewFile::readData(char * /*data*/, qint64 /*maxSize*/)
 {
-    for (QByteArrayView rest = contents; !rest.isEmpty();) {
-        const ssize_t written = ::write(file.get(), rest.data(), static_cast<std::size_t>(rest.size()));
-        if (written >= 0) {
-            rest = rest.sliced(written);
-        } else if (errno != EINTR) {
-            return false;
+    return -1;
+}
+
+qint64 NewFile::writeData(const char *data, qint64 count)
+{
+    for (qint64 done = 0; done < count && !problem;) {
+        if (cancelled) {
+            problem = std::make_error_code(std::errc::operation_canceled);
+            break;
         }
+        const ssize_t written = ::pwrite(file.get(), data + done, static_cast<std::size_t>(count - done), pos() + done);
+        done += std::max<ssize_t>(written, 0);
+        succeeded(written >= 0 || errno == EINTR);
     }
-    // Some file systems report only at the close that they could not keep what was written.
-    return ::fsync(file.get()) == 0 && ::close(file.release()) == 0;
+    length = std::max(length, pos() + count);
+    return problem ? -1 : count;
+}
+
+std::error_code NewFile::publishAs(const QString &path)
+{
+    if (isOpen() && succeeded(keep())) {
+        close(); // for writers; the lock holds until the file has its name
+    }
+    const auto place = placeOf(PathText::toBytes(path));
+    if (problem) {
+        return problem;
+    }
+    return place && giveName(place->name) ? std::error_code() : lastError();
+}
+
+/// Waits until the disk has it; false, with errno set, when it could not be kept. Some file systems tell that only at a
+/// close, and some have nothing to wait for.
+bool NewFile::keep()
+{
+    return (::fsync(file.get()) == 0 || errno == EINVAL) && ::close(::fcntl(file.get(), F_DUPFD_CLOEXEC, 0)) == 0;
 }
 
 /// False, with errno set, when something has that name already or the name cannot be given.
-bool TemporaryFile::publishAs(const QByteArray &finalName)
+bool NewFile::giveName(const QByteArray &finalName)
 {
-    return renameWithoutReplacing(finalName) || linkAs(finalName) || renameOntoPlaceholder(finalName);
+    const bool given = renameWithoutReplacing(finalName) || linkAs(finalName) || renameOntoPlaceholder(finalName);
+    if (given) {
+        name.clear();
+    }
+    return given;
 }
 
-bool TemporaryFile::renameWithoutReplacing(const QByteArray &finalName)
+bool NewFile::renameWithoutReplacing(const QByteArray &finalName)
 {
-    if (::renameat2(folder, name.constData(), folder, finalName.constData(), RENAME_NOREPLACE) != 0) {
-        return false;
-    }
-    name.clear();
-    return true;
+    return ::renameat2(folder.get(), name.constData(), folder.get(), finalName.constData(), RENAME_NOREPLACE) == 0;
 }
 
 /// For network file systems, which do not know the flag: a second name for the file refuses to replace as well.
-bool TemporaryFile::linkAs(const QByteArray &finalName)
+bool NewFile::linkAs(const QByteArray &finalName)
 {
     const bool flagUnknown = errno == EINVAL || errno == ENOSYS;
-    return flagUnknown && ::linkat(folder, name.constData(), folder, finalName.constData(), 0) == 0;
+    if (!flagUnknown || ::linkat(folder.get(), name.constData(), folder.get(), finalName.constData(), 0) != 0) {
+        return false;
+    }
+    ::unlinkat(folder.get(), name.constData(), 0);
+    return true;
 }
 
 /// For memory sticks (exFAT) and their like, which know neither: the name is taken by an empty file first, so that
 /// nobody else's is replaced.
-bool TemporaryFile::renameOntoPlaceholder(const QByteArray &finalName)
+bool NewFile::renameOntoPlaceholder(const QByteArray &finalName)
 {
     const bool linksUnknown = errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS;
     if (!linksUnknown) {
         return false;
     }
     const FileDescriptor placeholder(
-        ::openat(folder, finalName.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        ::openat(folder.get(), finalName.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (!placeholder.isOpen()) {
         return false;
     }
-    if (::renameat(folder, name.constData(), folder, finalName.constData()) == 0) {
-        name.clear();
+    if (::renameat(folder.get(), name.constData(), folder.get(), finalName.constData()) == 0) {
         return true;
     }
     const int error = errno;
-    ::unlinkat(folder, finalName.constData(), 0);
+    ::unlinkat(folder.get(), finalName.constData(), 0);
     errno = error;
     return false;
 }
 
-} // namespace
+void NewFile::removeLeftovers(const QString &folder)
+{
+    std::error_code end;
+    std::filesystem::directory_iterator entry(PathText::toBytes(folder).toStdString(), end);
+    for (; entry != std::filesystem::directory_iterator(); entry.increment(end)) {
+        const std::string path = entry->path().string();
+        if (!isRandomName(entry->path().filename().string())) {
+            continue;
+        }
+        const FileDescriptor file(::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+        if (FileLock::takeAbandoned(file.get())) {
+            ::unlink(path.c_str());
+        }
+    }
+}
 
 std::error_code writeNewFile(const QString &path, const QByteArray &contents)
 {
-    const auto place = placeOf(PathText::toBytes(path));
-    if (!place) {
-        return std::make_error_code(std::errc::invalid_argument);
+    static const CancelFlag never{false};
+    NewFile file(path, never);
+    if (!file.error()) {
+        file.write(contents);
     }
-    const FileDescriptor folder(::open(place->folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    if (!folder.isOpen()) {
-        return lastError();
-    }
-    TemporaryFile file(folder.get());
-    if (!file.isOpen() || !file.fill(contents) || !file.publishAs(place->name)) {
-        return lastError();
-    }
-    return {};
+    return file.publishAs(path);
 }

@@ -1,11 +1,57 @@
 #pragma once
 
+#include "platform/files/FileDescriptor.h"
+#include "platform/threads/CancelFlag.h"
+
 #include <QByteArray>
+#include <QIODevice>
 #include <QString>
 
 #include <system_error>
 
-/// Writes `contents` as a new file at `path`, all or nothing: at the path there is the complete file or none at any
-/// time, whatever is killed or full, and an existing file is never replaced (std::errc::file_exists).
-/// The permissions are those of any new file of this user. Safe on any thread.
+/// A new file in the making, to be written to: hidden until it is published, so that there is the complete file or none
+/// at its path at any time, whatever is killed or full. Removed with its owner unless it was published, and by
+/// removeLeftovers() when the process was killed. On one thread at a time.
+class NewFile final : public QIODevice {
+public:
+    /// In the folder of `path`, open for writing; the permissions are those of any new file of this user. Once
+    /// `cancelled` is set nothing more is written.
+    NewFile(const QString &path, const CancelFlag &cancelled);
+    ~NewFile() override;
+
+    /// Why it could not be made or written; nothing when all is well.
+    std::error_code error() const { return problem; }
+
+    /// Gives it its name, the last of `path`, when all that was written is on the disk. An existing file is never
+    /// replaced (std::errc::file_exists); another name can then be tried.
+    std::error_code publishAs(const QString &path);
+
+    qint64 size() const override { return length; }
+
+    /// Removes the hidden files that killed processes of this user have left in the folder.
+    static void removeLeftovers(const QString &folder);
+
+protected:
+    qint64 readData(char *data, qint64 maxSize) override;
+    qint64 writeData(const char *data, qint64 count) override;
+
+private:
+    int create();
+    bool succeeded(bool isGood);
+    bool keep();
+    bool giveName(const QByteArray &finalName);
+    bool renameWithoutReplacing(const QByteArray &finalName);
+    bool linkAs(const QByteArray &finalName);
+    bool renameOntoPlaceholder(const QByteArray &finalName);
+
+    const CancelFlag &cancelled;
+    FileDescriptor folder;
+    QByteArray name; ///< the hidden one; empty when there is none any more
+    FileDescriptor file;
+    qint64 length = 0;
+    std::error_code problem;
+};
+
+/// Writes `contents` as a new file at `path`, all or nothing, never over another (std::errc::file_exists). Safe on any
+/// thread.
 std::error_code writeNewFile(const QString &path, const QByteArray &contents);

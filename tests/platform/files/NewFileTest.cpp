@@ -87,6 +87,25 @@ TEST(NewFile, GivesANameToOneOfManyOnly)
     EXPECT_EQ(folder.names().size(), 20);
 }
 
+TEST(NewFile, OthersClearUpWhatAKilledProcessHasLeft)
+{
+    const ScratchFolder folder;
+    CancelFlag cancelled = false;
+    NewFile alive(folder.path("alive"), cancelled);
+    folder.write(".tessarine-0123456789ab", "left");
+    folder.write(".tessarine-notes", "mine");
+    folder.link(".tessarine-notes", ".tessarine-link456789ab");
+    NewFile::removeLeftovers(folder.path());
+    EXPECT_EQ(folder.names().size(), 3);
+    alive.write("a");
+    EXPECT_FALSE(alive.publishAs(folder.path("alive")));
+    EXPECT_EQ(folder.names(), (QStringList{u".tessarine-link456789ab"_s, u".tessarine-notes"_s, u"alive"_s}));
+    NewFile stopped(folder.path("stopped"), cancelled);
+    cancelled = true;
+    EXPECT_EQ(stopped.write("a"), -1);
+    EXPECT_EQ(stopped.publishAs(folder.path("stopped")), std::errc::operation_canceled);
+}
+
 TEST(NewFile, ManagesWithoutTheFileSystemsHelp)
 {
     hasFlags = false;
