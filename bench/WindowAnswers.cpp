@@ -127,7 +127,7 @@ int main(int argc, char **argv)
         return 2;
     }
     const QString &scratch = arguments.at(3);
-    UserDefaults defaults(scratch + u"/store.ini");
+    UserDefaults defaults(scratch + u"/settings.json");
     DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), scratch);
     FrameGrabber grabber(arguments.at(1), scratch);
     const PathBookmarks bookmarks;

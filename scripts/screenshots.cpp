@@ -37,7 +37,7 @@ TEST_P(Screenshots, Grab)
 {
     const Shot &shot = GetParam();
     Desktop desktop;
-    desktop.folder.write("config/Tessarine/Tessarine.ini", "[General]\nOutputFolderKey=" + qgetenv("COLLAGES") + '\n');
+    desktop.folder.write("config/Tessarine/settings.json", "{\"OutputFolderKey\":\"" + qgetenv("COLLAGES") + "\"}");
     desktop.setVariable(u"QT_SCALE_FACTOR"_s, QString::fromLatin1(shot.scale));
     QProcess program;
     const QStringList movies = qEnvironmentVariable("MOVIES").split(u'\n', Qt::SkipEmptyParts);

@@ -60,7 +60,7 @@ QString ProgramSetup::toolPath()
 
 QString ProgramSetup::storePath()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/Tessarine/Tessarine.ini";
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/Tessarine/settings.json";
 }
 
 void ProgramSetup::seed(UserDefaults &defaults)

@@ -36,11 +36,11 @@ CollageSettings DefaultParameters::settingsOfNewMovie(const UserDefaults &defaul
 
 void DefaultParameters::store(UserDefaults &defaults, const CollageForm &form)
 {
-    defaults.setData(PreferenceKeys::backgroundColor, ColorArchive::archive(form.backgroundColor));
+    defaults.setText(PreferenceKeys::backgroundColor, ColorArchive::archive(form.backgroundColor));
     defaults.setInteger(PreferenceKeys::rowNumber, form.rowNumber);
     defaults.setInteger(PreferenceKeys::columeNumber, form.columeNumber);
     defaults.setInteger(PreferenceKeys::tileWidth, form.gridWidth);
-    defaults.setData(PreferenceKeys::tileBorderColor, ColorArchive::archive(form.gridBorderColor));
+    defaults.setText(PreferenceKeys::tileBorderColor, ColorArchive::archive(form.gridBorderColor));
     defaults.setInteger(PreferenceKeys::tileBorderWidth, form.gridBorderWidth);
     // Not crossed, unlike at reading: what is stored as horizontal becomes the gap between rows of the next movie.
     defaults.setInteger(PreferenceKeys::horizontalGaps, form.columeSpace);

@@ -14,7 +14,7 @@ struct DefaultParametersTest : testing::Test {
     CollageSettings settings() const { return DefaultParameters::settingsOfNewMovie(defaults, movie); }
 
     ScratchFolder folder;
-    UserDefaults defaults{folder.path("store.ini")};
+    UserDefaults defaults{folder.path("settings.json")};
     VXMediaInfoItem movie;
 };
 
@@ -34,8 +34,8 @@ TEST_F(DefaultParametersTest, EachKeyReachesItsField)
     }
     defaults.setText("DefaultBorderWidth", u"12.9"_s);
     defaults.setBool("DefaultDrawShadow", true);
-    defaults.setData("DefultBkgColor", ColorArchive::archive(QColor(10, 20, 30, 40)));
-    defaults.setData("DefaultTileBorderColor", "no colour");
+    defaults.setText("DefultBkgColor", u"#280a141E"_s);
+    defaults.setText("DefaultTileBorderColor", u"no colour"_s);
     const CollageSettings read = settings();
     EXPECT_EQ(read.backgroundColor.rgba(), qRgba(10, 20, 30, 40));
     EXPECT_EQ(read, (CollageSettings{12, read.backgroundColor, 6, QColor(Qt::white), 2, 10, 301, 169.3125, 5, 7, 0, 0,

@@ -16,8 +16,8 @@ struct JourneyTest : testing::Test {
     JourneyTest()
     {
         desktop.folder.makeFolder("out");
-        desktop.folder.write("config/Tessarine/Tessarine.ini",
-                             "[General]\nOutputFolderKey=" + desktop.folder.bytes("out") + '\n');
+        desktop.folder.write("config/Tessarine/settings.json",
+                             "{\"OutputFolderKey\":\"" + desktop.folder.bytes("out") + "\"}");
     }
     ~JourneyTest() override
     {

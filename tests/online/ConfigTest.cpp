@@ -17,7 +17,7 @@ struct ConfigTest : testing::Test {
     /// Both flags as they are on disk.
     QList<bool> stored() const
     {
-        const UserDefaults onDisk(folder.path("store.ini"));
+        const UserDefaults onDisk(folder.path("settings.json"));
         return {onDisk.boolValue("SupportVOBKey"), onDisk.boolValue("ExperimentalKey")};
     }
     /// Asks the server, and waits for other flags or a line in the log.
@@ -29,7 +29,7 @@ struct ConfigTest : testing::Test {
     }
 
     const ScratchFolder folder;
-    UserDefaults defaults{folder.path("store.ini")};
+    UserDefaults defaults{folder.path("settings.json")};
     VXConfigManager config{defaults};
     const Bundle bundle{"<plist><dict><key>CFBundleShortVersionString</key><string>2.1</string>"
                         "<key>CFBundleIdentifier</key><string>org.example</string>"

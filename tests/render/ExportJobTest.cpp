@@ -89,7 +89,7 @@ struct ExportJobTest : testing::Test {
     ScratchFolder folder;
     QString tool = scriptedTool(folder, "tool", "cp \"${0%/*}/picture.jpg\" \"$8\"");
     QString outputFolder = folder.path("out");
-    UserDefaults defaults{folder.path("store.ini")};
+    UserDefaults defaults{folder.path("settings.json")};
     Diary diary;
     CancelFlag cancelled = false;
 };

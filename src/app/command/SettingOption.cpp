@@ -25,10 +25,8 @@ QVariant valueFrom(const QString &text, Kind kind)
         text.toDouble(&isNumber);
         return isNumber ? QVariant(text) : QVariant();
     }
-    case Kind::Color: {
-        static const QRegularExpression hexadecimal(u"^#([0-9A-Fa-f]{2})?[0-9A-Fa-f]{6}$"_s);
-        return hexadecimal.match(text).hasMatch() ? QVariant(ColorArchive::archive(QColor(text))) : QVariant();
-    }
+    case Kind::Color:
+        return ColorArchive::unarchive(text) ? QVariant(text) : QVariant();
     case Kind::Text:
         return text;
     case Kind::Array:

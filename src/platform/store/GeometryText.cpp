@@ -2,34 +2,15 @@
 
 #include <QRegularExpression>
 
-#include <cmath>
-#include <vector>
-
 using namespace Qt::StringLiterals;
 
 namespace GeometryText {
 namespace {
 
-constexpr double farthest = 1e6;
-
-/// The numbers in a text that has this form to the last character; none in any other, or when one is out of range.
-std::vector<int> numbersIn(QStringView text, const QRegularExpression &form)
+/// Matches a text of this form, in which "#" stands for a number: up to six digits, which no screen exceeds.
+QRegularExpressionMatch match(const QString &text, QString form)
 {
-    std::vector<int> numbers;
-    for (const QString &captured : form.match(text.toString()).capturedTexts().mid(1)) {
-        const double number = captured.toDouble();
-        if (std::abs(number) > farthest) {
-            return {};
-        }
-        numbers.push_back(static_cast<int>(number));
-    }
-    return numbers;
-}
-
-QRegularExpression formOf(QString pattern)
-{
-    pattern.replace(u'#', u"(-?\\d{1,9}(?:\\.\\d+)?)"_s).replace(u' ', u"\\s*"_s);
-    return QRegularExpression(QRegularExpression::anchoredPattern(pattern));
+    return QRegularExpression(u"^\\s*"_s + form.replace(u'#', u"(-?\\d{1,6})"_s) + u"\\s*$"_s).match(text);
 }
 
 } // namespace
@@ -44,16 +25,19 @@ QString fromRect(const QRect &rect)
     return u"{{%1, %2}, {%3, %4}}"_s.arg(rect.x()).arg(rect.y()).arg(rect.width()).arg(rect.height());
 }
 
-std::optional<QPoint> toPoint(QStringView text)
+std::optional<QPoint> toPoint(const QString &text)
 {
-    const std::vector<int> numbers = numbersIn(text, formOf(u" \\{ # , # \\} "_s));
-    return numbers.empty() ? std::nullopt : std::optional(QPoint(numbers[0], numbers[1]));
+    const auto found = match(text, u"\\{#,\\s*#\\}"_s);
+    return found.hasMatch() ? std::optional(QPoint(found.captured(1).toInt(), found.captured(2).toInt()))
+                            : std::nullopt;
 }
 
-std::optional<QRect> toRect(QStringView text)
+std::optional<QRect> toRect(const QString &text)
 {
-    const std::vector<int> numbers = numbersIn(text, formOf(u" \\{ \\{ # , # \\} , \\{ # , # \\} \\} "_s));
-    return numbers.empty() ? std::nullopt : std::optional(QRect(numbers[0], numbers[1], numbers[2], numbers[3]));
+    const auto found = match(text, u"\\{\\{#,\\s*#\\},\\s*\\{#,\\s*#\\}\\}"_s);
+    return found.hasMatch() ? std::optional(QRect(found.captured(1).toInt(), found.captured(2).toInt(),
+                                                  found.captured(3).toInt(), found.captured(4).toInt()))
+                            : std::nullopt;
 }
 
 } // namespace GeometryText

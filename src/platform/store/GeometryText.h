@@ -12,8 +12,8 @@ namespace GeometryText {
 QString fromPoint(QPoint point);
 QString fromRect(const QRect &rect);
 
-/// Fractions are cut off. Nothing for any other text, and for numbers that no screen reaches (over a million).
-std::optional<QPoint> toPoint(QStringView text);
-std::optional<QRect> toRect(QStringView text);
+/// Nothing for any other text, and for numbers that no screen reaches (over six digits).
+std::optional<QPoint> toPoint(const QString &text);
+std::optional<QRect> toRect(const QString &text);
 
 } // namespace GeometryText

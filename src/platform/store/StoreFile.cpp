@@ -2,12 +2,12 @@
 
 #include "platform/Log.h"
 #include "platform/files/NewFile.h"
-#include "platform/store/IniText.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonDocument>
 #include <QLockFile>
 #include <QSaveFile>
 
@@ -19,10 +19,11 @@ namespace StoreFile {
 namespace {
 
 constexpr qint64 maximumSize = 16'777'216; // thousands of times what the program writes
+constexpr QFileDevice::Permissions ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 
 struct Loaded {
-    QVariantMap values;
-    bool expendable = false; ///< writing `values` over the file loses nothing
+    QJsonObject values;
+    bool expendable = true; ///< writing `values` over the file loses nothing
 };
 
 bool holds(const QString &path, const QByteArray &contents)
@@ -32,7 +33,7 @@ bool holds(const QString &path, const QByteArray &contents)
 }
 
 /// A copy that an earlier start has made serves as well.
-bool keepAside(const QString &path, const QByteArray &contents)
+bool keepAside(const QString &path, const QByteArray &contents, const QString &reason)
 {
     const QString base = path + u".broken"_s;
     QString copy = base;
@@ -42,13 +43,38 @@ bool keepAside(const QString &path, const QByteArray &contents)
         error = writeNewFile(copy, contents);
     }
     const bool kept = !error || error == std::errc::file_exists;
-    if (kept) {
-        qCWarning(lcTessarine) << "error: settings not understood in" << path << "- its contents are kept in" << copy;
-    } else {
-        qCWarning(lcTessarine) << "error: settings not understood in" << path
-                               << "- and no copy could be kept:" << error.message().c_str();
-    }
+    const QString outcome = kept ? u"its contents are kept in "_s + copy
+                                 : u"no copy could be kept: "_s + QString::fromStdString(error.message());
+    QFile::setPermissions(copy, ownerOnly);
+    qCWarning(lcTessarine).noquote() << "error: settings not understood in" << path + u':' << reason + u';' << outcome;
     return kept;
+}
+
+/// How many keys a JSON text has, those of inner objects too.
+int keysIn(const QByteArray &json)
+{
+    int keys = 0;
+    bool quoted = false;
+    for (qsizetype i = 0; i < json.size(); ++i) {
+        const char c = json.at(i);
+        quoted ^= c == '"';
+        keys += !quoted && c == ':' ? 1 : 0;
+        i += c == '\\' ? 1 : 0; // what it escapes is no quote
+    }
+    return keys;
+}
+
+/// What would be lost if the document were written over the text that it was read from; empty when nothing would.
+QString problemOf(const QByteArray &text, const QJsonDocument &document, const QJsonParseError &error)
+{
+    if (error.error != QJsonParseError::NoError) {
+        return u"%1 in line %2"_s.arg(error.errorString()).arg(text.first(error.offset).count('\n') + 1);
+    }
+    if (!document.isObject()) {
+        return u"no settings in braces"_s;
+    }
+    // The parser drops all but the last of equal keys without a word.
+    return keysIn(text) == keysIn(document.toJson()) ? QString() : u"a key stands there twice"_s;
 }
 
 /// Nothing when the file cannot be read or holds something else than settings. No file is an empty one.
@@ -56,7 +82,7 @@ std::optional<Loaded> load(const QString &path)
 {
     QFile file(path);
     if (!QFileInfo::exists(path)) {
-        return Loaded{.values = {}, .expendable = true};
+        return Loaded{};
     }
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) { // opening a FIFO would wait for ever
         return std::nullopt;
@@ -65,8 +91,13 @@ std::optional<Loaded> load(const QString &path)
     if (text.size() > maximumSize || file.error() != QFileDevice::NoError) {
         return std::nullopt;
     }
-    const auto content = IniText::parse(text);
-    return Loaded{.values = content.values, .expendable = content.complete || keepAside(path, text)};
+    if (text.trimmed().isEmpty()) {
+        return Loaded{};
+    }
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    const QString problem = problemOf(text, document, error);
+    return Loaded{.values = document.object(), .expendable = problem.isEmpty() || keepAside(path, text, problem)};
 }
 
 /// Waits for other processes, but not for one that hangs. QLockFile's own waiting sleeps ever longer, and others could
@@ -82,20 +113,21 @@ bool acquire(QLockFile &lock)
     return true;
 }
 
-bool replace(const QString &path, const QVariantMap &values)
+bool replace(const QString &path, const QJsonObject &values)
 {
     QSaveFile file(path);
-    const QByteArray text = IniText::write(values);
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
+    const QByteArray text = QJsonDocument(values).toJson();
+    return file.open(QIODevice::WriteOnly) && file.setPermissions(ownerOnly) && file.write(text) == text.size() &&
+           file.commit();
 }
 
-std::optional<QVariantMap> readAll(const QString &path)
+std::optional<QJsonObject> readAll(const QString &path)
 {
     const auto loaded = load(path);
     return loaded ? std::optional(loaded->values) : std::nullopt;
 }
 
-std::optional<QVariantMap> change(const QString &path, const QVariantMap &changes)
+std::optional<QJsonObject> change(const QString &path, const QJsonObject &changes)
 {
     QLockFile lock(path + u".lock"_s);
     if (!QDir().mkpath(QFileInfo(path).path()) || !acquire(lock)) {
@@ -105,13 +137,9 @@ std::optional<QVariantMap> change(const QString &path, const QVariantMap &change
     if (!loaded) {
         return std::nullopt;
     }
-    QVariantMap values = loaded->values;
-    for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
-        if (change->isValid()) {
-            values.insert(change.key(), *change);
-        } else {
-            values.remove(change.key());
-        }
+    QJsonObject values = loaded->values;
+    for (auto change = changes.constBegin(); change != changes.constEnd(); ++change) {
+        values.insert(change.key(), change.value());
     }
     const bool asWanted = values == loaded->values || (loaded->expendable && replace(path, values));
     return asWanted ? std::optional(values) : std::nullopt;
@@ -119,7 +147,7 @@ std::optional<QVariantMap> change(const QString &path, const QVariantMap &change
 
 } // namespace
 
-std::optional<QVariantMap> update(const QString &path, const QVariantMap &changes)
+std::optional<QJsonObject> update(const QString &path, const QJsonObject &changes)
 {
     auto values = changes.isEmpty() ? readAll(path) : change(path, changes);
     if (!values) {

@@ -1,22 +1,24 @@
 #pragma once
 
+#include <QJsonObject>
 #include <QString>
-#include <QVariantMap>
 
 #include <optional>
 
-/// The user defaults' file on disk.
+/// The user defaults' file on disk: a JSON object of keys and values.
 ///
-/// Not QSettings: between reading the file and noting the time it bears, that leaves a moment in which another process
-/// may write; the next write then takes the other's away again. Here every change reads the file anew under the lock.
+/// Not QSettings: its file knows texts only, a nested value in a hostile one crashed it, and two processes that write
+/// at the same moment can lose a key. Here every change reads the file anew under the lock.
 namespace StoreFile {
 
-/// Carries out `changes` (an invalid value removes its key) in one step, on top of what other processes have written
-/// meanwhile, and returns all that the file then holds; with no changes it only reads. Nothing, with a line in the
-/// log, when that failed: then the file is as it was.
+/// Carries out `changes` in one step, on top of what other processes have written meanwhile, and returns all that the
+/// file then holds; with no changes it only reads. Keys that are not changed stay as they are, whatever they hold;
+/// whole numbers are exact up to 64 bits with a sign, larger ones become the nearest double. Nothing, with a line in
+/// the log, when that failed: then the file is as it was.
 ///
-/// A file that is not understood to the last line is first copied aside ("NAME.broken", "NAME.broken(1)", …), and is
-/// never written over while that fails. Safe on any thread and in several processes at once.
-std::optional<QVariantMap> update(const QString &path, const QVariantMap &changes);
+/// A file that is no JSON object, or has a key twice, is first copied aside ("NAME.broken", "NAME.broken(1)", …), and
+/// is never written over while that fails. Only its owner may read the file and the copies. Safe on any thread and in
+/// several processes at once.
+std::optional<QJsonObject> update(const QString &path, const QJsonObject &changes);
 
 } // namespace StoreFile

@@ -1,25 +1,30 @@
 #pragma once
 
+#include <QByteArray>
+#include <QJsonValue>
 #include <QVariant>
 
 #include <cstdint>
+#include <optional>
 
-/// The values of the user defaults store. Whatever type comes in, it is held as one of the three that survive a
-/// restart: text, bytes, or a list of these. So a value reads the same before and after the program is restarted, and
-/// in every layer.
+/// The values of the user defaults store, as they stand in its file: those of JSON, and bytes as the text "base64:…".
+/// A text that itself begins with "base64:" or "text:" has "text:" put before it.
 namespace StoredValue {
 
-/// The text, bytes (QByteArray) or list (QVariantList) for any value; an invalid one stays invalid.
-QVariant normalized(const QVariant &value);
+/// The value for a boolean, number, text, bytes, or list of these; null, which reads as absent, for an invalid one.
+QJsonValue from(const QVariant &value);
 
-// These read a normalized value and never fail.
+// These never fail, so that what a person has typed into the file reads as it was meant.
 
-/// A list reads as its elements with ", " between, which is how a path with a comma in it looks when a user has typed
-/// it into the file without quotes.
-QString text(const QVariant &value);
-/// 0 for what is no number, NaN included; true and yes are 1.
-double number(const QVariant &value);
-/// As number(), cut towards zero and clamped.
-std::int64_t integer(const QVariant &value);
+/// Empty for lists, objects and null. Bytes read as by PathText.
+QString text(const QJsonValue &value);
+/// Nothing for anything but bytes.
+std::optional<QByteArray> data(const QJsonValue &value);
+/// True for true, yes and every number but 0, also as texts.
+bool boolean(const QJsonValue &value);
+/// Cut towards zero and clamped, also from a text; 0 for what is no number, 1 for true and yes.
+std::int64_t integer(const QJsonValue &value);
+/// Bytes as QByteArray, texts as QString; nothing for anything but a list.
+std::optional<QVariantList> list(const QJsonValue &value);
 
 } // namespace StoredValue

@@ -3,18 +3,20 @@
 #include "platform/store/StoreFile.h"
 #include "platform/store/StoredValue.h"
 
+#include <QJsonObject>
+
 #include <algorithm>
 #include <limits>
 #include <mutex>
 #include <utility>
 
-/// Values are looked at, copied and dropped under the mutex only: a QVariant counts its owners out of sight of
-/// ThreadSanitizer. What leaves the class are texts, bytes and lists, which do not.
+/// Values are looked at, copied and dropped under the mutex only: a JSON value counts its owners out of sight
+/// of ThreadSanitizer. What leaves the class are texts, bytes and lists, which do not.
 class UserDefaults::Private {
 public:
     explicit Private(const QString &storePath) : path(storePath) {}
 
-    /// What `reader` makes of the uppermost layer's value, an invalid one when there is none.
+    /// What `reader` makes of the uppermost layer's value, an undefined one when there is none.
     template<typename Reader>
     auto read(QAnyStringView key, Reader reader) const
     {
@@ -22,44 +24,43 @@ public:
         const std::scoped_lock lock(valuesMutex);
         return reader(find(name));
     }
-    void change(QAnyStringView key, const QVariant &value);
+    void change(QAnyStringView key, const QJsonValue &value);
     bool synchronize();
 
     const QString path;
     mutable std::mutex valuesMutex; ///< guards all that follows; never held while waiting for the disk
-    QVariantMap volatileValues;
-    QVariantMap changes; ///< not on disk yet; an invalid value hides the stored one
-    QVariantMap stored;
-    QVariantMap registered;
+    QJsonObject volatileValues;
+    QJsonObject changes; ///< not on disk yet
+    QJsonObject stored;
+    QJsonObject registered;
 
 private:
-    QVariant find(const QString &key) const;
+    QJsonValue find(const QString &key) const;
 
     std::mutex diskMutex; ///< one synchronisation at a time; taken before valuesMutex
 };
 
-QVariant UserDefaults::Private::find(const QString &key) const
+QJsonValue UserDefaults::Private::find(const QString &key) const
 {
-    const auto change = changes.constFind(key);
-    for (QVariant value : {volatileValues.value(key), change != changes.cend() ? *change : stored.value(key)}) {
-        if (value.isValid()) {
+    for (const QJsonObject *layer : {&volatileValues, &changes, &stored, &registered}) {
+        if (const QJsonValue value = layer->value(key); !value.isUndefined() && !value.isNull()) {
             return value;
         }
     }
-    return registered.value(key);
+    return QJsonValue::Undefined;
 }
 
-void UserDefaults::Private::change(QAnyStringView key, const QVariant &value)
+void UserDefaults::Private::change(QAnyStringView key, const QJsonValue &value)
 {
     const std::scoped_lock lock(valuesMutex);
-    changes.insert(key.toString(), StoredValue::normalized(value));
+    changes.insert(key.toString(), value);
 }
 
 bool UserDefaults::Private::synchronize()
 {
     const std::scoped_lock diskLock(diskMutex);
     std::unique_lock lock(valuesMutex);
-    const QVariantMap written = changes;
+    const QJsonObject written = changes;
     lock.unlock();
     auto onDisk = StoreFile::update(path, written);
     lock.lock();
@@ -67,8 +68,8 @@ bool UserDefaults::Private::synchronize()
         return false;
     }
     stored = *std::exchange(onDisk, std::nullopt);
-    for (auto change = written.cbegin(); change != written.cend(); ++change) {
-        if (changes.value(change.key()) == *change) { // else it was changed again meanwhile
+    for (auto change = written.constBegin(); change != written.constEnd(); ++change) {
+        if (changes.value(change.key()) == change.value()) { // else it was changed again meanwhile
             changes.remove(change.key());
         }
     }
@@ -89,12 +90,12 @@ UserDefaults::~UserDefaults()
 
 bool UserDefaults::contains(QAnyStringView key) const
 {
-    return d->read(key, [](const QVariant &value) { return value.isValid(); });
+    return d->read(key, [](const QJsonValue &value) { return !value.isUndefined(); });
 }
 
 bool UserDefaults::boolValue(QAnyStringView key) const
 {
-    return doubleValue(key) != 0;
+    return d->read(key, StoredValue::boolean);
 }
 
 std::int32_t UserDefaults::int32Value(QAnyStringView key) const
@@ -108,11 +109,6 @@ std::int64_t UserDefaults::int64Value(QAnyStringView key) const
     return d->read(key, StoredValue::integer);
 }
 
-double UserDefaults::doubleValue(QAnyStringView key) const
-{
-    return d->read(key, StoredValue::number);
-}
-
 QString UserDefaults::textValue(QAnyStringView key) const
 {
     return d->read(key, StoredValue::text);
@@ -120,16 +116,12 @@ QString UserDefaults::textValue(QAnyStringView key) const
 
 std::optional<QByteArray> UserDefaults::dataValue(QAnyStringView key) const
 {
-    return d->read(key, [](const QVariant &value) {
-        return value.typeId() == QMetaType::QByteArray ? std::optional(value.toByteArray()) : std::nullopt;
-    });
+    return d->read(key, StoredValue::data);
 }
 
 std::optional<QVariantList> UserDefaults::arrayValue(QAnyStringView key) const
 {
-    return d->read(key, [](const QVariant &value) {
-        return value.typeId() == QMetaType::QVariantList ? std::optional(value.toList()) : std::nullopt;
-    });
+    return d->read(key, StoredValue::list);
 }
 
 void UserDefaults::setBool(QAnyStringView key, bool value)
@@ -139,47 +131,37 @@ void UserDefaults::setBool(QAnyStringView key, bool value)
 
 void UserDefaults::setInteger(QAnyStringView key, std::int64_t value)
 {
-    d->change(key, qlonglong{value});
-}
-
-void UserDefaults::setDouble(QAnyStringView key, double value)
-{
-    d->change(key, value);
+    d->change(key, qint64{value});
 }
 
 void UserDefaults::setText(QAnyStringView key, const QString &value)
 {
-    d->change(key, value);
+    d->change(key, StoredValue::from(value));
 }
 
 void UserDefaults::setData(QAnyStringView key, const QByteArray &value)
 {
-    d->change(key, value);
+    d->change(key, StoredValue::from(value));
 }
 
 void UserDefaults::setArray(QAnyStringView key, const QVariantList &value)
 {
-    d->change(key, value);
-}
-
-void UserDefaults::remove(QAnyStringView key)
-{
-    d->change(key, {});
+    d->change(key, StoredValue::from(value));
 }
 
 void UserDefaults::registerDefaults(const QVariantMap &defaults)
 {
     const std::scoped_lock lock(d->valuesMutex);
-    d->registered.clear();
+    d->registered = {};
     for (auto value = defaults.cbegin(); value != defaults.cend(); ++value) {
-        d->registered.insert(value.key(), StoredValue::normalized(*value));
+        d->registered.insert(value.key(), StoredValue::from(*value));
     }
 }
 
 void UserDefaults::setVolatile(QAnyStringView key, const QVariant &value)
 {
     const std::scoped_lock lock(d->valuesMutex);
-    d->volatileValues.insert(key.toString(), StoredValue::normalized(value));
+    d->volatileValues.insert(key.toString(), StoredValue::from(value));
 }
 
 bool UserDefaults::synchronize()

@@ -11,12 +11,13 @@
 /// The user's settings by key, in three layers: a volatile value (this run only, never stored) lies over the stored
 /// one, which lies over the registered default.
 ///
-/// Readers never fail: a value of another type is converted as well as it can be, an absent one reads as false, 0 or
-/// nothing. Any text but the empty one is a key. All calls are safe on any thread. Writes reach the disk at
-/// synchronize() or on destruction.
+/// Booleans, whole numbers, texts, bytes and arrays keep their types in the file. Readers never fail: a value of
+/// another type is converted as well as it can be, so that true, "yes" and 1 read alike; an absent one reads as false,
+/// 0 or nothing, and so does null. All calls are safe on any thread. Writes reach the disk at synchronize() or on
+/// destruction.
 class UserDefaults {
 public:
-    /// Opens the INI file at `storePath` (made with its folder at the first write). A file that cannot be parsed is
+    /// Opens the JSON file at `storePath` (made with its folder at the first write). A file that cannot be parsed is
     /// copied aside first ("NAME.broken", "NAME.broken(1)", …) and the copy is named in the log.
     explicit UserDefaults(const QString &storePath);
     ~UserDefaults();
@@ -26,29 +27,24 @@ public:
     /// Whether any layer has a value for the key.
     bool contains(QAnyStringView key) const;
 
-    /// Text is true when it says yes or true (any case) or is a number other than 0.
+    /// True for true, yes (any case) and every number but 0, also as texts.
     bool boolValue(QAnyStringView key) const;
-    /// Fractions are cut towards zero ("12.9" reads 12), values out of range are clamped, what is no number reads 0;
-    /// true and yes read 1.
+    /// Fractions are cut towards zero (12.9 and "12.9" read 12), values out of range are clamped, what is no number
+    /// reads 0; true and yes read 1.
     std::int32_t int32Value(QAnyStringView key) const;
     std::int64_t int64Value(QAnyStringView key) const;
-    /// Never NaN, but infinite for an infinity or a text too large for a double.
-    double doubleValue(QAnyStringView key) const;
-    /// An array reads as its elements with ", " between.
+    /// Empty for an array.
     QString textValue(QAnyStringView key) const;
     /// Nothing when the key is absent or holds something else than bytes.
     std::optional<QByteArray> dataValue(QAnyStringView key) const;
-    /// Nothing when the key is absent or holds something else than an array. Elements are QByteArray or QString.
+    /// Nothing when the key is absent or holds something else than an array. Bytes in it are QByteArray.
     std::optional<QVariantList> arrayValue(QAnyStringView key) const;
 
     void setBool(QAnyStringView key, bool value);
     void setInteger(QAnyStringView key, std::int64_t value);
-    void setDouble(QAnyStringView key, double value);
     void setText(QAnyStringView key, const QString &value);
     void setData(QAnyStringView key, const QByteArray &value);
     void setArray(QAnyStringView key, const QVariantList &value);
-    /// Removes the stored value; a registered default shows again.
-    void remove(QAnyStringView key);
 
     /// Replaces the lowest layer.
     void registerDefaults(const QVariantMap &defaults);

@@ -59,7 +59,7 @@ void RBMetadataPrefViewCtl::awakeFromNib()
         bits >>= 1U;
     }
     TaggedItems::select(*ui->pBtnCornor, defaults.int64Value(PreferenceKeys::gridTextPosition));
-    if (defaults.dataValue(PreferenceKeys::metadataTextColor)) {
+    if (defaults.contains(PreferenceKeys::metadataTextColor)) {
         ui->colorWellText->setColor(storedColor(defaults, PreferenceKeys::metadataTextColor, Qt::white));
     }
     ui->colorWellGridText->setColor(storedColor(defaults, PreferenceKeys::gridTextColor, Qt::black));
@@ -75,8 +75,8 @@ bool RBMetadataPrefViewCtl::commitControls()
     }
     defaults.setInteger(PreferenceKeys::metadataText, bits);
     defaults.setInteger(PreferenceKeys::gridTextPosition, TaggedItems::selectedTag(*ui->pBtnCornor));
-    defaults.setData(PreferenceKeys::gridTextColor, ColorArchive::archive(ui->colorWellGridText->color()));
-    defaults.setData(PreferenceKeys::metadataTextColor, ColorArchive::archive(ui->colorWellText->color()));
+    defaults.setText(PreferenceKeys::gridTextColor, ColorArchive::archive(ui->colorWellGridText->color()));
+    defaults.setText(PreferenceKeys::metadataTextColor, ColorArchive::archive(ui->colorWellText->color()));
     defaults.synchronize();
     return true;
 }

@@ -171,7 +171,8 @@ TEST_F(CommandLineTest, ATerminalGetsABarThatFitsAndGoesAway)
 TEST_F(CommandLineTest, AWindowTellsTheServiceOfItsStartAnExportDoesNot)
 {
     const HttpServer server(HttpServer::silent); // which keeps neither the launch nor the end waiting
-    folder.write("config/Tessarine/Tessarine.ini", "[General]\nguid=ID\nOutputFolderKey=" + folder.bytes("out") + '\n');
+    folder.write("config/Tessarine/settings.json",
+                 "{\"guid\":\"ID\",\"OutputFolderKey\":\"" + folder.bytes("out") + "\"}");
     environment.insert(u"TESSARINE_SERVICE_URL"_s, server.url());
     environment.insert(u"HOME"_s, folder.path());
     environment.remove(u"DBUS_SESSION_BUS_ADDRESS"_s);

@@ -30,7 +30,7 @@ struct ExportCommandTest : testing::Test {
     {
         const CapturedStream out;
         const CapturedStream err;
-        UserDefaults defaults(folder.path("store.ini"));
+        UserDefaults defaults(folder.path("settings.json"));
         DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), folder.path("home"));
         FrameGrabber grabber(QStringLiteral(TESSARINE_FFMPEG), folder.path());
         QStringList words = QString::fromLatin1("tessarine --export -q " + optionText).split(u' ', Qt::SkipEmptyParts);
@@ -127,7 +127,7 @@ TEST_F(ExportCommandTest, StoredSettingsHoldAndOptionsLieOverThem)
 {
     output.clear();
     {
-        UserDefaults stored(folder.path("store.ini"));
+        UserDefaults stored(folder.path("settings.json"));
         stored.setInteger(PreferenceKeys::rowNumber, 1);
         stored.setInteger(PreferenceKeys::columeNumber, 4);
         stored.setInteger(PreferenceKeys::metadataText, 0);
@@ -138,7 +138,7 @@ TEST_F(ExportCommandTest, StoredSettingsHoldAndOptionsLieOverThem)
     EXPECT_EQ(run("--columns 1 --tile-width 100", {movie("short.mp4"), movie("short.mp4")}), 0);
     EXPECT_EQ(results, (QByteArrayList{folder.bytes("short.jpg"), folder.bytes("short(1).jpg")}));
     EXPECT_EQ(QImage(folder.path("short.jpg")).size(), QSize(140, 115));
-    EXPECT_EQ(UserDefaults(folder.path("store.ini")).int32Value(PreferenceKeys::columeNumber), 4);
+    EXPECT_EQ(UserDefaults(folder.path("settings.json")).int32Value(PreferenceKeys::columeNumber), 4);
 }
 
 TEST_F(ExportCommandTest, OddSettingsNeverCrash)

@@ -76,7 +76,7 @@ struct MainWindowTest : testing::Test {
     }
 
     const ScratchFolder folder;
-    UserDefaults defaults{folder.path("store.ini")};
+    UserDefaults defaults{folder.path("settings.json")};
     const bool isSeeded = [this] {
         defaults.setText(PreferenceKeys::outputFolder, folder.makeFolder("out"));
         return DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), folder.path("home"));

@@ -73,7 +73,7 @@ struct EditorTest : testing::Test, protected CollageEditorHost, protected AlertP
     }
 
     const ScratchFolder folder;
-    UserDefaults defaults{folder.path("store.ini")};
+    UserDefaults defaults{folder.path("settings.json")};
     const std::vector<std::shared_ptr<KTMovieObject>> movies{movieOf(1920, 1080, 60.0), movieOf(640, 360, 7.0),
                                                              movieOf(640, 480, 0.0)};
     QStringList alerts;
@@ -239,7 +239,7 @@ TEST_F(EditorTest, DoneReachesAllMoviesAndTheDefaultsOnlyIfAsked)
         EXPECT_EQ(movie->settings().gridHeight, movie->pixHeight * 300 / movie->pixWidth);
         EXPECT_EQ(movie->imgPreview().cacheKey(), movies.front()->imgPreview().cacheKey());
     }
-    const UserDefaults onDisk(folder.path("store.ini"));
+    const UserDefaults onDisk(folder.path("settings.json"));
     const CollageSettings next = DefaultParameters::settingsOfNewMovie(onDisk, *movies.front());
     EXPECT_EQ(next.rowSpace, 11.0) << "gaps arrive crossed";
     EXPECT_EQ(next.columeSpace, 4.0);

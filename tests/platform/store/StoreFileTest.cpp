@@ -1,12 +1,12 @@
-// The settings file: its syntax, and what becomes of a file that is broken, out of reach or shared.
-#include "platform/store/IniText.h"
+// The settings file: what it holds, and what becomes of one that is broken, out of reach or shared.
 #include "platform/store/UserDefaults.h"
 #include "support/ScratchFolder.h"
 #include "support/SmallDisk.h"
 #include "support/WithoutPrivileges.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
-#include <QSettings>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -16,97 +16,76 @@
 
 using namespace Qt::StringLiterals;
 
-/// Random text, rich in what the syntax treats specially.
+/// Random text, rich in what the syntax treats specially, surrogates without their other half among it.
 static QString anyText(std::mt19937 &random)
 {
-    static constexpr QStringView special = u"@\\\"\",;=[]#% \t\n\r/()xabfA019\0\x1B\u00A0\u0085\uFEFF\uFFFF\u2028";
+    static constexpr QStringView special = u"\\\"\",:{}[]% \t\n\r/u0\0\x1B\u00A0\u0085\uFEFF\uFFFF\u2028";
     QString out;
     for (auto length = random() % 12; length > 0; --length) {
-        out += random() % 4 ? special[qsizetype(random()) % special.size()] : QChar(char16_t(random()));
+        out += random() % 4 ? special[qsizetype(random()) % special.size()] : QChar(char16_t(random() | 0xD000U));
     }
-    return random() % 8 ? out : u"@ByteArray("_s + out + u')';
+    return out;
 }
 
-static QVariant anyValue(std::mt19937 &random)
+static QJsonObject jsonIn(const QByteArray &contents)
 {
-    const QString text = anyText(random);
-    const QByteArray bytes(reinterpret_cast<const char *>(text.utf16()), 2 * text.size());
-    const QVariantList list{bytes, anyText(random), QString()};
-    return QVariantList{text, bytes, list.first(qsizetype(random() % 4))}.at(qsizetype(random() % 3));
-}
-
-TEST(IniText, ReadsWhatItWroteAndSurvivesTheRest)
-{
-    std::mt19937 random{20240229};
-    for (int round = 0; round < 3000; ++round) {
-        const QVariantMap values{{u'k' + anyText(random), anyValue(random)}, {u"l"_s, anyValue(random)}};
-        const auto content = IniText::parse(IniText::write(values));
-        ASSERT_TRUE(content.complete && content.values == values) << IniText::write(values).constData();
-        const QByteArray hostile = "a=" + anyText(random).toUtf8() + "\n[" + anyValue(random).toByteArray();
-        const auto rest = IniText::parse(hostile).values;
-        ASSERT_EQ(IniText::parse(IniText::write(rest)).values, rest) << hostile.toHex().constData();
-    }
-}
-
-TEST(IniText, IsTheSyntaxOfQSettings)
-{
-    const QVariantMap values{{u"group/ключ%"_s, u"@home/Füße 🎬"_s},
-                             {u"control, \"quoted\""_s, u"\1f\nline; \"30\" = \\x1f\r\t\x7F"_s},
-                             {u"bytes"_s, QByteArray("\0\x01\xFF\"),;\x80z", 9)},
-                             {u"list"_s, QVariantList{u"a,b"_s, QByteArray("\xFF"), QString()}}};
-    const ScratchFolder folder;
-    QSettings theirs(folder.path("theirs.ini"), QSettings::IniFormat);
-    for (auto value = values.cbegin(); value != values.cend(); ++value) {
-        theirs.setValue(value.key(), *value);
-    }
-    theirs.sync();
-    EXPECT_EQ(IniText::parse(folder.read("theirs.ini")).values, values);
+    return QJsonDocument::fromJson(contents).object();
 }
 
 TEST(StoreFile, IsKeptAsideWhenNotUnderstood)
 {
     const std::vector<std::pair<QByteArray, bool>> cases{
-        {"; comment\r\n[General]\r\nguid=x\r\n\r\n", true},
-        {"\xEF\xBB\xBFguid=x\nOutputFolderKey=/mnt/\xFF", true}, // a path may be anything
-        {"guid=x\n" + QByteArray(512, '\0'), false},             // what a power failure leaves
-        {"guid=x\nOutputFolderKey", false},
-        {"guid=x\n=1", false},
-        {"guid=x\nOutputFolderKey=\"/home/ad", false},
-        {"guid=x\nOutputFolderKey=C:\\", false},
-        {"guid=x\nkey=1\nkey=2", false},
-        {"guid=x\nlist=@ByteArray(映)", false},
-        {"guid=x\n[Sect", false},
+        {"\xEF\xBB\xBF{\"guid\":\"x\"}\r\n", true},
+        {R"({"null":null,"a:\"b":{"c":[1,{"d":":"}]},"half":0.5,"path":"/mnt/\udcff"})", true},
+        {"\n", true},
+        {"{\"guid\":\"x\"}" + QByteArray(512, '\0'), false}, // what a power failure leaves
+        {"{\"guid\":\"x\",", false},
+        {"{\"guid\":\"x\" \"k\":1}", false},
+        {R"({"guid":"x","k":1,"k":2})", false},
+        {R"({"guid":"x","k":{"l":1,"l":2}})", false},
+        {R"({"guid":"x","k":1e999})", false},
+        {"{\"guid\":\"\xFF\"}", false},
+        {"[\"guid\"]", false},
+        {"[General]\nguid=x\n", false},
         // nested so deep that whoever builds it runs out of stack
-        {"guid=x\nlist=@Variant(" + QByteArray("\\0\\0\\0\\x9\\0\\0\\0\\x1").repeated(100000) + ")", false},
+        {"{\"guid\":" + QByteArray(100'000, '[') + QByteArray(100'000, ']') + '}', false},
     };
     for (const auto &[contents, understood] : cases) {
         SCOPED_TRACE(contents.left(40).constData());
         const ScratchFolder folder;
-        folder.write("s.ini", contents);
-        UserDefaults defaults(folder.path("s.ini"));
-        EXPECT_EQ(defaults.textValue(u"guid"), u"x");
-        EXPECT_EQ(folder.read("s.ini"), contents);
-        EXPECT_EQ(folder.names().contains(u"s.ini.broken"), !understood);
+        folder.write("s.json", contents);
+        UserDefaults defaults(folder.path("s.json"));
+        EXPECT_EQ(folder.read("s.json"), contents);
+        EXPECT_EQ(folder.names().contains(u"s.json.broken"), !understood);
         defaults.setBool(u"more", true);
         EXPECT_TRUE(defaults.synchronize());
         EXPECT_EQ(folder.names().size(), understood ? 1 : 2); // one copy is enough
-        EXPECT_TRUE(understood || folder.read("s.ini.broken") == contents);
-        EXPECT_EQ(defaults.textValue(u"guid"), u"x");
+        EXPECT_TRUE(understood || folder.read("s.json.broken") == contents);
+        QJsonObject expected = jsonIn(contents);
+        expected[u"more"_s] = true;
+        EXPECT_EQ(jsonIn(folder.read("s.json")), expected);
+        for (const QString &name : folder.names()) {
+            EXPECT_EQ(std::filesystem::status(folder.bytes(name.toLatin1()).toStdString()).permissions(),
+                      std::filesystem::perms(0600));
+        }
     }
 }
 
 TEST(StoreFile, IsKeptAsideWhenItBreaksWhileInUse)
 {
     const ScratchFolder folder;
-    folder.write("s.ini", "first break");
-    UserDefaults defaults(folder.path("s.ini"));
-    folder.write("s.ini", "second, longer break");
+    folder.write("s.json", "first break");
+    UserDefaults defaults(folder.path("s.json"));
+    folder.write("s.json", "{\n\"second\":\nbreak}");
     testing::internal::CaptureStderr();
     defaults.setBool(u"k", true);
     EXPECT_TRUE(defaults.synchronize());
-    EXPECT_NE(testing::internal::GetCapturedStderr().find("s.ini.broken(1)"), std::string::npos);
-    EXPECT_EQ(folder.read("s.ini.broken"), "first break");
-    EXPECT_EQ(folder.read("s.ini.broken(1)"), "second, longer break");
+    const std::string log = testing::internal::GetCapturedStderr();
+    EXPECT_NE(log.find(" in line 3; its contents are kept in " + folder.bytes("s.json.broken(1)").toStdString()),
+              std::string::npos)
+        << log;
+    EXPECT_EQ(folder.read("s.json.broken"), "first break");
+    EXPECT_EQ(folder.read("s.json.broken(1)"), "{\n\"second\":\nbreak}");
 }
 
 TEST(StoreFile, StaysWhenBrokenAndNoCopyFits)
@@ -116,40 +95,40 @@ TEST(StoreFile, StaysWhenBrokenAndNoCopyFits)
     if (!disk.isMounted()) {
         GTEST_SKIP() << "mounting a tmpfs is refused here";
     }
-    const QByteArray broken = "guid=x\nbroken" + QByteArray(40000, '.');
-    folder.write("s.ini", broken);
-    UserDefaults defaults(folder.path("s.ini"));
+    const QByteArray broken = "{\"guid\":\"x\",broken" + QByteArray(40000, '.');
+    folder.write("s.json", broken);
+    UserDefaults defaults(folder.path("s.json"));
     defaults.setBool(u"k", true); // would fit
     EXPECT_FALSE(defaults.synchronize());
-    EXPECT_EQ(folder.read("s.ini"), broken);
-    EXPECT_EQ(folder.names(), QStringList{u"s.ini"_s});
+    EXPECT_EQ(folder.read("s.json"), broken);
+    EXPECT_EQ(folder.names(), QStringList{u"s.json"_s});
 }
 
 TEST(StoreFile, MayBeReadOnly)
 {
     const ScratchFolder folder;
-    folder.write("s.ini", "guid=x\n");
+    folder.write("s.json", R"({"guid":"x"})");
     folder.setMode(0555);
-    UserDefaults defaults(folder.path("s.ini"));
+    UserDefaults defaults(folder.path("s.json"));
     {
         const WithoutPrivileges user;
         defaults.setText(u"k", u"new"_s);
         EXPECT_FALSE(defaults.synchronize());
     }
     EXPECT_EQ(defaults.textValue(u"k"), u"new");
-    EXPECT_EQ(folder.read("s.ini"), "guid=x\n");
+    EXPECT_EQ(folder.read("s.json"), R"({"guid":"x"})");
     EXPECT_TRUE(defaults.synchronize()); // what could not be written is not forgotten
-    EXPECT_EQ(folder.read("s.ini"), "[General]\nguid=x\nk=new\n");
+    EXPECT_EQ(folder.read("s.json"), "{\n    \"guid\": \"x\",\n    \"k\": \"new\"\n}\n");
 }
 
 TEST(StoreFile, IsNotReplacedWhenItCannotBeRead)
 {
     const ScratchFolder folder;
-    folder.write("secret.ini", "guid=x\n");
+    folder.write("secret.json", R"({"guid":"x"})");
     folder.setMode(0777); // not the folder is in the way
-    folder.setMode(0, "secret.ini");
-    ASSERT_EQ(::mkfifo(folder.bytes("fifo.ini").constData(), 0666), 0);
-    folder.makeFolder("folder.ini/x");
+    folder.setMode(0, "secret.json");
+    ASSERT_EQ(::mkfifo(folder.bytes("fifo.json").constData(), 0666), 0);
+    folder.makeFolder("folder.json/x");
     const WithoutPrivileges user;
     for (const QString &name : folder.names()) {
         UserDefaults defaults(folder.path(name.toLatin1()));
@@ -162,9 +141,16 @@ TEST(StoreFile, IsNotReplacedWhenItCannotBeRead)
 
 TEST(StoreFile, IsSharedWithOtherProcesses)
 {
+    std::mt19937 random{20240229};
+    QVariantList all{true, false, 9223372036854775807LL, -9007199254740993LL, 12.5, QVariantList{QByteArray()}};
+    all << u"base64:AA=="_s << u"base64:!"_s << u"text:base64:"_s << PathText::fromBytes("/mnt/\xFF\xF0\x9F\x8E\xAC");
+    for (int i = 0; i < 200; ++i) {
+        all << anyText(random) << QByteArray::number(i).append(char(i)).append('\0');
+    }
     const ScratchFolder folder;
-    const QString path = folder.path("s.ini");
+    const QString path = folder.path("s.json");
     UserDefaults defaults(path);
+    defaults.setArray(u"all", all);
     defaults.setInteger(u"one7", -1); // theirs is the later value
     EXPECT_TRUE(defaults.synchronize());
     QProcess one;
@@ -178,5 +164,10 @@ TEST(StoreFile, IsSharedWithOtherProcesses)
     for (int i = 1; i < 100; ++i) {
         EXPECT_TRUE(defaults.int32Value(u"one%1"_s.arg(i)) == i && defaults.int32Value(u"two%1"_s.arg(i)) == i) << i;
     }
-    EXPECT_EQ(folder.names(), QStringList{u"s.ini"_s});
+    const QVariantList copied = defaults.arrayValue(u"twoall").value_or(QVariantList());
+    ASSERT_EQ(copied.size(), all.size());
+    for (qsizetype i = 0; i < all.size(); ++i) {
+        EXPECT_TRUE(copied.at(i) == all.at(i) && copied.at(i).typeId() == all.at(i).typeId()) << i;
+    }
+    EXPECT_EQ(folder.names(), QStringList{u"s.json"_s});
 }

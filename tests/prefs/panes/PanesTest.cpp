@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
+
 struct PanesTest : testing::Test {
     template<typename Control>
     static Control &control(PreferencePane &pane, const char *name)
@@ -22,7 +24,7 @@ struct PanesTest : testing::Test {
     std::int64_t stored(QLatin1StringView key) const { return UserDefaults(storePath).int64Value(key); }
 
     const ScratchFolder scratch;
-    const QString storePath = scratch.path("store.ini");
+    const QString storePath = scratch.path("settings.json");
     UserDefaults defaults{storePath};
 };
 
@@ -96,8 +98,8 @@ TEST_F(PanesTest, AllAndNoneLeaveTheTimeStampsAlone)
 
 TEST_F(PanesTest, ColoursThatCannotBeReadShowWhiteAndBlackAndAreReplaced)
 {
-    defaults.setData(PreferenceKeys::metadataTextColor, "nonsense");
-    defaults.setData(PreferenceKeys::gridTextColor, "nonsense");
+    defaults.setText(PreferenceKeys::metadataTextColor, u"nonsense"_s);
+    defaults.setText(PreferenceKeys::gridTextColor, u"nonsense"_s);
     RBMetadataPrefViewCtl pane(defaults);
     EXPECT_EQ(control<ColorWell>(pane, "colorWellGridText").color(), QColor(Qt::black));
     const QColor green(1, 255, 3, 77);

@@ -59,7 +59,7 @@ struct PreferencesWindowTest : testing::Test {
     }
 
     const ScratchFolder scratch;
-    UserDefaults defaults{scratch.path("store.ini")};
+    UserDefaults defaults{scratch.path("settings.json")};
     Diary diary;
     MASPreferencesWindowController::Panes panes;
     std::unique_ptr<MASPreferencesWindowController> controller =

@@ -46,7 +46,7 @@ struct TrustedFoldersTest : testing::Test {
     }
 
     const ScratchFolder scratch;
-    const QString storePath = scratch.path("store.ini");
+    const QString storePath = scratch.path("settings.json");
     const QString a = scratch.makeFolder("a");
     const QString b = scratch.makeFolder("b \xFF%"); // no text, and in need of escaping
     UserDefaults defaults{storePath};
