@@ -6,62 +6,69 @@
 #include <optional>
 #include <span>
 
-/// Every key of the user defaults store, once. The spelling is the key, odd ones included: stores in use hold them.
+/// Every setting of the user defaults store, once: its key, what it holds, and what it is while the user has not
+/// written it. The spelling is the key, odd ones included: stores in use hold them.
 namespace PreferenceKeys {
 
+/// What a key holds.
+enum class Kind { Boolean, Integer, Text, Color, Array };
+
+/// A setting. It stands for its key wherever a key is asked for.
+struct Setting : QLatin1StringView {
+    Kind kind;
+    QLatin1StringView initial; ///< the registered default as text, "~" for the user's home; empty when there is none
+
+    constexpr Setting(const char *key, Kind what, const char *registered = "") :
+        QLatin1StringView(key), kind(what), initial(registered)
+    {
+    }
+};
+
 // The collage of a newly loaded movie.
-inline constexpr QLatin1StringView rowNumber{"DefaultRowNumber"};
-inline constexpr QLatin1StringView columeNumber{"DefaultColumeNumber"};
-inline constexpr QLatin1StringView tileWidth{"DefaultTileWidth"};
-inline constexpr QLatin1StringView backgroundColor{"DefultBkgColor"};
-inline constexpr QLatin1StringView tileBorderColor{"DefaultTileBorderColor"};
-inline constexpr QLatin1StringView tileBorderWidth{"DefaultTileBorderWidth"};
-inline constexpr QLatin1StringView horizontalGaps{"DefaultHGaps"};
-inline constexpr QLatin1StringView verticalGaps{"DefaultVGaps"};
-inline constexpr QLatin1StringView drawShadow{"DefaultDrawShadow"};
-inline constexpr QLatin1StringView borderWidth{"DefaultBorderWidth"};
+inline constexpr Setting rowNumber{"DefaultRowNumber", Kind::Integer, "2"};
+inline constexpr Setting columeNumber{"DefaultColumeNumber", Kind::Integer, "3"};
+inline constexpr Setting tileWidth{"DefaultTileWidth", Kind::Integer, "300"};
+inline constexpr Setting backgroundColor{"DefultBkgColor", Kind::Color, "#ff000000"};
+inline constexpr Setting tileBorderColor{"DefaultTileBorderColor", Kind::Color, "#ffffff00"};
+inline constexpr Setting tileBorderWidth{"DefaultTileBorderWidth", Kind::Integer, "3"};
+inline constexpr Setting horizontalGaps{"DefaultHGaps", Kind::Integer, "4"};
+inline constexpr Setting verticalGaps{"DefaultVGaps", Kind::Integer, "4"};
+inline constexpr Setting drawShadow{"DefaultDrawShadow", Kind::Boolean, "false"};
+inline constexpr Setting borderWidth{"DefaultBorderWidth", Kind::Integer, "20"};
 
 // The export.
-inline constexpr QLatin1StringView outputFormat{"OutputFormatKey"};
-inline constexpr QLatin1StringView revealInFinder{"RevealFinderKey"};
-inline constexpr QLatin1StringView openAfterFinish{"OpenAfterFinishKey"};
-inline constexpr QLatin1StringView clearAfterFinish{"ClearAfterFinishKey"};
-inline constexpr QLatin1StringView outputFolder{"OutputFolderKey"};
-inline constexpr QLatin1StringView sameAsOrigin{"SameAsOriginKey"};
+inline constexpr Setting outputFormat{"OutputFormatKey", Kind::Integer, "0"};
+inline constexpr Setting revealInFinder{"RevealFinderKey", Kind::Boolean, "false"};
+inline constexpr Setting openAfterFinish{"OpenAfterFinishKey", Kind::Boolean, "false"};
+inline constexpr Setting clearAfterFinish{"ClearAfterFinishKey", Kind::Boolean, "false"};
+inline constexpr Setting outputFolder{"OutputFolderKey", Kind::Text, "~/Pictures/Tessarine"};
+inline constexpr Setting sameAsOrigin{"SameAsOriginKey", Kind::Boolean, "false"};
 
 // The texts on a collage.
-inline constexpr QLatin1StringView metadataText{"MetadataTextKey"};
-inline constexpr QLatin1StringView gridTextPosition{"GridTextPositionKey"};
-inline constexpr QLatin1StringView metadataTextColor{"MetadatTextcolorKey"};
-inline constexpr QLatin1StringView gridTextColor{"GridTextcolorKey"};
+inline constexpr Setting metadataText{"MetadataTextKey", Kind::Integer, "1021"};
+inline constexpr Setting gridTextPosition{"GridTextPositionKey", Kind::Integer, "0"};
+inline constexpr Setting metadataTextColor{"MetadatTextcolorKey", Kind::Color, "#ffffffff"};
+inline constexpr Setting gridTextColor{"GridTextcolorKey", Kind::Color, "#ff000000"};
 
 // Loading, folders, remote flags, identity.
-inline constexpr QLatin1StringView appSupportVob{"AppSupportVob"};
-inline constexpr QLatin1StringView bookmarks{"BookmarksKey"};
-inline constexpr QLatin1StringView supportVob{"SupportVOBKey"};
-inline constexpr QLatin1StringView experimental{"ExperimentalKey"};
-inline constexpr QLatin1StringView guid{"guid"};
+inline constexpr Setting appSupportVob{"AppSupportVob", Kind::Boolean};
+inline constexpr Setting bookmarks{"BookmarksKey", Kind::Array};
+inline constexpr Setting supportVob{"SupportVOBKey", Kind::Boolean};
+inline constexpr Setting experimental{"ExperimentalKey", Kind::Boolean};
+inline constexpr Setting guid{"guid", Kind::Text};
 
-// The preferences window.
+/// All of the above, in that order.
+std::span<const Setting> all();
+
+/// What the key holds; nothing for a text that is no key of all().
+std::optional<Kind> kindOf(QStringView key);
+
+// The places of windows, which are no settings.
 inline constexpr QLatin1StringView preferencesTopLeft{"MASPreferences Frame Top Left"};
 inline constexpr QLatin1StringView preferencesSelection{"MASPreferences Selected Identifier View"};
 inline constexpr QLatin1StringView mainWindowGeometry{"MainWindowGeometry"};
 inline constexpr QLatin1StringView movieTableColumns{"MovieTableColumns"};
 /// Where the size of the pane with this identifier is kept.
 QString preferencesFrame(QStringView paneIdentifier);
-
-/// What a key holds.
-enum class Kind { Boolean, Integer, Text, Color, Array };
-
-struct Entry {
-    QLatin1StringView key;
-    Kind kind;
-};
-
-/// All keys above but those of windows, which are no settings; in that order.
-std::span<const Entry> all();
-
-/// What the key holds; nothing for a text that is no key of all().
-std::optional<Kind> kindOf(QStringView key);
 
 } // namespace PreferenceKeys

@@ -1,0 +1,42 @@
+#include "prefs/DefaultsSeed.h"
+
+#include "Shared/PreferenceKeys.h"
+#include "platform/store/ColorArchive.h"
+#include "platform/store/PropertyList.h"
+#include "platform/store/UserDefaults.h"
+#include "support/ScratchFolder.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using PreferenceKeys::Kind;
+
+TEST(DefaultsSeed, RegistersWhatTheTableAndTheReadmeSay)
+{
+    const ScratchFolder folder;
+    UserDefaults defaults(folder.path("settings.json"));
+    EXPECT_FALSE(DefaultsSeed::registDefaults(defaults, {}, u"~"_s));
+    EXPECT_FALSE(defaults.contains(PreferenceKeys::outputFolder)); // all of them or none
+    ASSERT_TRUE(DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), u"~"_s));
+
+    QVariantMap seeds = PropertyList::parseDictionary(DefaultsSeed::resource()).value_or(QVariantMap());
+    QFile readme(QStringLiteral(TESSARINE_README));
+    ASSERT_TRUE(readme.open(QIODevice::ReadOnly));
+    const QString pages = QString::fromUtf8(readme.readAll());
+    for (const PreferenceKeys::Setting &setting : PreferenceKeys::all()) {
+        SCOPED_TRACE(setting.data());
+        const bool hasDefault = !setting.initial.isEmpty();
+        EXPECT_EQ(defaults.contains(setting), hasDefault);
+        EXPECT_EQ(defaults.textValue(setting), setting.initial);
+        EXPECT_EQ(setting.kind == Kind::Color, ColorArchive::unarchive(QString(setting.initial)).has_value());
+        const QRegularExpression row(u"\\n\\| `%1` \\| .* \\| `%2` \\|\\n"_s.arg(setting, setting.initial));
+        EXPECT_EQ(row.match(pages).hasMatch(), hasDefault);
+        const int type = seeds.take(setting).typeId();
+        EXPECT_TRUE(type == QMetaType::UnknownType || (type == QMetaType::Bool) == (setting.kind == Kind::Boolean));
+        EXPECT_TRUE(type == QMetaType::UnknownType || (type == QMetaType::LongLong) == (setting.kind == Kind::Integer));
+    }
+    EXPECT_TRUE(seeds.isEmpty());
+}
