@@ -1,9 +1,10 @@
-# Every target of ours links tessarine_flags; nothing else sets compiler flags.
+# Every target of ours links tessarine_flags; nothing else sets compiler flags. Warnings are errors in the presets alone:
+# who builds this with another compiler or newer libraries meets warnings that nobody here has seen.
 add_library(tessarine_flags INTERFACE)
 target_compile_features(tessarine_flags INTERFACE cxx_std_20)
 target_compile_options(tessarine_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
-  -Woverloaded-virtual -Wimplicit-fallthrough -Wextra-semi -Werror)
+  -Woverloaded-virtual -Wimplicit-fallthrough -Wextra-semi)
 target_compile_definitions(tessarine_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS QT_NO_FOREACH
   QT_USE_QSTRINGBUILDER QT_DISABLE_DEPRECATED_BEFORE=0x060400)

@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QStandardPaths>
+#include <QTimeZone>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -109,7 +110,7 @@ std::optional<QDateTime> FileHelper::creationDate(const QString &path)
         (status.stx_mask & STATX_BTIME) == 0) {
         return std::nullopt;
     }
-    return QDateTime::fromSecsSinceEpoch(status.stx_btime.tv_sec, Qt::UTC)
+    return QDateTime::fromSecsSinceEpoch(status.stx_btime.tv_sec, QTimeZone::utc())
         .addMSecs(status.stx_btime.tv_nsec / 1'000'000);
 }
 

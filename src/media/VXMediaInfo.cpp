@@ -1,5 +1,6 @@
 #include "media/VXMediaInfo.h"
 
+#include "media/FFmpegGenerations.h"
 #include "media/FFmpegHandles.h"
 #include "media/RegularFile.h"
 #include "platform/files/PathText.h"
@@ -170,13 +171,12 @@ VXMediaType kindOf(const AVFormatContext &context, const AVStream *video)
 /// Whether the tool turns the picture by a quarter before it writes it.
 bool isTurnedByQuarter(const AVStream &stream)
 {
-    std::size_t size = 0;
-    const auto *bytes = av_stream_get_side_data(&stream, AV_PKT_DATA_DISPLAYMATRIX, &size);
+    const auto bytes = FFmpegGenerations::sideData(stream, AV_PKT_DATA_DISPLAYMATRIX);
     std::array<std::int32_t, 9> matrix = {};
-    if (!bytes || size < sizeof matrix) {
+    if (bytes.size() < sizeof matrix) {
         return false;
     }
-    std::copy_n(bytes, sizeof matrix, reinterpret_cast<std::uint8_t *>(matrix.data()));
+    std::ranges::copy(bytes.first(sizeof matrix), reinterpret_cast<std::uint8_t *>(matrix.data()));
     const double degrees = std::abs(std::round(av_display_rotation_get(matrix.data()))); // 0 to 180, or not a number
     return std::abs(degrees - 90.0) < 1.0;
 }

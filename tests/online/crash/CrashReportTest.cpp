@@ -5,6 +5,7 @@
 #include "support/ScratchFolder.h"
 
 #include <QProcess>
+#include <QTimeZone>
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -103,7 +104,7 @@ TEST(CrashReportObject, WritesWhatItReadsInAFixedOrder)
 {
     const ScratchFolder folder;
     const auto record =
-        CrashReportObject::initWithCrashDate(QDateTime::fromMSecsSinceEpoch(1709209845007, Qt::UTC),
+        CrashReportObject::initWithCrashDate(QDateTime::fromMSecsSinceEpoch(1709209845007, QTimeZone::utc()),
                                              {u"a \"frame\" \\ 帧"_s, u"\n\t\x1f"_s}, Bundle::main(), u"\"\\\x01"_s);
     for (const CrashReportObject &written : {CrashReportObject(), record}) {
         ASSERT_TRUE(written.writeToFile(folder.path("documents/crash.info")));

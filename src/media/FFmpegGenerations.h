@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+}
+
+/// What FFmpeg's generations do differently, said once: 5.1 (Debian 12) to 7.1 (Debian 13). For the .cpp files of this
+/// layer only.
+namespace FFmpegGenerations {
+
+/// What a stream says about itself beside its codec's parameters; empty when it does not. Lives as long as the stream.
+inline std::span<const std::uint8_t> sideData(const AVStream &stream, AVPacketSideDataType type)
+{
+#if LIBAVCODEC_VERSION_INT >= AV_VERSION_INT(60, 31, 102) // FFmpeg 6.1
+    const AVCodecParameters &codec = *stream.codecpar;
+    const AVPacketSideData *found = av_packet_side_data_get(codec.coded_side_data, codec.nb_coded_side_data, type);
+    return found ? std::span<const std::uint8_t>(found->data, found->size) : std::span<const std::uint8_t>();
+#else
+    std::size_t size = 0;
+    const std::uint8_t *bytes = av_stream_get_side_data(&stream, type, &size);
+    return {bytes, bytes ? size : 0};
+#endif
+}
+
+} // namespace FFmpegGenerations
