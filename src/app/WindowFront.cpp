@@ -111,16 +111,18 @@ int runWindowFront(const QStringList &given, int argc, char **argv)
     AppDelegate *delegate = nullptr; // while the program runs
     DesktopService desktop(QDBusConnection::sessionBus(), identifier,
                            {[&delegate](const QStringList &files, const ActivationToken &click) {
+                                // First: Wayland brings nothing forward that it has not shown yet, like the sheet.
+                                delegate->mainWindow().bringForward(click);
                                 for (const QString &file : files) {
                                     delegate->openFile(file);
                                 }
-                                delegate->mainWindow().bringForward(click);
                             },
                             [&delegate](const ActivationToken &click) { delegate->mainWindow().bringForward(click); }});
     if (desktop.start(paths, token) == DesktopService::Outcome::HandedOver) {
         return 0;
     }
-    if (!token.token.isEmpty()) { // on Wayland a window gets the keyboard only so; on X11 the toolkit has seen to it
+    // On Wayland a window gets the keyboard only so; on X11 the toolkit has seen to it.
+    if (QGuiApplication::platformName() != u"xcb" && !token.platformData().isEmpty()) {
         desktop.Activate(token.platformData());
     }
     // Before the folder, which a signal would leave behind otherwise; what it asks for waits for the event loop.

@@ -68,5 +68,5 @@ std::optional<std::uint32_t> ActivationToken::time() const
 
 void ActivationToken::exportForWayland() const
 {
-    qputenv(tokenVariable, token);
+    qputenv(tokenVariable, token.isEmpty() ? startupId : token); // Debian 12's GLib calls both of them the start-up id
 }

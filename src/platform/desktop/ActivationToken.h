@@ -11,7 +11,7 @@
 /// starts, which may hand it on.
 struct ActivationToken {
     QByteArray token;     ///< Wayland's
-    QByteArray startupId; ///< X11's
+    QByteArray startupId; ///< X11's; also Wayland's, from launchers that know one name only
 
     /// That of whoever started this program, out of the environment: children of this program have nothing to do with
     /// it. Only to be called while there is but one thread, and before the application object, whose part for X11 takes

@@ -109,6 +109,8 @@ TEST(DesktopServiceTest, CallsAreThoseThatEveryDesktopProgramUnderstands)
     const auto platformData = qdbus_cast<QVariantMap>(open.arguments().at(1));
     EXPECT_EQ(platformData.value(u"activation-token"_s).toString(), u"token-7");
     EXPECT_EQ(platformData.value(u"desktop-startup-id"_s).toString(), u"host/7_TIME42");
+    ActivationToken::fromPlatformData({{u"desktop-startup-id"_s, u"8"_s}}).exportForWayland();
+    EXPECT_EQ(qgetenv("XDG_ACTIVATION_TOKEN"), "8") << "from a launcher that has one name for both";
 }
 
 TEST(DesktopServiceTest, OnlyFilesOfThisMachineAreOpened)
