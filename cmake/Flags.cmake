@@ -8,7 +8,7 @@ target_compile_options(tessarine_flags INTERFACE
 target_compile_definitions(tessarine_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_KEYWORDS QT_NO_FOREACH
   QT_USE_QSTRINGBUILDER QT_DISABLE_DEPRECATED_BEFORE=0x060400)
-# Crash reports name files and lines; packagers may strip them.
+# For addr2line, which turns the offsets of crash reports into files and lines; packagers may strip them.
 target_compile_options(tessarine_flags INTERFACE $<$<CONFIG:Release>:-g1>)
 
 set(TESSARINE_SANITIZE "" CACHE STRING "Sanitizers, for example address,undefined or thread")

@@ -3,6 +3,7 @@
 #include "Shared/FileHelper.h"
 #include "Shared/FrameGrabber.h"
 #include "Shared/HostIdentity.h"
+#include "online/crash/CrashReportObject.h"
 #include "online/crash/CrashReportUtil.h"
 #include "platform/Log.h"
 #include "platform/files/PathText.h"

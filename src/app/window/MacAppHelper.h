@@ -1,6 +1,7 @@
 #pragma once
 
 #include "online/crash/CrashReportSender.h"
+#include "online/crash/CrashReportSenderDelegate.h"
 
 #include <memory>
 #include <optional>

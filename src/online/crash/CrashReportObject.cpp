@@ -1,12 +1,13 @@
 #include "online/crash/CrashReportObject.h"
 
 #include "Shared/HostIdentity.h"
-#include "online/crash/CrashReportFile.h"
 #include "platform/Log.h"
 #include "platform/files/FileDescriptor.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 #include "platform/store/Bundle.h"
 
+#include <QByteArrayList>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -15,14 +16,24 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <string>
+#include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QLatin1StringView dateName("date");
-constexpr QLatin1StringView stackName("stackArray");
+/// The texts by the names that they have in the file form, in their order; the date and the stack follow.
+constexpr std::array texts{
+    std::pair{"osName"_L1, &CrashReportObject::osName},
+    std::pair{"deviceModel"_L1, &CrashReportObject::deviceModel},
+    std::pair{"deviceUniqueIdentifier"_L1, &CrashReportObject::deviceUniqueIdentifier},
+    std::pair{"osVersion"_L1, &CrashReportObject::osVersion},
+    std::pair{"version"_L1, &CrashReportObject::version},
+    std::pair{"identifier"_L1, &CrashReportObject::identifier},
+};
+constexpr auto dateName = "date"_L1;
+constexpr auto stackName = "stackArray"_L1;
 
 /// The file's contents; empty when it is no regular file or longer than any record.
 QByteArray contentsOf(const QString &path)
@@ -72,8 +83,8 @@ std::optional<CrashReportObject> CrashReportObject::initWithContentsOfFile(const
     }
     const QJsonObject members = document.object();
     CrashReportObject record;
-    for (const auto &[name, field] : crashReportTexts) {
-        record.*field = members.value(QLatin1StringView(name)).toString();
+    for (const auto &[name, field] : texts) {
+        record.*field = members.value(name).toString();
     }
     record.date = QDateTime::fromString(members.value(dateName).toString(), Qt::ISODateWithMs);
     for (const QJsonValue frame : members.value(stackName).toArray()) {
@@ -82,19 +93,32 @@ std::optional<CrashReportObject> CrashReportObject::initWithContentsOfFile(const
     return record;
 }
 
+QByteArray CrashReportObject::fileForm() const
+{
+    QByteArrayList members; // QJsonObject has an order of its own
+    const auto add = [&members](QLatin1StringView name, const QJsonValue &value) {
+        const QByteArray object = QJsonDocument(QJsonObject{{name, value}}).toJson(QJsonDocument::Compact);
+        members << object.sliced(1, object.size() - 2);
+    };
+    for (const auto &[name, field] : texts) {
+        if (const QString &text = this->*field; !text.isNull()) {
+            add(name, text);
+        }
+    }
+    if (date.isValid()) {
+        add(dateName, date.toUTC().toString(Qt::ISODateWithMs));
+    }
+    if (!stackArray.isEmpty()) {
+        add(stackName, QJsonArray::fromStringList(stackArray));
+    }
+    return "{\n" + members.join(",\n") + "\n}\n";
+}
+
 bool CrashReportObject::writeToFile(const QString &path) const
 {
-    struct Utf8Text {
-        std::string bytes;
-        std::string_view view() const { return bytes; }
-    };
-    std::optional<CrashReportFile::Time> time;
-    if (date.isValid()) {
-        time = CrashReportFile::Time(std::chrono::milliseconds(date.toMSecsSinceEpoch()));
-    }
-    return CrashReportFile(path, *this)
-        .write(time, static_cast<std::size_t>(stackArray.size()),
-               [this](std::size_t index) { return Utf8Text{stackArray[static_cast<qsizetype>(index)].toStdString()}; });
+    const QByteArray bytes = PathText::toBytes(path);
+    const QByteArray temporary = bytes + ".new";
+    return FileSystem::replaceFile(bytes.constData(), temporary.constData(), fileForm().toStdString());
 }
 
 QString CrashReportObject::description() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -10,6 +11,7 @@ class Bundle;
 
 /// What is kept of a crash: of which program on which system, when, and where in the program. A value that knows its
 /// file form, a JSON object; text that is null, a date that is invalid and a stack that is empty are absent from it.
+/// Nobody here constructs one with a stack or writes one: CrashRecorder does that in a dying process's way.
 struct CrashReportObject {
     CrashReportObject() = default;
     /// The record of this program on this system with a null date and no stack yet; writes the GUID to the log. `guid`
@@ -22,6 +24,8 @@ struct CrashReportObject {
     /// believed to be sane, and a long one is not read at all.
     static std::optional<CrashReportObject> initWithContentsOfFile(const QString &path);
 
+    /// Ends by the object's closing brace on a line of its own.
+    QByteArray fileForm() const;
     /// Writes the file form in place of what is at the path, where there is the old file or the new one at any time;
     /// false when that failed.
     bool writeToFile(const QString &path) const;

@@ -1,6 +1,7 @@
 #include "online/crash/CrashReportSender.h"
 
 #include "Shared/FileStatus.h"
+#include "online/crash/CrashReportSenderDelegate.h"
 #include "platform/Log.h"
 #include "platform/files/PathText.h"
 
@@ -43,8 +44,5 @@ void CrashReportSender::noticeHandleCrashReportSuccess() const
 
 void CrashReportSender::sendCrashReportToURL(const QUrl &url, CrashReportSenderDelegate *delegate)
 {
-    if (!upload) {
-        upload.emplace(reportPath, notifications);
-    }
-    upload->sendCrashReportToURL(url, delegate);
+    upload.sendCrashReportToURL(url, delegate);
 }

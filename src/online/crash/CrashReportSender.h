@@ -1,30 +1,14 @@
 #pragma once
 
-#include "online/crash/CrashReportObject.h"
 #include "online/crash/CrashReportSingal.h"
 #include "online/crash/CrashReportUpload.h"
 #include "platform/threads/NotificationCenter.h"
 
 #include <QString>
 
-#include <optional>
-
+class CrashReportSenderDelegate;
 class QUrl;
-
-/// Hears of crash reports and turns them into text. Main thread.
-class CrashReportSenderDelegate {
-public:
-    virtual ~CrashReportSenderDelegate() = default;
-
-    /// Takes the report that an earlier run has left; nothing when it cannot be read. Whoever is done with it calls
-    /// CrashReportSender::noticeHandleCrashReportSuccess().
-    virtual void handleCrashReport(const std::optional<CrashReportObject> &report) = 0;
-    /// The text to upload for the report; nothing, as by default, from a delegate that makes none.
-    virtual std::optional<QString> createReportContentByReportInfo(const std::optional<CrashReportObject> & /*report*/)
-    {
-        return std::nullopt;
-    }
-};
+struct CrashReportObject;
 
 /// Records crashes of this process while it lives, and deals with the report that an earlier one has left. Owned by the
 /// program's main, one at a time; main thread.
@@ -46,6 +30,6 @@ public:
 private:
     QString reportPath;
     CrashReportSingal crashSignalHanler;
-    NotificationCenter notifications;        ///< for the upload alone
-    std::optional<CrashReportUpload> upload; ///< from the first call on
+    NotificationCenter notifications; ///< for the upload alone
+    CrashReportUpload upload{reportPath, notifications};
 };

@@ -1,11 +1,11 @@
 #include "online/crash/CrashReportSingal.h"
 
 #include "online/crash/CrashRecorder.h"
-#include "online/crash/FixedText.h"
-#include "online/crash/SignalSafeWriter.h"
+#include "platform/files/FileSystem.h"
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -25,9 +25,6 @@ constexpr std::array fatalSignals{SIGQUIT, SIGILL, SIGTRAP, SIGABRT,
 #endif
                                   SIGFPE,  SIGBUS, SIGSEGV, SIGSYS,  SIGPIPE, SIGALRM, SIGXCPU, SIGXFSZ};
 
-/// Those that a crash while a report is written comes with, and the alarm.
-constexpr std::array signalsWhileRecording{SIGILL, SIGTRAP, SIGABRT, SIGFPE, SIGBUS, SIGSEGV, SIGSYS, SIGALRM};
-
 constexpr bool isInstrumented =
 #ifdef TESSARINE_SANITIZED
     true;
@@ -39,42 +36,16 @@ constexpr bool isInstrumented =
 /// are installed.
 struct ProcessState {
     CrashRecorder *recorder = nullptr;
-    unsigned patience = 0; ///< seconds
     std::terminate_handler terminateBefore = nullptr;
-    std::array<struct sigaction, fatalSignals.size()> actionsBefore{};
     std::atomic<pid_t> dyingThread = 0; ///< the first that crashes, and the only one that records; 0 is none
     std::atomic<int> endingSignal = 0;  ///< what the process is to end by
     std::atomic<bool> exceptionAlreadyRecorded = false;
     std::atomic<bool> rescuing = false; ///< the recording has crashed, and what it has found is being written
 };
 ProcessState state;
-static_assert(decltype(state.dyingThread)::is_always_lock_free && decltype(state.endingSignal)::is_always_lock_free &&
-              decltype(state.exceptionAlreadyRecorded)::is_always_lock_free);
+static_assert(decltype(state.dyingThread)::is_always_lock_free && decltype(state.rescuing)::is_always_lock_free);
 
-void unblock(auto signals)
-{
-    sigset_t set = {};
-    sigemptyset(&set);
-    for (const int signal : signals) {
-        sigaddset(&set, signal);
-    }
-    ::pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
-}
-
-/// Ends the process as if no handler had ever been there.
-[[noreturn]] void endProcess()
-{
-    const int signal = state.endingSignal;
-    state.recorder->abandon();
-    for (const int number : fatalSignals) {
-        std::signal(number, SIG_DFL);
-    }
-    unblock(std::array{signal});
-    std::raise(signal);
-    ::_exit(128 + signal); // the first process of a container is spared by the system
-}
-
-/// Makes the calling thread the one that records, unless there is one; from then on the process ends in time.
+/// Makes the calling thread the one that records, unless there is one.
 bool becomeDyingThread(int signal)
 {
     pid_t none = 0;
@@ -82,53 +53,67 @@ bool becomeDyingThread(int signal)
         return false;
     }
     state.endingSignal = signal;
-    ::alarm(state.patience);
-    unblock(signalsWhileRecording);
+    // A report that cannot be written, to a network drive or a pipe that nobody reads, must not keep the process.
+    std::signal(SIGALRM, SIG_DFL);
+    ::alarm(10);
     return true;
 }
 
-[[noreturn]] void waitForEnd()
+/// For another thread than the dying one: the process ends with that.
+void waitIfOtherThreadDies()
 {
-    for (;;) {
+    while (state.dyingThread != 0 && state.dyingThread != ::gettid()) {
         ::pause();
     }
 }
 
+/// What follows ends the process as if no handler had ever been there.
+void resetActions()
+{
+    for (const int signal : fatalSignals) {
+        std::signal(signal, SIG_DFL);
+    }
+}
+
+void unblock(int signal)
+{
+    sigset_t set = {};
+    sigemptyset(&set);
+    sigaddset(&set, signal);
+    ::pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+}
+
 void onSignal(int signal, siginfo_t * /*info*/, void * /*context*/)
 {
-    if (becomeDyingThread(signal)) {
+    unblock(signal); // a fault of the recording comes back here
+    if (state.exceptionAlreadyRecorded) {
+        FileSystem::writeAll(STDERR_FILENO, "the crash has been recorded by the exception handler\n");
+    } else if (becomeDyingThread(signal)) {
         state.recorder->record();
         state.recorder->logStack();
-        endProcess();
+    } else {
+        waitIfOtherThreadDies();
+        // The recording has crashed, mostly on a stack that cannot be followed to its end.
+        if (!state.rescuing.exchange(true)) {
+            state.recorder->writeReport();
+        }
     }
-    if (state.exceptionAlreadyRecorded) {
-        SignalSafeWriter(STDERR_FILENO).append("the crash has been recorded by the exception handler\n");
-        endProcess();
-    }
-    if (signal == SIGALRM) { // out of patience
-        endProcess();
-    }
-    if (state.dyingThread != ::gettid()) {
-        waitForEnd();
-    }
-    // The recording has crashed. What saves its findings may crash too.
-    if (!state.rescuing.exchange(true)) {
-        state.recorder->rescue();
-    }
-    endProcess();
+    resetActions();
+    std::raise(state.endingSignal);
 }
 
 /// Tells the log of the exception that ends the program.
 void logCurrentException(const std::type_info &type)
 {
-    FixedText name;
-    appendDemangled(name, type.name());
+    using Freed = std::unique_ptr<char, decltype(&std::free)>;
+    const Freed readable(abi::__cxa_demangle(type.name(), nullptr, nullptr, nullptr), &std::free);
+    const char *const name = readable ? readable.get() : type.name();
     try {
         throw;
     } catch (const std::exception &exception) {
-        state.recorder->logException(name.view(), exception.what());
+        state.recorder->logException(name, exception.what());
     } catch (...) {
-        state.recorder->logException(name.view(), {});
+        state.recorder->logException(name, {});
     }
 }
 
@@ -137,23 +122,20 @@ void logCurrentException(const std::type_info &type)
     const std::type_info *type = abi::__cxa_current_exception_type();
     if (type != nullptr && becomeDyingThread(SIGABRT)) {
         state.recorder->record();
-        logCurrentException(*type);
         state.exceptionAlreadyRecorded = true;
+        logCurrentException(*type);
         state.terminateBefore();
     }
-    if (state.dyingThread != 0 && state.dyingThread != ::gettid()) {
-        waitForEnd();
-    }
+    waitIfOtherThreadDies();
     std::abort(); // without an exception, or by what() of the first
 }
 
-bool install(int signal, struct sigaction &before)
+bool install(int signal)
 {
     struct sigaction action = {};
     action.sa_sigaction = onSignal;
     action.sa_flags = SA_SIGINFO | SA_ONSTACK;
-    sigfillset(&action.sa_mask);
-    if (::sigaction(signal, &action, &before) == 0) {
+    if (::sigaction(signal, &action, nullptr) == 0) {
         return true;
     }
     std::fprintf(stderr, "Signal registration for %s failed: %s\n", ::strsignal(signal), std::strerror(errno));
@@ -163,29 +145,21 @@ bool install(int signal, struct sigaction &before)
 
 } // namespace
 
-CrashReportSingal::CrashReportSingal(const QString &path, const CrashReportObject &record,
-                                     std::chrono::seconds patience)
+CrashReportSingal::CrashReportSingal(const QString &path, const CrashReportObject &record)
 {
     if (isInstrumented) {
         return;
     }
     recorder = std::make_unique<CrashRecorder>(path, record);
     state.recorder = recorder.get();
-    state.patience = static_cast<unsigned>(patience.count());
     state.terminateBefore = std::set_terminate(onTerminate);
-    while (installed < fatalSignals.size() && install(fatalSignals[installed], state.actionsBefore[installed])) {
-        ++installed;
-    }
+    static_cast<void>(std::ranges::all_of(fatalSignals, install));
 }
 
 CrashReportSingal::~CrashReportSingal()
 {
-    if (recorder == nullptr) {
-        return;
+    if (recorder != nullptr) {
+        resetActions();
+        std::set_terminate(state.terminateBefore);
     }
-    while (installed > 0) {
-        --installed;
-        ::sigaction(fatalSignals[installed], &state.actionsBefore[installed], nullptr);
-    }
-    std::set_terminate(state.terminateBefore);
 }

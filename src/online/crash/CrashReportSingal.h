@@ -4,8 +4,6 @@
 
 #include <QString>
 
-#include <chrono>
-#include <cstddef>
 #include <memory>
 
 class CrashRecorder;
@@ -18,10 +16,9 @@ struct CrashReportObject;
 class CrashReportSingal {
 public:
     /// Installs the handlers and prepares all that a dying process could not do: `record` holds what is known before a
-    /// crash. A report that takes longer than `patience`, whole seconds, is given up.
-    CrashReportSingal(const QString &path, const CrashReportObject &record,
-                      std::chrono::seconds patience = std::chrono::seconds(10));
-    /// Takes the handlers out again.
+    /// crash.
+    CrashReportSingal(const QString &path, const CrashReportObject &record);
+    /// Gives the signals their default actions.
     ~CrashReportSingal();
     CrashReportSingal(const CrashReportSingal &) = delete;
     CrashReportSingal &operator=(const CrashReportSingal &) = delete;
@@ -29,5 +26,4 @@ public:
 private:
     AlternateStack stack; ///< for the thread that makes this, the main thread
     std::unique_ptr<CrashRecorder> recorder;
-    std::size_t installed = 0; ///< handlers
 };

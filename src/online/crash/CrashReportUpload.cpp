@@ -1,8 +1,7 @@
 #include "online/crash/CrashReportUpload.h"
 
 #include "Shared/FileStatus.h"
-#include "online/crash/CrashReportObject.h"
-#include "online/crash/CrashReportSender.h"
+#include "online/crash/CrashReportSenderDelegate.h"
 #include "platform/Log.h"
 #include "platform/files/PathText.h"
 
@@ -10,14 +9,11 @@
 
 using namespace Qt::StringLiterals;
 
-CrashReportUpload::CrashReportUpload(const QString &reportPath, NotificationCenter &notifications) :
-    CrashReportUpload(reportPath, notifications, Timing())
+CrashReportUpload::CrashReportUpload(const QString &reportPath, NotificationCenter &notifications,
+                                     std::chrono::milliseconds delay, std::chrono::milliseconds patience) :
+    path(reportPath), center(notifications), answerTime(patience)
 {
-}
-
-CrashReportUpload::CrashReportUpload(const QString &reportPath, NotificationCenter &notifications, Timing times) :
-    path(reportPath), center(notifications), timing(times)
-{
+    submission.setInterval(delay);
     submission.setSingleShot(true);
     submission.callOnTimeout([this] { submit(); });
 }
@@ -30,7 +26,7 @@ void CrashReportUpload::sendCrashReportToURL(const QUrl &url, CrashReportSenderD
     target = url;
     reportDelegate = delegate;
     if (!submission.isActive()) {
-        submission.start(timing.delay);
+        submission.start();
     }
 }
 
@@ -75,8 +71,7 @@ void CrashReportUpload::send()
     }
     qCInfo(lcTessarine).noquote() << u"send crash report:\n"_s + *content;
     exchange.emplace(
-        HttpRequest{target, content->toUtf8()}, [this](const HttpAnswer &answer) { takeAnswer(answer); },
-        timing.answer);
+        HttpRequest{target, content->toUtf8()}, [this](const HttpAnswer &answer) { takeAnswer(answer); }, answerTime);
 }
 
 void CrashReportUpload::takeAnswer(const HttpAnswer &answer) const

@@ -19,14 +19,11 @@ class CrashReportSenderDelegate;
 /// Owned by CrashReportSender; main thread.
 class CrashReportUpload {
 public:
-    struct Timing {
-        std::chrono::milliseconds delay = std::chrono::seconds(1);   ///< before the first try
-        std::chrono::milliseconds answer = std::chrono::seconds(15); ///< that the server has for its answer
-    };
-
-    /// `reportPath` is where the pending report lies, if there is one. The centre must outlive this.
-    CrashReportUpload(const QString &reportPath, NotificationCenter &notifications);
-    CrashReportUpload(const QString &reportPath, NotificationCenter &notifications, Timing timing);
+    /// `reportPath` is where the pending report lies, if there is one; `delay` comes before the first try, and the
+    /// server has the `patience` for its answer. The centre must outlive this.
+    CrashReportUpload(const QString &reportPath, NotificationCenter &notifications,
+                      std::chrono::milliseconds delay = std::chrono::seconds(1),
+                      std::chrono::milliseconds patience = std::chrono::seconds(15));
 
     /// Begins when a report is pending, else does nothing. A call while an earlier one still waits or sends takes its
     /// place. The delegate must outlive this; nothing is sent without one that makes texts.
@@ -40,7 +37,7 @@ private:
 
     QString path;
     NotificationCenter &center;
-    Timing timing;
+    std::chrono::milliseconds answerTime;
     QUrl target;
     CrashReportSenderDelegate *reportDelegate = nullptr;
     std::optional<NetworkWatch> watch; ///< from the first wait on

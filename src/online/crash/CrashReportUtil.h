@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Shared/FileHelper.h"
+#include "Shared/PathParts.h"
 
 #include <QString>
 
@@ -8,6 +9,9 @@
 namespace CrashReportUtil {
 
 /// The path of the one report, in the user's documents folder.
-QString getCrashReportObjectPath(const QString &documents = FileHelper::getDocumentsPath());
+inline QString getCrashReportObjectPath(const QString &documents = FileHelper::getDocumentsPath())
+{
+    return GlobalFun::appendingPathComponent(documents, QStringLiteral("crash.info"));
+}
 
 } // namespace CrashReportUtil

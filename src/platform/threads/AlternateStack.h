@@ -1,20 +1,29 @@
 #pragma once
 
+#include <array>
 #include <csignal>
 #include <cstddef>
+#include <memory>
 
 /// A second stack for the thread that makes it, on which signal handlers run that ask for one: the only place left when
-/// the first stack has overflowed. The first local object of every thread of ours; ends on the same thread.
+/// the first stack has overflowed. The first local object of every thread of ours, in whichever room that begins, which
+/// is why it is here; ends on the same thread.
 class AlternateStack {
 public:
-    /// Without memory for it the thread goes on without.
-    AlternateStack();
+    AlternateStack()
+    {
+        stack_t stack = {};
+        stack.ss_sp = memory->data();
+        stack.ss_size = memory->size();
+        ::sigaltstack(&stack, &before);
+    }
     /// The thread gets back what it had before.
-    ~AlternateStack();
+    ~AlternateStack() { ::sigaltstack(&before, nullptr); }
     AlternateStack(const AlternateStack &) = delete;
     AlternateStack &operator=(const AlternateStack &) = delete;
 
 private:
-    void *memory;
+    using Memory = std::array<std::byte, std::size_t{64} * 1024>; // several times what a crash report takes
+    std::unique_ptr<Memory> memory = std::make_unique_for_overwrite<Memory>();
     stack_t before = {};
 };

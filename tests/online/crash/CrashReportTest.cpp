@@ -1,10 +1,14 @@
 // Crashes of a real process, and what the next one makes of its report.
 #include "online/crash/CrashReportSender.h"
+#include "online/crash/CrashReportSenderDelegate.h"
 #include "online/crash/CrashReportUtil.h"
 #include "platform/store/Bundle.h"
+#include "support/CapturedLog.h"
+#include "support/HttpServer.h"
 #include "support/ScratchFolder.h"
 
 #include <QProcess>
+#include <QTest>
 #include <QTimeZone>
 
 #include <gmock/gmock.h>
@@ -14,88 +18,63 @@
 #include <csignal>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
-#ifdef TESSARINE_SANITIZED
-constexpr bool hasHandlers = false;
-#else
-constexpr bool hasHandlers = true;
-#endif
-
-struct CrashTest : testing::Test {
-    void SetUp() override
-    {
-        if (!hasHandlers) {
-            GTEST_SKIP() << "the sanitizers' own handlers are at work";
-        }
-        child.setProcessChannelMode(QProcess::ForwardedOutputChannel);
-    }
-    void start(const QStringList &arguments) { child.start(QStringLiteral(CRASH_CHILD), arguments); }
-    /// The signal that the child ends by, and all that it has written to the log.
-    std::pair<int, QByteArray> end()
-    {
-        EXPECT_TRUE(child.waitForFinished(-1));
-        EXPECT_EQ(child.exitStatus(), QProcess::CrashExit);
-        return {child.exitCode(), child.readAllStandardError()};
-    }
-
-    const ScratchFolder folder;
-    const QString report = CrashReportUtil::getCrashReportObjectPath(folder.path());
-    QProcess child;
-};
-
-TEST_F(CrashTest, IsRecordedOnceAndEndsByItsSignal)
+/// The signal that the child ends by, and all that it has written to the log.
+std::pair<int, QByteArray> crash(const QString &mode, const QString &report)
 {
+    QProcess child;
+    child.start(QStringLiteral(CRASH_CHILD), {mode, report});
+    EXPECT_TRUE(child.waitForFinished(-1));
+    EXPECT_EQ(child.exitStatus(), QProcess::CrashExit);
+    return {child.exitCode(), child.readAllStandardError()};
+}
+
+TEST(CrashReportSingal, RecordsOnceAndEndsByTheSignal)
+{
+#ifdef TESSARINE_SANITIZED
+    GTEST_SKIP() << "the sanitizers' own handlers are at work";
+#endif
     const QByteArray exception = "NAME:std::runtime_error\rREASON:it is broken\n";
     const QByteArray warning = "-------------注意：注意：发现未处理得异常！！！------------\n";
-    const std::tuple<QString, int, QString, QByteArray> cases[] = {
-        {u"null"_s, SIGSEGV, u"writeToNull() (CrashChild.cpp:"_s, warning},
-        {u"worker-null"_s, SIGSEGV, u"writeToNull() (CrashChild.cpp:"_s, warning},
-        {u"overflow"_s, SIGSEGV, u"recurse(int)"_s, warning},
-        {u"worker-overflow"_s, SIGSEGV, u"recurse(int)"_s, warning},
-        {u"divide"_s, SIGFPE, u"divideByZero()"_s, warning},
-        {u"throw"_s, SIGABRT, u"throwError()"_s, exception},
-        {u"worker-throw"_s, SIGABRT, u"throwError()"_s, exception},
-        {u"throw-broken"_s, SIGABRT, u"CrashChild"_s, ""}, // it throws again while it is told of
-        {u"abort"_s, SIGABRT, u"abort"_s, warning},
-        {u"terminate"_s, SIGABRT, u"terminate"_s, warning},
-        {u"no-memory"_s, SIGSEGV, u"crashWithoutMemory()"_s, warning},
-        {u"worker-heap"_s, SIGABRT, u"breakHeap"_s, ""}, // gives up on the readable form
-        {u"smash"_s, SIGSEGV, u"onSignal"_s, ""},        // to follow its stack is one more crash
-        {u"two"_s, SIGSEGV, u"writeToNull()"_s, warning},
+    const std::tuple<QString, int, QString> cases[] = {
+        {u"null"_s, SIGSEGV, u" _Z11writeToNullv\n"_s},
+        {u"worker-null"_s, SIGSEGV, u" _Z11writeToNullv\n"_s},
+        {u"overflow"_s, SIGSEGV, u" _Z7recursei\n"_s},
+        {u"worker-overflow"_s, SIGSEGV, u" _Z7recursei\n"_s},
+        {u"throw"_s, SIGABRT, u" _Z10throwErrorv\n"_s},
+        {u"worker-throw"_s, SIGABRT, u" _Z10throwErrorv\n"_s},
+        {u"throw-broken"_s, SIGABRT, u"online_crash_child+0x"_s}, // it throws again while it is told of
+        {u"terminate"_s, SIGABRT, u" _ZSt9terminatev\n"_s},
+        {u"worker-heap"_s, SIGABRT, u" _Z9breakHeapv\n"_s},
+        {u"smash"_s, SIGSEGV, u"online_crash_child+0x"_s}, // to follow its stack is one more crash
+        {u"two"_s, SIGSEGV, u" _Z11writeToNullv\n"_s},
+        {u"3"_s, SIGQUIT, u" gsignal\n"_s},
     };
-    for (const auto &[mode, signal, frame, expectedLog] : cases) {
+    const ScratchFolder folder;
+    const QString report = CrashReportUtil::getCrashReportObjectPath(folder.path());
+    for (const auto &[mode, signal, frame] : cases) {
         SCOPED_TRACE(qPrintable(mode));
         folder.write("crash.info", "an older crash");
-        start({mode, report});
-        const auto [endedBy, log] = end();
+        const auto [endedBy, log] = crash(mode, report);
         EXPECT_EQ(endedBy, signal);
-        EXPECT_EQ(log.contains(exception), expectedLog == exception) << log.constData();
-        EXPECT_EQ(log.count(warning), expectedLog.isEmpty() ? 0 : 1) << log.constData();
+        EXPECT_EQ(log.contains(exception), mode.endsWith(u"throw")) << log.constData();
+        EXPECT_EQ(log.count(warning), mode == u"throw-broken" || mode == u"smash" ? 0 : 1) << log.constData();
         EXPECT_EQ(folder.names(), QStringList{u"crash.info"_s});
         const auto record = CrashReportObject::initWithContentsOfFile(report);
         ASSERT_TRUE(record);
+        EXPECT_EQ(record->deviceUniqueIdentifier, u"GUID \"1\"");
+        EXPECT_TRUE(record->version.isNull() && record->date.isValid());
         EXPECT_TRUE(record->description().contains(frame)) << qPrintable(record->description());
         EXPECT_LE(record->stackArray.size(), 128);
     }
-}
-
-TEST_F(CrashTest, HasAHandlerForEverySignal)
-{
-    for (const int signal :
-         {SIGQUIT, SIGILL, SIGTRAP, SIGABRT, SIGFPE, SIGBUS, SIGSEGV, SIGSYS, SIGPIPE, SIGALRM, SIGXCPU, SIGXFSZ}) {
-        SCOPED_TRACE(signal);
-        start({u"raise"_s, report, QString::number(signal)});
-        EXPECT_EQ(end().first, signal);
-        EXPECT_TRUE(::unlink(folder.bytes("crash.info").constData()) == 0);
+    for (const int signal : {SIGILL, SIGTRAP, SIGFPE, SIGBUS, SIGSYS, SIGPIPE, SIGALRM, SIGXCPU, SIGXFSZ}) {
+        EXPECT_EQ(crash(QString::number(signal), report).first, signal);
+        EXPECT_EQ(::unlink(folder.bytes("crash.info").constData()), 0) << signal;
     }
-}
-
-TEST_F(CrashTest, EndsTheProcessWhereNothingCanBeWritten)
-{
     folder.makeFolder("crash.info/in use");
     for (const QString &path : {report, u"/proc/nowhere/crash.info"_s}) {
-        start({u"null"_s, path});
-        EXPECT_EQ(end().first, SIGSEGV);
+        EXPECT_EQ(crash(u"null"_s, path).first, SIGSEGV);
     }
     EXPECT_EQ(folder.names(), QStringList{u"crash.info"_s});
 }
@@ -107,15 +86,19 @@ TEST(CrashReportObject, WritesWhatItReadsInAFixedOrder)
         CrashReportObject::initWithCrashDate(QDateTime::fromMSecsSinceEpoch(1709209845007, QTimeZone::utc()),
                                              {u"a \"frame\" \\ 帧"_s, u"\n\t\x1f"_s}, Bundle::main(), u"\"\\\x01"_s);
     for (const CrashReportObject &written : {CrashReportObject(), record}) {
-        ASSERT_TRUE(written.writeToFile(folder.path("documents/crash.info")));
-        EXPECT_EQ(CrashReportObject::initWithContentsOfFile(folder.path("documents/crash.info")), written);
+        ASSERT_TRUE(written.writeToFile(folder.path("crash.info")));
+        EXPECT_EQ(CrashReportObject::initWithContentsOfFile(folder.path("crash.info")), written);
     }
-    const QByteArray text = folder.read("documents/crash.info");
+    const QByteArray text = folder.read("crash.info");
     EXPECT_TRUE(text.contains("2024-02-29T12:30:45.007Z") && !text.contains("\"version\""));
 }
 
 struct Delegate : CrashReportSenderDelegate {
     MOCK_METHOD(void, handleCrashReport, (const std::optional<CrashReportObject> &report), (override));
+    std::optional<QString> createReportContentByReportInfo(const std::optional<CrashReportObject> &report) override
+    {
+        return report.value().description();
+    }
 };
 
 TEST(CrashReportSender, HandsOnAnyReportAndDeletesIt)
@@ -145,4 +128,33 @@ TEST(CrashReportSender, HandsOnAnyReportAndDeletesIt)
     folder.write("crash.info/precious");
     sender.noticeHandleCrashReportSuccess();
     EXPECT_TRUE(folder.has("crash.info/precious"));
+}
+
+TEST(CrashReportUpload, KeepsTheReportUntilTheServerHasIt)
+{
+    const std::tuple<HttpServer::Respond, std::chrono::milliseconds, bool> cases[] = {
+        {HttpServer::answering(""), 20s, true},
+        {HttpServer::saying("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n"), 20s, true}, // it has said that it has it
+        {HttpServer::answering("", "400 Bad"), 20s, false},
+        {HttpServer::saying(""), 20s, false},
+        {HttpServer::silent, 200ms, false},
+    };
+    for (const auto &[respond, patience, isReceived] : cases) {
+        const ScratchFolder folder;
+        const CapturedLog log;
+        const HttpServer server(respond);
+        NotificationCenter notifications;
+        Delegate delegate;
+        CrashReportUpload upload(folder.path("crash.info"), notifications, 1ms, patience);
+        upload.sendCrashReportToURL(QUrl(server.url()), &delegate); // nothing pending
+        CrashReportObject report;
+        report.stackArray = QStringList{u"main"_s, u"栈"_s};
+        EXPECT_TRUE(report.writeToFile(folder.path("crash.info")));
+        upload.sendCrashReportToURL(QUrl(u"http://superseded.invalid"_s), &delegate);
+        upload.sendCrashReportToURL(QUrl(server.url() + u"/crash"), &delegate);
+        EXPECT_TRUE(QTest::qWaitFor([] { return CapturedLog::lines.join(u' ').contains(u"送CRASH报告"); }, 30'000));
+        EXPECT_NE(folder.has("crash.info"), isReceived);
+        EXPECT_TRUE(server.requests.value(0).contains("POST /crash HTTP/1.1\r\n"));
+        EXPECT_TRUE(server.requests.value(0).endsWith("\r\n\r\nSTACK:\nmain\n栈\n"));
+    }
 }
