@@ -1,12 +1,13 @@
 #include "collage/editor/SliderHandle.h"
 
 #include "Shared/TimeFormat.h"
-#include "collage/editor/SplitSliderView.h"
+#include "collage/editor/BaseSliderView.h"
 
 #include <QAccessibleWidget>
 #include <QKeyEvent>
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -27,17 +28,17 @@ public:
     }
     QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Value ? GlobalFun::getTimeStringBySecond(handle.value())
+        return kind == QAccessible::Value ? GlobalFun::getTimeStringBySecond(handle.edge().value())
                                           : QAccessibleWidget::text(kind);
     }
     QRect rect() const override
     {
-        const QRect drawn = handle.rectInSlider();
+        const QRect drawn = handle.edge().rect().toAlignedRect();
         return {handle.parentWidget()->mapToGlobal(drawn.topLeft()), drawn.size()};
     }
 
-    QVariant currentValue() const override { return handle.value(); }
-    void setCurrentValue(const QVariant &value) override { handle.setValue(value.toDouble()); }
+    QVariant currentValue() const override { return handle.edge().value(); }
+    void setCurrentValue(const QVariant &value) override { handle.edge().setValue(value.toDouble()); }
     QVariant minimumValue() const override { return handle.minimum(); }
     QVariant maximumValue() const override { return handle.maximum(); }
     QVariant minimumStepSize() const override { return step; }
@@ -54,23 +55,12 @@ QAccessibleInterface *accessibleHandle(const QString & /*className*/, QObject *o
 
 } // namespace
 
-SliderHandle::SliderHandle(SplitSliderView &splitSlider, bool isLeft) :
-    QWidget(&splitSlider), slider(splitSlider), bLeftClip(isLeft)
+SliderHandle::SliderHandle(BaseSliderView &baseSlider, SliderEdge edge) :
+    QWidget(&baseSlider), slider(baseSlider), movedEdge(std::move(edge))
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::TabFocus);
     QAccessible::installFactory(accessibleHandle); // Qt keeps it once, however often it comes
-}
-
-double SliderHandle::value() const
-{
-    const SliderSelectionItem &selection = slider.selectionItem();
-    return bLeftClip ? selection.dStart : selection.end();
-}
-
-void SliderHandle::setValue(double seconds)
-{
-    slider.moveClip(bLeftClip, seconds);
 }
 
 double SliderHandle::minimum() const
@@ -83,14 +73,9 @@ double SliderHandle::maximum() const
     return slider.dMinValue() + slider.dLength();
 }
 
-QRect SliderHandle::rectInSlider() const
-{
-    return slider.clipRect(bLeftClip).toAlignedRect();
-}
-
 void SliderHandle::announce()
 {
-    QAccessibleValueChangeEvent event(this, value());
+    QAccessibleValueChangeEvent event(this, movedEdge.value());
     QAccessible::updateAccessibility(&event);
 }
 
@@ -99,18 +84,18 @@ void SliderHandle::keyPressEvent(QKeyEvent *event)
     switch (event->key()) {
     case Qt::Key_Left:
     case Qt::Key_Down:
-        return setValue(value() - step);
+        return movedEdge.setValue(movedEdge.value() - step);
     case Qt::Key_Right:
     case Qt::Key_Up:
-        return setValue(value() + step);
+        return movedEdge.setValue(movedEdge.value() + step);
     case Qt::Key_PageDown:
-        return setValue(value() - page);
+        return movedEdge.setValue(movedEdge.value() - page);
     case Qt::Key_PageUp:
-        return setValue(value() + page);
+        return movedEdge.setValue(movedEdge.value() + page);
     case Qt::Key_Home:
-        return setValue(minimum());
+        return movedEdge.setValue(minimum());
     case Qt::Key_End:
-        return setValue(maximum());
+        return movedEdge.setValue(maximum());
     default:
         return QWidget::keyPressEvent(event);
     }

@@ -2,7 +2,16 @@
 
 #include <QWidget>
 
-class SplitSliderView;
+#include <functional>
+
+class BaseSliderView;
+
+/// The edge of the selection that a handle moves, as its slider has it.
+struct SliderEdge {
+    std::function<double()> value;        ///< seconds
+    std::function<void(double)> setValue; ///< as a drag would
+    std::function<QRectF()> rect;         ///< where its handle was drawn last, in the slider's coordinates
+};
 
 /// One handle of a range slider as the keyboard and screen readers know it; the slider draws it and takes its mouse.
 /// Child of its slider; main thread.
@@ -10,17 +19,12 @@ class SliderHandle final : public QWidget {
     Q_OBJECT
 
 public:
-    SliderHandle(SplitSliderView &slider, bool bLeftClip);
+    SliderHandle(BaseSliderView &slider, SliderEdge edge);
 
-    /// The edge of the selection that this handle moves, seconds.
-    double value() const;
-    /// Moves the edge as a drag would.
-    void setValue(double seconds);
+    const SliderEdge &edge() const { return movedEdge; }
     /// The ends of the slider's range.
     double minimum() const;
     double maximum() const;
-    /// Where the slider has drawn it last, in the slider's coordinates.
-    QRect rectInSlider() const;
     /// Tells screen readers that the edge has moved.
     void announce();
 
@@ -30,6 +34,6 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    SplitSliderView &slider;
-    const bool bLeftClip;
+    BaseSliderView &slider;
+    const SliderEdge movedEdge;
 };

@@ -1,6 +1,5 @@
 #include "collage/editor/SplitSliderView.h"
 
-#include "collage/editor/SliderHandle.h"
 #include "collage/editor/SliderViewDelegate.h"
 
 #include <QMouseEvent>
@@ -22,18 +21,25 @@ constexpr double focusShade = 0.5;
 } // namespace
 
 SplitSliderView::SplitSliderView(QWidget *parent) :
-    BaseSliderView(parent), leftHandle(new SliderHandle(*this, true)), rightHandle(new SliderHandle(*this, false))
+    BaseSliderView(parent), leftHandle(*this, edge(true)), rightHandle(*this, edge(false))
 {
     itemSelection.dLength = dLength();
-    leftHandle->setObjectName(u"leftClip"_s);
-    rightHandle->setObjectName(u"rightClip"_s);
+    leftHandle.setObjectName(u"leftClip"_s);
+    rightHandle.setObjectName(u"rightClip"_s);
     //% "Start handle"
-    leftHandle->setAccessibleName(qtTrId("slider_start_handle"));
+    leftHandle.setAccessibleName(qtTrId("slider_start_handle"));
     //% "End handle"
-    rightHandle->setAccessibleName(qtTrId("slider_end_handle"));
+    rightHandle.setAccessibleName(qtTrId("slider_end_handle"));
     setMouseTracking(true);
     setFocusPolicy(Qt::TabFocus);
-    setFocusProxy(leftHandle);
+    setFocusProxy(&leftHandle);
+}
+
+SliderEdge SplitSliderView::edge(bool bLeftClip)
+{
+    return {.value = [this, bLeftClip] { return bLeftClip ? itemSelection.dStart : itemSelection.end(); },
+            .setValue = [this, bLeftClip](double value) { moveClip(bLeftClip, value); },
+            .rect = [this, bLeftClip] { return clipRect(bLeftClip); }};
 }
 
 QRectF SplitSliderView::clipRect(bool bLeftClip) const
@@ -61,7 +67,7 @@ void SplitSliderView::dragEdgeTo(bool bLeftClip, double value)
     } else {
         itemSelection.moveEnd(value);
     }
-    (bLeftClip ? leftHandle : rightHandle)->announce();
+    handleOf(bLeftClip).announce();
     update();
 }
 
@@ -105,9 +111,9 @@ void SplitSliderView::mouseDownAt(QPointF point)
 
 void SplitSliderView::holdClip(bool bLeftClip, QPointF point)
 {
-    SliderHandle *const handle = bLeftClip ? leftHandle : rightHandle;
-    handle->setFocus(Qt::MouseFocusReason);
-    if (window()->focusWidget() != handle) {
+    SliderHandle &handle = handleOf(bLeftClip);
+    handle.setFocus(Qt::MouseFocusReason);
+    if (window()->focusWidget() != &handle) {
         return; // a field with a wrong text has kept the focus, and an alert says so
     }
     (bLeftClip ? bDraggingLeftClip : bDraggingRightClip) = true;
@@ -148,7 +154,7 @@ void SplitSliderView::mouseMoveEvent(QMouseEvent *event)
     BaseSliderView::mouseMoveEvent(event);
     if (event->buttons() == Qt::NoButton) {
         const QPointF point = flipped(event->position());
-        hover(rcClipLeft.contains(point) ? leftHandle : rcClipRight.contains(point) ? rightHandle : nullptr);
+        hover(rcClipLeft.contains(point) ? &leftHandle : rcClipRight.contains(point) ? &rightHandle : nullptr);
     }
 }
 
@@ -157,7 +163,7 @@ void SplitSliderView::leaveEvent(QEvent * /*event*/)
     hover(nullptr);
 }
 
-void SplitSliderView::hover(SliderHandle *handle)
+void SplitSliderView::hover(const SliderHandle *handle)
 {
     if (handle != hovered) {
         hovered = handle;
@@ -200,12 +206,12 @@ void SplitSliderView::draw2Clips(QPainter &painter)
 
 void SplitSliderView::drawClip(QPainter &painter, bool bLeftClip)
 {
-    const SliderHandle *const handle = bLeftClip ? leftHandle : rightHandle;
+    const SliderHandle &handle = handleOf(bLeftClip);
     const bool held = bLeftClip ? bDraggingLeftClip : bDraggingRightClip;
-    const double shade = held ? pressShade : hovered == handle ? hoverShade : 0.0;
+    const double shade = held ? pressShade : hovered == &handle ? hoverShade : 0.0;
     const QRectF rect = clipRect(bLeftClip);
     (bLeftClip ? imgLeftClip : imgRightClip).draw(painter, rect, ink(QPalette::Highlight, shade));
-    if (handle->hasFocus()) {
+    if (handle.hasFocus()) {
         SliderPiece &ring = bLeftClip ? imgLeftFocus : imgRightFocus;
         const QPointF corner = bLeftClip ? rect.topLeft() : rect.topRight() - QPointF(ring.size().width(), 0.0);
         ring.draw(painter, QRectF(corner, ring.size()), ink(QPalette::Highlight, focusShade));

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "collage/editor/BaseSliderView.h"
-
-class SliderHandle;
+#include "collage/editor/SliderHandle.h"
 
 /// A slider whose selection the user changes by two handles, at its start and its end, with the mouse or the keyboard.
 /// Its values are seconds to screen readers. Part of the editor's window; main thread.
@@ -48,7 +47,9 @@ private:
     void dragEdgeTo(bool bLeftClip, double value);
     double edgeUnderPointer(bool bLeftClip, double x) const;
     int heightForClips() const;
-    void hover(SliderHandle *handle);
+    SliderEdge edge(bool bLeftClip);
+    SliderHandle &handleOf(bool bLeftClip) { return bLeftClip ? leftHandle : rightHandle; }
+    void hover(const SliderHandle *handle);
 
     bool bDraggingLeftClip = false;
     bool bDraggingRightClip = false;
@@ -59,7 +60,7 @@ private:
     SliderPiece imgRightClip{QStringLiteral("SliderTrimRight")};
     SliderPiece imgLeftFocus{QStringLiteral("SliderFocusLeft")}; // the ring around the handle that has the focus
     SliderPiece imgRightFocus{QStringLiteral("SliderFocusRight")};
-    SliderHandle *leftHandle;
-    SliderHandle *rightHandle;
-    SliderHandle *hovered = nullptr;
+    SliderHandle leftHandle;
+    SliderHandle rightHandle;
+    const SliderHandle *hovered = nullptr;
 };
