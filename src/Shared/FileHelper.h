@@ -7,7 +7,7 @@
 #include <optional>
 
 /// Plain operations on files and folders, and where the program's data live. Nothing here throws or tells more than its
-/// result; paths are PathText's. Safe on any thread.
+/// result; paths are PathText's. Safe on any thread. What the program does not call belongs to the vocabulary.
 namespace FileHelper {
 
 /// Whether a file or folder can be reached at the path, links followed.

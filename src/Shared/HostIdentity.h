@@ -7,7 +7,8 @@
 class Bundle;
 class UserDefaults;
 
-/// Who and where this program is: the installation, the system under it, the user's home, its own version.
+/// Who and where this program is: the installation, the system under it, the user's home, its own version. What the
+/// program does not call belongs to the vocabulary.
 namespace GlobalFun {
 
 /// Where the distribution says what it is; without it, /usr/lib/os-release is read.

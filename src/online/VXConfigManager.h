@@ -10,7 +10,7 @@ class UserDefaults;
 struct HttpAnswer;
 
 /// The two feature flags that the maker's service can set. The window's is owned by AppDelegate; others look in for a
-/// moment. Safe on any thread, but for getOnlineConfig.
+/// moment. Safe on any thread, but for getOnlineConfig. What the program does not call belongs to the vocabulary.
 class VXConfigManager {
 public:
     explicit VXConfigManager(UserDefaults &store);

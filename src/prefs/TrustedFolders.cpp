@@ -1,6 +1,5 @@
 #include "prefs/TrustedFolders.h"
 
-#include "Shared/Bookmark.h"
 #include "Shared/FileHelper.h"
 #include "Shared/PreferenceKeys.h"
 #include "platform/Log.h"
@@ -86,7 +85,7 @@ void TrustedFolders::addToBookmarkWithURL(const QString &path)
             return;
         }
         QVariantList entries = defaults.arrayValue(PreferenceKeys::bookmarks).value_or(QVariantList());
-        if (const auto data = GlobalFun::BookmarkDataForURL(bookmarks, path)) {
+        if (const auto data = bookmarks.BookmarkDataForURL(path)) {
             entries << *data;
         }
         defaults.setArray(PreferenceKeys::bookmarks, entries);
@@ -117,7 +116,7 @@ void TrustedFolders::commit()
         QVariantList entries;
         for (const QString &path : std::as_const(aryItems)) {
             const bool isThere = FileHelper::fileExistsWithPath(path);
-            const auto data = isThere ? GlobalFun::BookmarkDataForURL(bookmarks, path) : std::nullopt;
+            const auto data = isThere ? bookmarks.BookmarkDataForURL(path) : std::nullopt;
             if (data) {
                 entries << *data;
             }

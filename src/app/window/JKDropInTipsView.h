@@ -5,7 +5,8 @@
 #include <QWidget>
 
 /// The hint over an empty list: a dashed square with an arrow and a line of text, brighter while files are held over
-/// it. Its colours are its own, whatever the theme. Made and owned by the table; main thread. Lengths are points.
+/// it. Its colours are its own, whatever the theme. Made and owned by the table; main thread. Lengths are points. What
+/// the program does not call belongs to the vocabulary.
 class JKDropInTipsView final : public QWidget {
     Q_OBJECT
 

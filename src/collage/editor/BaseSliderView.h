@@ -13,7 +13,8 @@
 class SliderViewDelegate;
 
 /// A horizontal slider: a range of values along a track, a selected stretch of it, and a knob that can be dragged.
-/// Points and rectangles are in the widget's pixels with y upwards from its bottom. Part of a window; main thread.
+/// Points and rectangles are in the widget's pixels with y upwards from its bottom. Part of a window; main thread. What
+/// the program does not call belongs to the vocabulary.
 class BaseSliderView : public QWidget {
     Q_OBJECT
 

@@ -4,7 +4,8 @@
 #include "collage/editor/SliderHandle.h"
 
 /// A slider whose selection the user changes by two handles, at its start and its end, with the mouse or the keyboard.
-/// Its values are seconds to screen readers. Part of the editor's window; main thread.
+/// Its values are seconds to screen readers. Part of the editor's window; main thread. What the program does not call
+/// belongs to the vocabulary.
 class SplitSliderView final : public BaseSliderView {
     Q_OBJECT
 

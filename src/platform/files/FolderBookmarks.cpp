@@ -1,7 +1,6 @@
 #include "platform/files/FolderBookmarks.h"
 
 #include "platform/Log.h"
-#include "platform/files/FolderBookmark.h"
 #include "platform/files/PathText.h"
 
 #include <QDBusConnection>
@@ -49,9 +48,20 @@ std::unique_ptr<FolderBookmarks> FolderBookmarks::ofThisSystem(const QDBusConnec
     return std::make_unique<PortalBookmarks>(PortalBookmarks::mountPointOf(sessionBus));
 }
 
-std::optional<QByteArray> PathBookmarks::bookmarkData(const QString &folderPath) const
+std::optional<QByteArray> PathBookmarks::BookmarkDataForURL(const QString &folderPath) const
 {
-    return ::bookmarkData(folderPath);
+    struct stat status = {};
+    if (folderPath.isEmpty() || folderPath.contains(QChar::Null) ||
+        ::stat(PathText::toBytes(folderPath).constData(), &status) != 0) {
+        return std::nullopt;
+    }
+    const QJsonObject record{
+        {u"kind"_s, u"path"_s},
+        {u"path"_s, encoded(folderPath)},
+        {u"dev"_s, static_cast<qint64>(status.st_dev)},
+        {u"inode"_s, static_cast<qint64>(status.st_ino)},
+    };
+    return QJsonDocument(record).toJson(QJsonDocument::Compact);
 }
 
 std::optional<ResolvedFolder> PathBookmarks::resolve(const QByteArray &data) const
@@ -68,13 +78,13 @@ PortalBookmarks::PortalBookmarks(const QString &mountPoint) :
 {
 }
 
-std::optional<QByteArray> PortalBookmarks::bookmarkData(const QString &folderPath) const
+std::optional<QByteArray> PortalBookmarks::BookmarkDataForURL(const QString &folderPath) const
 {
     const QString below = folderPath.startsWith(mount) ? folderPath.sliced(mount.size()) : QString();
     const QString id = below.section(u'/', 0, 0);
     const QString name = below.section(u'/', 1);
     if (id.isEmpty() || name.isEmpty()) {
-        return ::bookmarkData(folderPath);
+        return PathBookmarks().BookmarkDataForURL(folderPath);
     }
     if (!isThere(folderPath)) {
         return std::nullopt;

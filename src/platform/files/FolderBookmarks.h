@@ -21,7 +21,7 @@ public:
     virtual ~FolderBookmarks() = default;
 
     /// The record of the folder; nothing for an empty path, or when nothing is there.
-    virtual std::optional<QByteArray> bookmarkData(const QString &folderPath) const = 0;
+    virtual std::optional<QByteArray> BookmarkDataForURL(const QString &folderPath) const = 0;
     /// Nothing when the bytes are no record that leads anywhere here.
     virtual std::optional<ResolvedFolder> resolve(const QByteArray &data) const = 0;
 
@@ -31,10 +31,11 @@ public:
                                                          const QString &sandboxMarker);
 };
 
-/// Outside a sandbox: the folder's path is all that access takes.
+/// Outside a sandbox: the folder's path is all that access takes. The record is {"kind": "path", "path": its bytes,
+/// percent-encoded, "dev": …, "inode": …}, the two numbers the file system's as signed 64-bit integers.
 class PathBookmarks final : public FolderBookmarks {
 public:
-    std::optional<QByteArray> bookmarkData(const QString &folderPath) const override;
+    std::optional<QByteArray> BookmarkDataForURL(const QString &folderPath) const override;
     std::optional<ResolvedFolder> resolve(const QByteArray &data) const override;
 };
 
@@ -46,7 +47,7 @@ class PortalBookmarks final : public FolderBookmarks {
 public:
     explicit PortalBookmarks(const QString &mountPoint);
 
-    std::optional<QByteArray> bookmarkData(const QString &folderPath) const override;
+    std::optional<QByteArray> BookmarkDataForURL(const QString &folderPath) const override;
     std::optional<ResolvedFolder> resolve(const QByteArray &data) const override;
 
     /// Where the document portal shows its documents: what it says itself, else its usual place.

@@ -14,7 +14,7 @@ class MASPreferencesWindow;
 }
 
 /// The preferences window: shows one of its panes at a time, chosen in the toolbar. It knows nothing of what the panes
-/// hold. Made once by the application; main thread.
+/// hold. Made once by the application; main thread. What the program does not call belongs to the vocabulary.
 class MASPreferencesWindowController final : public QObject {
     Q_OBJECT
 

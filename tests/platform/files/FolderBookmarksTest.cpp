@@ -14,7 +14,7 @@ struct PortalBookmarksTest : testing::Test {
 TEST_F(PortalBookmarksTest, FindTheFolderAgainUnderAnotherMountPoint)
 {
     for (const QString &folder : {granted, scratch.makeFolder("doc/1a2b/My \xFF\"Movies\"/deeper/down")}) {
-        const auto data = bookmarks.bookmarkData(folder);
+        const auto data = bookmarks.BookmarkDataForURL(folder);
         ASSERT_TRUE(data);
         EXPECT_EQ(bookmarks.resolve(*data)->path, folder);
         EXPECT_FALSE(bookmarks.resolve(*data)->isStale);
@@ -25,11 +25,11 @@ TEST_F(PortalBookmarksTest, FindTheFolderAgainUnderAnotherMountPoint)
 
 TEST_F(PortalBookmarksTest, FolderThatIsRenamedIsStaleUntilItIsBack)
 {
-    const QByteArray data = *bookmarks.bookmarkData(granted);
+    const QByteArray data = *bookmarks.BookmarkDataForURL(granted);
     const std::string inside = scratch.bytes("doc/1a2b").toStdString();
     std::filesystem::rename(inside, inside + "-away");
     EXPECT_TRUE(bookmarks.resolve(data)->isStale);
-    EXPECT_FALSE(bookmarks.bookmarkData(granted));
+    EXPECT_FALSE(bookmarks.BookmarkDataForURL(granted));
     std::filesystem::rename(inside + "-away", inside);
     EXPECT_FALSE(bookmarks.resolve(data)->isStale);
 }
@@ -37,12 +37,12 @@ TEST_F(PortalBookmarksTest, FolderThatIsRenamedIsStaleUntilItIsBack)
 TEST_F(PortalBookmarksTest, OtherFoldersAreRememberedByPath)
 {
     for (const QString &folder : {scratch.path(), mount, scratch.path("doc/1a2b")}) {
-        const auto data = bookmarks.bookmarkData(folder);
+        const auto data = bookmarks.BookmarkDataForURL(folder);
         ASSERT_TRUE(data);
         EXPECT_EQ(bookmarks.resolve(*data)->path, folder);
         EXPECT_EQ(PathBookmarks().resolve(*data)->path, folder);
     }
-    EXPECT_FALSE(PathBookmarks().resolve(*bookmarks.bookmarkData(granted))) << "no portal, no such folder";
+    EXPECT_FALSE(PathBookmarks().resolve(*bookmarks.BookmarkDataForURL(granted))) << "no portal, no such folder";
     EXPECT_FALSE(bookmarks.resolve("[]"));
-    EXPECT_FALSE(bookmarks.bookmarkData({}));
+    EXPECT_FALSE(bookmarks.BookmarkDataForURL({}));
 }

@@ -68,8 +68,8 @@ TEST_F(TrustedFoldersTest, AreRememberedOnceInTheOrderGranted)
 
 TEST_F(TrustedFoldersTest, WhatLeadsNowhereIsLeftOutAndForgottenAtTheNextCommit)
 {
-    const QByteArray good = *bookmarks.bookmarkData(a);
-    const QByteArray gone = *bookmarks.bookmarkData(scratch.makeFolder("gone"));
+    const QByteArray good = *bookmarks.BookmarkDataForURL(a);
+    const QByteArray gone = *bookmarks.BookmarkDataForURL(scratch.makeFolder("gone"));
     std::filesystem::remove(scratch.bytes("gone").toStdString());
     const QVariantList entries{u"text"_s, QByteArray("{"), QByteArray("{\"kind\":\"path\"}"), gone, good, good};
     defaults.setArray(PreferenceKeys::bookmarks, entries);
@@ -110,7 +110,7 @@ struct TrustedPathPaneTest : TrustedFoldersTest {
 
 TEST_F(TrustedPathPaneTest, ShowsWhatIsRememberedAndWhatIsAddedLater)
 {
-    defaults.setArray(PreferenceKeys::bookmarks, {*bookmarks.bookmarkData(a)});
+    defaults.setArray(PreferenceKeys::bookmarks, {*bookmarks.BookmarkDataForURL(a)});
     EXPECT_EQ(shown(0), a);
     std::jthread([this] { folders.addToBookmarkWithURL(b); }).join();
     QCoreApplication::processEvents();
