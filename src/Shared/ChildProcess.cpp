@@ -1,6 +1,6 @@
 #include "Shared/ChildProcess.h"
 
-#include "Shared/FileStatus.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 
 #include <fcntl.h>
@@ -158,7 +158,7 @@ void ChildProcess::sendSignal(int number) const
 std::int64_t ChildProcess::processorTicks() const
 {
     static constexpr qsizetype userTime = 11; // of the fields behind the name, which stands in parentheses
-    const auto state = GlobalFun::contentsOf(u"/proc/%1/stat"_s.arg(process));
+    const auto state = FileSystem::contentsOf(u"/proc/%1/stat"_s.arg(process));
     if (!state) {
         return 0;
     }

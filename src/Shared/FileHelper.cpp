@@ -1,10 +1,10 @@
 #include "Shared/FileHelper.h"
 
-#include "Shared/FileStatus.h"
 #include "Shared/FolderMaking.h"
 #include "Shared/FolderWalk.h"
 #include "Shared/PathParts.h"
 #include "platform/files/FileDescriptor.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 
 #include <QDir>
@@ -58,7 +58,7 @@ QString standardPath(QStandardPaths::StandardLocation location)
 
 bool FileHelper::fileExistsWithPath(const QString &path)
 {
-    return GlobalFun::fileStatus(path).has_value();
+    return FileSystem::status(path).has_value();
 }
 
 bool FileHelper::directoryExistsWithPath(const QString &path)
@@ -99,7 +99,7 @@ void FileHelper::checkAndCreateFileAtPath(const QString &path, bool /*iCloud*/)
 
 std::uint64_t FileHelper::getFileSizeWithPath(const QString &path)
 {
-    const auto status = GlobalFun::fileStatus(path);
+    const auto status = FileSystem::status(path);
     return status ? static_cast<std::uint64_t>(status->st_size) : 0;
 }
 
@@ -134,7 +134,7 @@ bool FileHelper::isDiskFull(std::uint64_t freeBytes)
 
 void FileHelper::moveFile(const QString &from, const QString &to)
 {
-    if (GlobalFun::isTaken(to)) {
+    if (FileSystem::isTaken(to)) {
         return;
     }
     std::error_code error;
@@ -146,7 +146,7 @@ void FileHelper::moveFile(const QString &from, const QString &to)
 
 void FileHelper::copyFile(const QString &from, const QString &to)
 {
-    if (!GlobalFun::isTaken(to)) {
+    if (!FileSystem::isTaken(to)) {
         copyToNewPlace(native(from), native(to));
     }
 }
@@ -184,9 +184,7 @@ QString FileHelper::getLibraryPath()
 
 QString FileHelper::getAppPath()
 {
-    std::error_code error;
-    const fs::path executable = fs::read_symlink("/proc/self/exe", error);
-    return PathText::fromBytes(executable.parent_path().c_str());
+    return PathText::fromBytes(native(FileSystem::executablePath()).parent_path().c_str());
 }
 
 QString FileHelper::getTemporaryPath()

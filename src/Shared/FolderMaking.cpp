@@ -1,6 +1,6 @@
 #include "Shared/FolderMaking.h"
 
-#include "Shared/FileStatus.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 
 #include <filesystem>
@@ -10,6 +10,6 @@ bool GlobalFun::MakeSureFolderExsist(const QString &path)
     // Its result is of no use here: it is also false when the folder was there before.
     std::error_code error;
     std::filesystem::create_directories(PathText::toBytes(path).toStdString(), error);
-    const auto status = fileStatus(path);
+    const auto status = FileSystem::status(path);
     return status && S_ISDIR(status->st_mode);
 }

@@ -1,8 +1,8 @@
 #include "Shared/FrameGrabber.h"
 
-#include "Shared/FileStatus.h"
 #include "Shared/NumberText.h"
 #include "Shared/PathParts.h"
+#include "platform/files/FileSystem.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -30,13 +30,13 @@ bool isSameFile(const std::optional<struct stat> &before, const std::optional<st
 /// left to the tool, which says so at once.
 bool wouldBlock(const QString &moviePath)
 {
-    const auto status = GlobalFun::fileStatus(moviePath);
+    const auto status = FileSystem::status(moviePath);
     return status && !S_ISREG(status->st_mode);
 }
 
 QImage loadPicture(const QString &path)
 {
-    QByteArray bytes = GlobalFun::contentsOf(path).value_or(QByteArray());
+    QByteArray bytes = FileSystem::contentsOf(path).value_or(QByteArray());
     QBuffer buffer(&bytes);
     return QImageReader(&buffer).read();
 }
@@ -61,7 +61,7 @@ GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seco
         return {loadPicture(pictureFile), false};
     }
 
-    const auto before = GlobalFun::fileStatus(pictureFile);
+    const auto before = FileSystem::status(pictureFile);
     TaskWrapper task(nullptr,
                      {tool, u"-ss"_s, GlobalFun::fixedText(seconds, 2), u"-i"_s, moviePath, u"-vframes"_s, u"1"_s,
                       u"-y"_s, pictureFile},
@@ -70,7 +70,7 @@ GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seco
     if (!task.waitUntilTaskExit(cancelled) || cancelled) {
         return {};
     }
-    const bool isNew = !isSameFile(before, GlobalFun::fileStatus(pictureFile));
+    const bool isNew = !isSameFile(before, FileSystem::status(pictureFile));
     return {loadPicture(pictureFile), isNew};
 }
 

@@ -1,7 +1,7 @@
 #include "Shared/HostIdentity.h"
 
-#include "Shared/FileStatus.h"
 #include "Shared/PreferenceKeys.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 #include "platform/store/Bundle.h"
 #include "platform/store/UserDefaults.h"
@@ -34,9 +34,9 @@ QString unquoted(const QByteArray &value)
 QStringList versionParts(const QString &releaseFile)
 {
     static constexpr QByteArrayView key = "VERSION_ID=";
-    auto release = GlobalFun::contentsOf(releaseFile);
+    auto release = FileSystem::contentsOf(releaseFile);
     if (!release) {
-        release = GlobalFun::contentsOf(u"/usr/lib/os-release"_s);
+        release = FileSystem::contentsOf(u"/usr/lib/os-release"_s);
     }
     for (const QByteArray &line : release.value_or(QByteArray()).split('\n')) {
         if (line.startsWith(key)) {

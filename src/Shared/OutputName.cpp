@@ -1,7 +1,7 @@
 #include "Shared/OutputName.h"
 
-#include "Shared/FileStatus.h"
 #include "Shared/PathParts.h"
+#include "platform/files/FileSystem.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ QString GlobalFun::makeSureFullPathIdentical(const QString &path, const QString 
     }
 
     int number = 1;
-    while (isTaken(candidate)) {
+    while (FileSystem::isTaken(candidate)) {
         const QString ending = pathExtension(candidate);
         QString rest = deletingPathExtension(candidate);
         const QString current = token(number);

@@ -6,6 +6,7 @@
 #include "online/crash/CrashReportObject.h"
 #include "online/crash/CrashReportUtil.h"
 #include "platform/Log.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 #include "platform/store/Bundle.h"
 #include "prefs/DefaultsSeed.h"
@@ -53,10 +54,7 @@ QString ProgramSetup::absolutePath(const QString &path)
 
 QString ProgramSetup::toolPath()
 {
-    std::array<char, PATH_MAX> buffer{};
-    const ssize_t length = readlink("/proc/self/exe", buffer.data(), buffer.size());
-    const QByteArrayView executable(buffer.data(), std::max<ssize_t>(length, 0));
-    return FrameGrabber::toolPathBeside(PathText::fromBytes(executable));
+    return FrameGrabber::toolPathBeside(FileSystem::executablePath());
 }
 
 QString ProgramSetup::storePath()

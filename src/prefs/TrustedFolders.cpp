@@ -3,25 +3,14 @@
 #include "Shared/FileHelper.h"
 #include "Shared/PreferenceKeys.h"
 #include "platform/Log.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/FolderBookmarks.h"
 #include "platform/files/PathText.h"
 #include "platform/store/UserDefaults.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-int isReadable(const QString &path)
-{
-    return ::faccessat(AT_FDCWD, PathText::toBytes(path).constData(), R_OK, AT_EACCESS) == 0 ? 1 : 0;
-}
-
-} // namespace
 
 TrustedFolders::TrustedFolders(UserDefaults &store, const FolderBookmarks &folderBookmarks) :
     defaults(store), bookmarks(folderBookmarks)
@@ -61,7 +50,7 @@ void TrustedFolders::loadBookmark(const QByteArray &data)
         }
     }
     qCInfo(lcTessarine).noquote() << "---" << PathText::forDisplay(folder->path);
-    qCInfo(lcTessarine) << "---" << isReadable(folder->path);
+    qCInfo(lcTessarine) << "---" << (FileSystem::isAllowed(folder->path, R_OK) ? 1 : 0);
 }
 
 bool TrustedFolders::append(const QString &path)

@@ -2,10 +2,8 @@
 
 #include "Shared/OutputName.h"
 #include "Shared/PathParts.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
-
-#include <fcntl.h>
-#include <unistd.h>
 
 #include <array>
 #include <climits>
@@ -58,5 +56,5 @@ QString OutputFile::freePath(const QString &folder, const QString &moviePath, co
 
 bool OutputFile::isWritableFolder(const QString &folder)
 {
-    return faccessat(AT_FDCWD, PathText::toBytes(folder).constData(), W_OK | X_OK, AT_EACCESS) == 0;
+    return FileSystem::isAllowed(folder, W_OK | X_OK);
 }

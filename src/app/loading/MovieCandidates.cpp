@@ -2,11 +2,7 @@
 
 #include "Shared/MovieScan.h"
 #include "Shared/PathParts.h"
-#include "platform/files/PathText.h"
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include "platform/files/FileSystem.h"
 
 #include <cerrno>
 #include <system_error>
@@ -38,17 +34,16 @@ QStringList MovieCandidates::expand(const QStringList &paths, const QStringList 
 {
     QStringList candidates;
     for (const QString &path : paths) {
-        struct stat status = {};
         if (cancelled) {
             break;
         }
-        const QByteArray bytes = PathText::toBytes(path);
-        if (lstat(bytes.constData(), &status) != 0) {
+        const auto status = FileSystem::linkStatus(path);
+        if (!status) {
             tell(events.unreadable, path, u"lstat error: " + systemError(errno));
-        } else if (S_ISDIR(status.st_mode)) {
+        } else if (S_ISDIR(status->st_mode)) {
             const QStringList found = GlobalFun::fileListAtDirenctory(path, extensions, cancelled);
             candidates += found;
-            if (faccessat(AT_FDCWD, bytes.constData(), R_OK | X_OK, AT_EACCESS) != 0) {
+            if (!FileSystem::isAllowed(path, R_OK | X_OK)) {
                 tell(events.unreadable, path, systemError(errno));
             } else {
                 tell(events.folder, path, found.size());

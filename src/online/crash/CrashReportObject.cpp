@@ -2,19 +2,14 @@
 
 #include "Shared/HostIdentity.h"
 #include "platform/Log.h"
-#include "platform/files/FileDescriptor.h"
 #include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 #include "platform/store/Bundle.h"
 
 #include <QByteArrayList>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-
-#include <fcntl.h>
-#include <sys/stat.h>
 
 #include <array>
 #include <utility>
@@ -34,21 +29,6 @@ constexpr std::array texts{
 };
 constexpr auto dateName = "date"_L1;
 constexpr auto stackName = "stackArray"_L1;
-
-/// The file's contents; empty when it is no regular file or longer than any record.
-QByteArray contentsOf(const QString &path)
-{
-    static constexpr qint64 longestRecord = qint64{1} << 20;
-    // Without O_NONBLOCK a FIFO would wait for its writer.
-    const FileDescriptor opened(::open(PathText::toBytes(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    struct stat status = {};
-    QFile file;
-    if (!opened.isOpen() || ::fstat(opened.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_size > longestRecord || !file.open(opened.get(), QIODevice::ReadOnly)) {
-        return {};
-    }
-    return file.read(longestRecord);
-}
 
 } // namespace
 
@@ -77,7 +57,9 @@ CrashReportObject CrashReportObject::initWithCrashDate(const QDateTime &date, co
 
 std::optional<CrashReportObject> CrashReportObject::initWithContentsOfFile(const QString &path)
 {
-    const QJsonDocument document = QJsonDocument::fromJson(contentsOf(path));
+    static constexpr qint64 longestRecord = qint64{1} << 20;
+    const QByteArray text = FileSystem::contentsOf(path, longestRecord).value_or(QByteArray());
+    const QJsonDocument document = QJsonDocument::fromJson(text);
     if (!document.isObject()) {
         return std::nullopt;
     }

@@ -1,8 +1,8 @@
 #include "online/crash/CrashReportSender.h"
 
-#include "Shared/FileStatus.h"
 #include "online/crash/CrashReportSenderDelegate.h"
 #include "platform/Log.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 
 #include <cerrno>
@@ -18,7 +18,7 @@ CrashReportSender::CrashReportSender(const QString &path, const CrashReportObjec
 
 bool CrashReportSender::hasPendingCrashReport() const
 {
-    return GlobalFun::isTaken(reportPath);
+    return FileSystem::isTaken(reportPath);
 }
 
 void CrashReportSender::handleCrashReport(CrashReportSenderDelegate *delegate) const

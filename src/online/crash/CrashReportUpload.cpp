@@ -1,8 +1,8 @@
 #include "online/crash/CrashReportUpload.h"
 
-#include "Shared/FileStatus.h"
 #include "online/crash/CrashReportSenderDelegate.h"
 #include "platform/Log.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 
 #include <cstdio>
@@ -20,7 +20,7 @@ CrashReportUpload::CrashReportUpload(const QString &reportPath, NotificationCent
 
 void CrashReportUpload::sendCrashReportToURL(const QUrl &url, CrashReportSenderDelegate *delegate)
 {
-    if (!GlobalFun::isTaken(path)) {
+    if (!FileSystem::isTaken(path)) {
         return;
     }
     target = url;
@@ -41,7 +41,7 @@ void CrashReportUpload::submit()
     lookup.emplace(target.host(), [this](const QString &error) {
         if (!error.isEmpty()) {
             waitForNetwork();
-        } else if (GlobalFun::isTaken(path)) {
+        } else if (FileSystem::isTaken(path)) {
             send();
         }
     });

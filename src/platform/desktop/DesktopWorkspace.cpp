@@ -1,7 +1,7 @@
 #include "platform/desktop/DesktopWorkspace.h"
 
 #include "platform/Log.h"
-#include "platform/files/FileDescriptor.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/FileUri.h"
 #include "platform/files/PathText.h"
 #include "platform/threads/DispatchQueue.h"
@@ -12,8 +12,6 @@
 #include <QDBusUnixFileDescriptor>
 #include <QDesktopServices>
 #include <QUrl>
-
-#include <fcntl.h>
 
 #include <utility>
 
@@ -71,7 +69,7 @@ void DesktopWorkspace::showItems(const QString &path)
 
 void DesktopWorkspace::openDirectory(const QString &path)
 {
-    const FileDescriptor file(::open(PathText::toBytes(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    const FileDescriptor file = FileSystem::open(path);
     if (!file.isOpen()) {
         openPath(folderOf(path));
         return;

@@ -1,10 +1,72 @@
 #include "platform/files/FileSystem.h"
 
+#include "platform/files/PathText.h"
+
+#include <QFile>
+
 #include <fcntl.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
+
+namespace {
+
+/// The path for the system, which would see a shorter one before a NUL; then an empty one, which names nothing.
+QByteArray native(const QString &path)
+{
+    return path.contains(QChar::Null) ? QByteArray() : PathText::toBytes(path);
+}
+
+} // namespace
+
+std::optional<struct stat> FileSystem::status(const QString &path)
+{
+    struct stat found = {};
+    return ::stat(native(path).constData(), &found) == 0 ? std::optional(found) : std::nullopt;
+}
+
+std::optional<struct stat> FileSystem::linkStatus(const QString &path)
+{
+    struct stat found = {};
+    return ::lstat(native(path).constData(), &found) == 0 ? std::optional(found) : std::nullopt;
+}
+
+bool FileSystem::isTaken(const QString &path)
+{
+    return linkStatus(path).has_value();
+}
+
+bool FileSystem::isAllowed(const QString &path, int access)
+{
+    return ::faccessat(AT_FDCWD, native(path).constData(), access, AT_EACCESS) == 0;
+}
+
+FileDescriptor FileSystem::open(const QString &path)
+{
+    return FileDescriptor(::open(native(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+}
+
+std::optional<QByteArray> FileSystem::contentsOf(const QString &path, qint64 mostBytes)
+{
+    const FileDescriptor opened = open(path);
+    QFile file;
+    if (!opened.isOpen() || !file.open(opened.get(), QIODevice::ReadOnly)) {
+        return std::nullopt;
+    }
+    static constexpr qint64 chunkSize = qint64{64} << 10;
+    QByteArray bytes;
+    for (QByteArray chunk; bytes.size() <= mostBytes && !(chunk = file.read(chunkSize)).isEmpty();) {
+        bytes += chunk;
+    }
+    return bytes.size() <= mostBytes ? std::optional(bytes) : std::nullopt;
+}
+
+QString FileSystem::executablePath()
+{
+    std::error_code error;
+    return PathText::fromBytes(std::filesystem::read_symlink("/proc/self/exe", error).c_str());
+}
 
 bool FileSystem::writeAll(int file, std::string_view text)
 {

@@ -1,9 +1,39 @@
 #pragma once
 
+#include "platform/files/FileDescriptor.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <optional>
 #include <string_view>
 
-/// The system's calls on files. Safe on any thread.
+/// The system's calls on files, by PathText's paths; one with a NUL in it names nothing. Safe on any thread.
 namespace FileSystem {
+
+/// What is at the path, links followed; nothing, with errno set, when nothing can be reached there.
+std::optional<struct stat> status(const QString &path);
+/// The same of a link itself.
+std::optional<struct stat> linkStatus(const QString &path);
+
+/// Whether a name is in use: by a link that leads nowhere too.
+bool isTaken(const QString &path);
+
+/// Whether this process may do that with what is at the path: R_OK, W_OK, X_OK or several. With errno set when not.
+bool isAllowed(const QString &path, int access);
+
+/// Opens a file or folder for reading, without ever waiting as for the writer of a FIFO. Not open, with errno set, when
+/// that failed.
+FileDescriptor open(const QString &path);
+
+/// All bytes of the file; nothing when it cannot be opened or holds more than `mostBytes`.
+std::optional<QByteArray> contentsOf(const QString &path, qint64 mostBytes = qint64{256} << 20);
+
+/// The path of the running program.
+QString executablePath();
 
 /// Writes all of the text to an open file; false, with errno set, when some of it is lost. Fit for signal handlers.
 bool writeAll(int file, std::string_view text);

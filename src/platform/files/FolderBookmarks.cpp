@@ -1,6 +1,7 @@
 #include "platform/files/FolderBookmarks.h"
 
 #include "platform/Log.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 
 #include <QDBusConnection>
@@ -8,17 +9,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <sys/stat.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool isThere(const QString &path)
-{
-    struct stat status = {};
-    return !path.contains(QChar::Null) && ::stat(PathText::toBytes(path).constData(), &status) == 0;
-}
 
 QString encoded(const QString &path)
 {
@@ -42,7 +35,7 @@ QJsonObject recordOf(const QByteArray &data, QLatin1StringView kind)
 std::unique_ptr<FolderBookmarks> FolderBookmarks::ofThisSystem(const QDBusConnection &sessionBus,
                                                                const QString &sandboxMarker)
 {
-    if (!isThere(sandboxMarker)) {
+    if (!FileSystem::status(sandboxMarker)) {
         return std::make_unique<PathBookmarks>();
     }
     return std::make_unique<PortalBookmarks>(PortalBookmarks::mountPointOf(sessionBus));
@@ -50,16 +43,15 @@ std::unique_ptr<FolderBookmarks> FolderBookmarks::ofThisSystem(const QDBusConnec
 
 std::optional<QByteArray> PathBookmarks::BookmarkDataForURL(const QString &folderPath) const
 {
-    struct stat status = {};
-    if (folderPath.isEmpty() || folderPath.contains(QChar::Null) ||
-        ::stat(PathText::toBytes(folderPath).constData(), &status) != 0) {
+    const auto status = FileSystem::status(folderPath);
+    if (!status) {
         return std::nullopt;
     }
     const QJsonObject record{
         {u"kind"_s, u"path"_s},
         {u"path"_s, encoded(folderPath)},
-        {u"dev"_s, static_cast<qint64>(status.st_dev)},
-        {u"inode"_s, static_cast<qint64>(status.st_ino)},
+        {u"dev"_s, static_cast<qint64>(status->st_dev)},
+        {u"inode"_s, static_cast<qint64>(status->st_ino)},
     };
     return QJsonDocument(record).toJson(QJsonDocument::Compact);
 }
@@ -70,7 +62,7 @@ std::optional<ResolvedFolder> PathBookmarks::resolve(const QByteArray &data) con
     if (path.isEmpty()) {
         return std::nullopt;
     }
-    return ResolvedFolder{.path = path, .isStale = !isThere(path)};
+    return ResolvedFolder{.path = path, .isStale = !FileSystem::status(path)};
 }
 
 PortalBookmarks::PortalBookmarks(const QString &mountPoint) :
@@ -86,7 +78,7 @@ std::optional<QByteArray> PortalBookmarks::BookmarkDataForURL(const QString &fol
     if (id.isEmpty() || name.isEmpty()) {
         return PathBookmarks().BookmarkDataForURL(folderPath);
     }
-    if (!isThere(folderPath)) {
+    if (!FileSystem::status(folderPath)) {
         return std::nullopt;
     }
     const QJsonObject record{
@@ -104,7 +96,7 @@ std::optional<ResolvedFolder> PortalBookmarks::resolve(const QByteArray &data) c
     }
     // Not the recorded path: the mount point may be another one in this session.
     const QString path = mount + id + u'/' + name;
-    return ResolvedFolder{.path = path, .isStale = !isThere(path)};
+    return ResolvedFolder{.path = path, .isStale = !FileSystem::status(path)};
 }
 
 QString PortalBookmarks::mountPointOf(const QDBusConnection &sessionBus)
