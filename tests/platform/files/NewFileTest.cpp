@@ -28,6 +28,10 @@ int linkat(int from, const char *name, int to, const char *newName, int flags) n
 {
     return hasLinks ? static_cast<int>(::syscall(SYS_linkat, from, name, to, newName, flags)) : (errno = EPERM, -1);
 }
+int fsync(int file)
+{
+    return hasLinks ? static_cast<int>(::syscall(SYS_fsync, file)) : (errno = EINVAL, -1);
+}
 
 TEST(NewFile, RefusesWithoutTrace)
 {
