@@ -2,6 +2,14 @@
 
 #include <gtest/gtest.h>
 
+TEST(GifImage, WritesTransparentEdgesToo)
+{
+    QImage image(40, 30, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    const QByteArray wholeFrame = QByteArray::fromHex("2c0000000028001e00"); // at 0, 0, of 40 by 30 pixels
+    EXPECT_TRUE(encodeGif(image).contains(wholeFrame));
+}
+
 TEST(GifImage, RefusesWhatTheFormatCannotHold)
 {
     // The last is within the sides' limits, but over the number of pixels that the encoder takes.

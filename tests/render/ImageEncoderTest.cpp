@@ -35,7 +35,8 @@ TEST(ImageEncoder, TransparencyIsKeptOrBecomesWhite)
 {
     QImage image(10, 10, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
-    const std::pair<QString, QRgb> pixels[] = {{u"png"_s, 0}, {u"tiff"_s, 0}, {u"jpg"_s, ~0U}, {u"bmp"_s, ~0U}};
+    const std::pair<QString, QRgb> pixels[] = {
+        {u"png"_s, 0}, {u"tiff"_s, 0}, {u"gif"_s, 0}, {u"jpg"_s, ~0U}, {u"bmp"_s, ~0U}};
     for (const auto &[extension, pixel] : pixels) {
         const QByteArray bytes = GlobalFun::dataRepresentationOfType(image, extension);
         EXPECT_EQ(QImage::fromData(bytes).pixel(5, 5), pixel);
