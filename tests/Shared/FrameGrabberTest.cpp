@@ -30,7 +30,7 @@ struct FrameGrabberTest : Test {
 
 TEST_F(FrameGrabberTest, ShowsPicturesOfTheSizeThatTheProbeTells)
 {
-    for (const char *name : {"short.mp4", "odd.mkv", "portrait.mp4", "anamorphic.mp4", "two-sizes.mkv",
+    for (const char *name : {"short.mp4", "odd.mkv", "portrait.mp4", "other-way.mp4", "anamorphic.mp4", "two-sizes.mkv",
                              "small-default.mkv", "no-duration.mkv", "short.avi"}) {
         VXMediaInfoItem item;
         item.filePath = movies + QLatin1StringView(name);
