@@ -3,10 +3,12 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <dirent.h>
+#include <map>
 #include <memory>
-#include <optional>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -20,11 +22,16 @@ struct Entry {
     bool isPlainFile = false; ///< known to be neither folder nor link
 };
 
+/// Device and inode: what a folder is, whatever way leads to it.
+using Identity = std::pair<dev_t, ino_t>;
+
+/// Two links in each folder to the next double the ways at every step.
+constexpr int mostEntries = 64;
+
 /// A folder that the walk is in. Its entries are read at once, so that a deep walk holds no open files.
 struct Level {
     QByteArray path;
-    dev_t device = 0;
-    ino_t inode = 0;
+    Identity identity;
     std::vector<Entry> entries;
     std::size_t next = 0;
 };
@@ -45,18 +52,6 @@ std::vector<Entry> entriesOf(const QByteArray &path)
     return entries;
 }
 
-/// The folder at the path as a level of the walk; nothing when the walk is inside it already.
-std::optional<Level> enter(const QByteArray &path, const struct stat &status, const std::vector<Level> &around)
-{
-    const bool isInside = std::ranges::any_of(around, [&status](const Level &level) {
-        return level.device == status.st_dev && level.inode == status.st_ino;
-    });
-    if (isInside) {
-        return std::nullopt;
-    }
-    return Level{path, status.st_dev, status.st_ino, entriesOf(path)};
-}
-
 QByteArray joined(const QByteArray &folder, const QByteArray &name)
 {
     QByteArray path;
@@ -70,12 +65,25 @@ QByteArray joined(const QByteArray &folder, const QByteArray &name)
 
 } // namespace
 
-void FolderWalk::walk(const QByteArray &folder, const Stop &stop, const Visit &visit)
+void FolderWalk::walk(const QByteArray &folder, const Stop &stop, const Visit &visit, const TellLeftOut &tell)
 {
     struct stat status = {};
     std::vector<Level> levels;
+    std::map<Identity, int> timesEntered;
+    const auto enter = [&](const QByteArray &path) {
+        const Identity identity(status.st_dev, status.st_ino);
+        if (std::ranges::find(levels, identity, &Level::identity) != levels.end()) {
+            return;
+        }
+        const int times = ++timesEntered[identity];
+        if (times <= mostEntries) {
+            levels.push_back({path, identity, entriesOf(path)});
+        } else if (times == mostEntries + 1 && tell) {
+            tell(path, LeftOut::EnteredTooOften);
+        }
+    };
     if (::stat(folder.constData(), &status) == 0) {
-        levels.push_back(*enter(folder, status, levels));
+        enter(folder);
     }
 
     while (!levels.empty() && !stop()) {
@@ -87,12 +95,13 @@ void FolderWalk::walk(const QByteArray &folder, const Stop &stop, const Visit &v
         const Entry &entry = level.entries[level.next++];
         const QByteArray path = joined(level.path, entry.name);
         if (!entry.isPlainFile && ::stat(path.constData(), &status) != 0) {
-            continue;
-        }
-        if (entry.isPlainFile || !S_ISDIR(status.st_mode)) {
+            if (errno == ENAMETOOLONG && tell) {
+                tell(path, LeftOut::PathTooLong);
+            }
+        } else if (entry.isPlainFile || !S_ISDIR(status.st_mode)) {
             visit({path, entry.name, levels.size() - 1});
-        } else if (auto below = enter(path, status, levels)) {
-            levels.push_back(std::move(*below));
+        } else {
+            enter(path);
         }
     }
 }

@@ -6,8 +6,9 @@
 #include <functional>
 
 /// Walks through everything below a folder, each folder's content at the place of the folder, in the order in which the
-/// file system lists it. Links are followed; a folder inside itself (through a link) is not entered again, and what
-/// cannot be read or reached is passed over. Paths are bytes. Safe on any thread.
+/// file system lists it. Links are followed; a folder inside itself (through a link) is not entered again, one that
+/// many ways lead to is entered 64 times at most, and what cannot be read or reached is passed over. Paths are bytes.
+/// Safe on any thread.
 namespace FolderWalk {
 
 /// Something that is no folder.
@@ -22,6 +23,10 @@ using Stop = std::function<bool()>;
 /// Called for every file.
 using Visit = std::function<void(const File &file)>;
 
-void walk(const QByteArray &folder, const Stop &stop, const Visit &visit);
+enum class LeftOut { EnteredTooOften, PathTooLong };
+/// Called for what is there and yet left out; once for a folder that is entered too often.
+using TellLeftOut = std::function<void(const QByteArray &path, LeftOut why)>;
+
+void walk(const QByteArray &folder, const Stop &stop, const Visit &visit, const TellLeftOut &tell = {});
 
 } // namespace FolderWalk

@@ -1,11 +1,10 @@
 #include "Shared/MovieScan.h"
 
-#include "Shared/FolderWalk.h"
 #include "Shared/PathParts.h"
 #include "platform/files/PathText.h"
 
 QStringList GlobalFun::fileListAtDirenctory(const QString &folder, const QStringList &filter,
-                                            const CancelFlag &cancelled)
+                                            const CancelFlag &cancelled, const FolderWalk::TellLeftOut &tell)
 {
     QStringList found;
     const auto keepMovie = [&found, &filter](const FolderWalk::File &file) {
@@ -15,6 +14,6 @@ QStringList GlobalFun::fileListAtDirenctory(const QString &folder, const QString
         }
     };
     FolderWalk::walk(
-        PathText::toBytes(folder), [&cancelled] { return cancelled.load(); }, keepMovie);
+        PathText::toBytes(folder), [&cancelled] { return cancelled.load(); }, keepMovie, tell);
     return found;
 }

@@ -14,13 +14,12 @@
 #include <QFontDatabase>
 #include <QStandardPaths>
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
-#include <climits>
 #include <clocale>
+#include <filesystem>
 #include <langinfo.h>
+#include <string>
+#include <system_error>
 
 void ProgramSetup::ensureUtf8Locale()
 {
@@ -43,13 +42,13 @@ QString ProgramSetup::absolutePath(const QString &path)
     if (path.startsWith(u'/')) {
         return path;
     }
-    std::array<char, PATH_MAX> buffer{};
-    const char *current = getcwd(buffer.data(), buffer.size());
+    std::error_code error; // then the path names nothing, which is told where it is looked at
+    const std::string current = std::filesystem::current_path(error).native();
     qsizetype start = 0;
     while (QStringView(path).mid(start).startsWith(u"./")) {
         start += 2;
     }
-    return PathText::fromBytes(current == nullptr ? "" : current) + u'/' + path.mid(start);
+    return PathText::fromBytes(current) + u'/' + path.mid(start);
 }
 
 QString ProgramSetup::toolPath()

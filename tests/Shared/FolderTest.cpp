@@ -57,6 +57,25 @@ TEST(MovieScan, DoesNotEnterAFolderInsideItself)
     EXPECT_THAT(scan(folder), UnorderedElementsAre("a/1.mp4", "a/to-b/2.mp4", "b/2.mp4", "b/to-a/1.mp4"));
 }
 
+TEST(MovieScan, EntersAFolder64TimesAtMost)
+{
+    const ScratchFolder folder;
+    for (int level = 0; level < 30; ++level) {
+        const QByteArray here = QByteArray::number(level) + '/';
+        folder.write(here + "movie.mp4");
+        for (const char *link : {"a", "b"}) {
+            folder.link("../" + QByteArray::number(level + 1), here + link);
+        }
+    }
+    int told = 0;
+    const QStringList found = fileListAtDirenctory(folder.path("0"), filter, never, [&told](auto &&, auto why) {
+        EXPECT_EQ(why, FolderWalk::LeftOut::EnteredTooOften);
+        ++told;
+    });
+    EXPECT_EQ(found.size(), 1 + 2 + 4 + 8 + 16 + 32 + 24 * 64);
+    EXPECT_EQ(told, 23);
+}
+
 TEST(MovieScan, PassesOverWhatItCannotRead)
 {
     const ScratchFolder folder;
@@ -76,6 +95,10 @@ TEST(MovieScan, PassesOverWhatItCannotRead)
     ::close(level);
     const WithoutPrivileges plainUser;
     EXPECT_THAT(scan(folder), ElementsAre("open/3.mp4"));
+    int tooLong = 0;
+    fileListAtDirenctory(folder.path(), filter, never,
+                         [&tooLong](auto &&, auto why) { tooLong += why == FolderWalk::LeftOut::PathTooLong ? 1 : 0; });
+    EXPECT_EQ(tooLong, 1);
 }
 
 TEST(FolderMaking, MakesFoldersAndLeavesFilesAlone)

@@ -100,6 +100,9 @@ QStringList ExportCommand::findCandidates()
 {
     MovieCandidates::Events events;
     events.unreadable = [this](const QString &path, const QString &error) { report(path, error); };
+    events.linkedTooOften = [this](const QString &path) {
+        services.console.printMessage(path, u"is not searched again, too many links lead to it"_s);
+    };
     events.vobRefused = [this](const QString &path) {
         report(path, u"single .vob files are taken only with --set AppSupportVob=true"_s);
     };

@@ -79,6 +79,9 @@ QStringList LoadingJob::findCandidates(const QStringList &paths) const
     events.unreadable = [](const QString & /*path*/, const QString &error) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(error));
     };
+    events.linkedTooOften = [](const QString &path) {
+        qCWarning(lcTessarine).noquote() << "too many links lead to" << PathText::forDisplay(path);
+    };
     events.folder = [this](const QString &path, qsizetype /*movies*/) { services.observer.folderFound(path); };
     return MovieCandidates::expand(paths, GlobalFun::getSupportedFmts(VXConfigManager(services.defaults)),
                                    services.defaults.boolValue(PreferenceKeys::appSupportVob), events,

@@ -41,7 +41,14 @@ QStringList MovieCandidates::expand(const QStringList &paths, const QStringList 
         if (!status) {
             tell(events.unreadable, path, u"lstat error: " + systemError(errno));
         } else if (S_ISDIR(status->st_mode)) {
-            const QStringList found = GlobalFun::fileListAtDirenctory(path, extensions, cancelled);
+            const auto leftOut = [&events](const QByteArray &place, FolderWalk::LeftOut why) {
+                if (why == FolderWalk::LeftOut::PathTooLong) {
+                    tell(events.unreadable, PathText::fromBytes(place), systemError(ENAMETOOLONG));
+                } else {
+                    tell(events.linkedTooOften, PathText::fromBytes(place));
+                }
+            };
+            const QStringList found = GlobalFun::fileListAtDirenctory(path, extensions, cancelled, leftOut);
             candidates += found;
             if (!FileSystem::isAllowed(path, R_OK | X_OK)) {
                 tell(events.unreadable, path, systemError(errno));

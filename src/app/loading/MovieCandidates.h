@@ -14,6 +14,8 @@ namespace MovieCandidates {
 struct Events {
     /// The path could not be looked at, or the folder not be listed; `error` is for the user.
     std::function<void(const QString &path, const QString &error)> unreadable;
+    /// A folder that so many links lead to that it is not searched once more; its movies have been found.
+    std::function<void(const QString &path)> linkedTooOften;
     /// A single .vob file, which is only taken where the user has allowed it.
     std::function<void(const QString &path)> vobRefused;
     /// A folder, after its movies have been found (there may be none).
