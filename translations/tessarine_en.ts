@@ -51,11 +51,18 @@
         <source>Import movies</source>
         <translation type="unfinished"></translation>
     </message>
-    <message id="status_failures" numerus="yes">
-        <source>No collage of %n movie(s): %1</source>
+    <message id="export_waiting" numerus="yes">
+        <source>Waiting for frame %1 of %2 for %n second(s)</source>
         <translation>
-            <numerusform>No collage of %n movie: %1</numerusform>
-            <numerusform>No collage of %n movies: %1</numerusform>
+            <numerusform>Waiting for frame %1 of %2 for %n second</numerusform>
+            <numerusform>Waiting for frame %1 of %2 for %n seconds</numerusform>
+        </translation>
+    </message>
+    <message id="status_failures" numerus="yes">
+        <source>Trouble with %n movie(s): %1</source>
+        <translation>
+            <numerusform>Trouble with %n movie: %1</numerusform>
+            <numerusform>Trouble with %n movies: %1</numerusform>
         </translation>
     </message>
     <message id="about_title">

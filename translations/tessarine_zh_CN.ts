@@ -51,10 +51,16 @@
         <source>Import movies</source>
         <translation>导入影片</translation>
     </message>
-    <message id="status_failures" numerus="yes">
-        <source>No collage of %n movie(s): %1</source>
+    <message id="export_waiting" numerus="yes">
+        <source>Waiting for frame %1 of %2 for %n second(s)</source>
         <translation>
-            <numerusform>%n 部影片未能生成拼图：%1</numerusform>
+            <numerusform>正在等待第 %1 帧（共 %2 帧），已等待 %n 秒</numerusform>
+        </translation>
+    </message>
+    <message id="status_failures" numerus="yes">
+        <source>Trouble with %n movie(s): %1</source>
+        <translation>
+            <numerusform>%n 部影片出现问题：%1</numerusform>
         </translation>
     </message>
     <message id="about_title">

@@ -88,6 +88,7 @@ ChildProcess::ChildProcess(const QStringList &arguments)
     const FileDescriptor outputs(ends[1]);
     ::fcntl(output.get(), F_SETFL, O_NONBLOCK);
     process = spawn(arguments, outputs.get());
+    ran = process > 0;
     // The C library's own function for it does not link from C++ everywhere. Without the file, waiting wakes up later.
     if (process > 0) {
         end.reset(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));

@@ -25,6 +25,8 @@ public:
 
     /// As of the last wait(); turns false once and for good.
     bool isRunning() const { return process > 0; }
+    /// Whether there was a program that could be run.
+    bool hasRun() const { return ran; }
     /// Its exit status, or the number of the signal that ended it. Nothing while it runs.
     std::optional<int> exitStatus() const { return status; }
 
@@ -50,5 +52,6 @@ private:
     FileDescriptor end; ///< becomes readable when the program has ended
     FileDescriptor output;
     bool hearsOutput = true;
+    bool ran = false;
     std::optional<int> status;
 };

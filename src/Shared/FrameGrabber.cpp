@@ -3,11 +3,16 @@
 #include "Shared/NumberText.h"
 #include "Shared/PathParts.h"
 #include "platform/files/FileSystem.h"
+#include "platform/files/PathText.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QImageReader>
 
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
 #include <tuple>
 #include <utility>
 
@@ -34,6 +39,39 @@ bool wouldBlock(const QString &moviePath)
     return status && !S_ISREG(status->st_mode);
 }
 
+/// Why the tool has given no picture, as far as that can be seen from outside.
+QString problemOf(const QString &moviePath, const TaskWrapper &task, const QString &tool)
+{
+    if (!task.brokenLimit().isEmpty()) {
+        return u"ffmpeg was stopped, it "_s + task.brokenLimit();
+    }
+    if (!task.hasRun()) {
+        return u"ffmpeg cannot be run, expected at "_s + PathText::forDisplay(tool);
+    }
+    if (!FileSystem::isAllowed(moviePath, R_OK)) {
+        return QString::fromStdString(std::generic_category().message(errno));
+    }
+    return {};
+}
+
+/// Passes on each new second of a tool's run.
+class Seconds final : public TaskController {
+public:
+    explicit Seconds(const FrameGrabber::Waiting &hearer) : waiting(hearer) {}
+
+    void processRuns(std::chrono::milliseconds time) override
+    {
+        const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
+        if (waiting && seconds > std::exchange(told, std::max(told, seconds))) {
+            waiting(seconds);
+        }
+    }
+
+private:
+    const FrameGrabber::Waiting &waiting;
+    std::chrono::seconds told{1}; // the first second is nothing to tell of
+};
+
 QImage loadPicture(const QString &path)
 {
     QByteArray bytes = FileSystem::contentsOf(path).value_or(QByteArray());
@@ -51,18 +89,20 @@ FrameGrabber::FrameGrabber(QString toolPath, const QString &temporaryFolder, Tas
     QImageReader::setAllocationLimit(0); // a frame of an 8K movie needs more than the 128 MB that Qt allows
 }
 
-GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled)
+GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled,
+                                           const Waiting &waiting)
 {
     const std::lock_guard lock(oneAtATime);
     if (cancelled) {
         return {};
     }
     if (wouldBlock(moviePath)) {
-        return {loadPicture(pictureFile), false};
+        return {loadPicture(pictureFile), false, u"is not a regular file"_s, false};
     }
 
     const auto before = FileSystem::status(pictureFile);
-    TaskWrapper task(nullptr,
+    Seconds clock(waiting);
+    TaskWrapper task(&clock,
                      {tool, u"-ss"_s, GlobalFun::fixedText(seconds, 2), u"-i"_s, moviePath, u"-vframes"_s, u"1"_s,
                       u"-y"_s, pictureFile},
                      limits);
@@ -70,8 +110,15 @@ GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seco
     if (!task.waitUntilTaskExit(cancelled) || cancelled) {
         return {};
     }
-    const bool isNew = !isSameFile(before, FileSystem::status(pictureFile));
-    return {loadPicture(pictureFile), isNew};
+    GrabbedFrame frame;
+    frame.picture = loadPicture(pictureFile);
+    frame.isNew = !isSameFile(before, FileSystem::status(pictureFile)) && task.brokenLimit().isEmpty();
+    frame.isNew = frame.isNew && !frame.picture.isNull();
+    frame.hasHung = task.hasHung();
+    if (!frame.isNew) {
+        frame.problem = problemOf(moviePath, task, tool);
+    }
+    return frame;
 }
 
 QString FrameGrabber::toolPathBeside(const QString &executablePath)

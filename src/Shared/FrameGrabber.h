@@ -6,25 +6,33 @@
 #include <QImage>
 #include <QString>
 
+#include <chrono>
+#include <functional>
 #include <mutex>
 
 /// One picture of a movie.
 struct GrabbedFrame {
-    QImage picture;     ///< null when no grab has given a picture yet
-    bool isNew = false; ///< false: the tool wrote nothing, and this is the picture of an earlier grab
+    QImage picture;       ///< null when no grab has given a picture yet
+    bool isNew = false;   ///< false: the tool wrote no picture, and this is that of an earlier grab
+    QString problem;      ///< why not, for the user; empty when the tool just found none
+    bool hasHung = false; ///< the tool had to be stopped, and would have to be again
 };
 
 /// Grabs single frames of movies with the external `ffmpeg` tool. One per process, owned by main; safe on any thread,
 /// grabs run one after the other.
 class FrameGrabber {
 public:
+    using Waiting = std::function<void(std::chrono::seconds)>;
+
     /// `toolPath` is the tool to run; the frames pass through the file "x.jpg" in `temporaryFolder`, which should be
     /// this process's own. `patience` says when a tool that does not end is stopped.
     FrameGrabber(QString toolPath, const QString &temporaryFolder, TaskLimits patience = {});
 
     /// The frame shown at `seconds`. When the tool gives none, the previous grab's picture, whatever movie it was of.
-    /// Setting `cancelled` stops the running tool; the result is then of no use.
-    GrabbedFrame createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled);
+    /// Setting `cancelled` stops the running tool; the result is then of no use. `waiting`, which may be empty, hears
+    /// each second for how long the tool has been running, from the second one on.
+    GrabbedFrame createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled,
+                                 const Waiting &waiting = {});
 
     /// Where the tool is expected: "<path of the executable>/../ffmpeg", resolved as text.
     static QString toolPathBeside(const QString &executablePath);

@@ -6,6 +6,8 @@
 #include <csignal>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -14,6 +16,12 @@ namespace {
 constexpr auto lookInterval = 50ms;
 /// What a tool gets to end in good order before it is killed.
 constexpr auto graceTime = 500ms;
+
+QString inWords(std::chrono::milliseconds time)
+{
+    return time >= 2min ? u"%1 minutes"_s.arg(std::chrono::floor<std::chrono::minutes>(time).count())
+                        : u"%1 seconds"_s.arg(std::chrono::duration<double>(time).count());
+}
 
 } // namespace
 
@@ -42,6 +50,7 @@ void TaskWrapper::startProcess()
         controller->processStarted();
     }
     sinceSignOfLife.start();
+    sinceStart.start();
     task = std::make_unique<ChildProcess>(arguments);
 }
 
@@ -62,7 +71,7 @@ bool TaskWrapper::getData()
         controller->appendOutput(decoder(*chunk));
     }
     if (outputBytes > limits.outputBytes) {
-        demandEnd();
+        breakLimit(u"printed messages without end"_s);
     }
     return true;
 }
@@ -145,6 +154,14 @@ void TaskWrapper::demandEnd()
     killTime = std::min(killTime, QDeadlineTimer(graceTime));
 }
 
+void TaskWrapper::breakLimit(const QString &limit)
+{
+    if (broken.isEmpty()) {
+        broken = limit;
+    }
+    demandEnd();
+}
+
 /// Ends a tool that will not end by itself.
 void TaskWrapper::watch()
 {
@@ -152,8 +169,16 @@ void TaskWrapper::watch()
     if (isSuspended || std::exchange(processorTicks, ticks) != ticks) {
         sinceSignOfLife.start();
     }
+    hung = hung || killTime.hasExpired();
     if (sinceSignOfLife.hasExpired(limits.silence.count())) {
-        demandEnd();
+        hung = true;
+        breakLimit(u"did nothing for %1"_s.arg(inWords(limits.silence)));
+    } else if (sinceStart.hasExpired(limits.wholeRun.count())) {
+        hung = true;
+        breakLimit(u"was not done after %1"_s.arg(inWords(limits.wholeRun)));
+    }
+    if (controller) {
+        controller->processRuns(std::chrono::milliseconds(sinceStart.elapsed()));
     }
     if (killTime.hasExpired()) {
         task->sendSignal(SIGKILL);

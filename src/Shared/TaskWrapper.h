@@ -13,12 +13,14 @@
 #include <cstdint>
 #include <memory>
 
-/// When a running tool is taken for one that will never end by itself.
+/// When a running tool is taken for one that will never end by itself, or not in useful time.
 struct TaskLimits {
     /// No output and no processor time for so long.
     std::chrono::milliseconds silence = std::chrono::seconds(60);
     /// More output than so many bytes.
     std::int64_t outputBytes = std::int64_t{64} << 20;
+    /// Running for so long, whatever it does.
+    std::chrono::milliseconds wholeRun = std::chrono::minutes(10);
 };
 
 /// Runs one external tool and waits for its end. Owned by whoever needs the tool; to be used on one thread, which needs
@@ -35,6 +37,14 @@ public:
     /// Runs the tool, its two outputs as one, its input empty. What cannot be run ends at once, without a word.
     void startProcess();
 
+    /// Whether there was a program to run.
+    bool hasRun() const { return task && task->hasRun(); }
+
+    /// The limit that it broke, for the user; empty when it has kept them all.
+    QString brokenLimit() const { return broken; }
+    /// Whether another run like this would be as long in vain.
+    bool hasHung() const { return hung; }
+
     /// Waits until the tool has ended.
     void waitUntilTaskExit();
     /// The same, but setting `cancelled` stops the tool; false when it did.
@@ -50,6 +60,7 @@ private:
     bool getData();
     void FFMpegDidTerminate();
     void demandEnd();
+    void breakLimit(const QString &limit);
     void watch();
     bool isRunning() const { return task && task->isRunning(); }
 
@@ -62,6 +73,9 @@ private:
     std::int64_t outputBytes = 0;
     std::int64_t processorTicks = 0;
     bool isSuspended = false;
+    bool hung = false;
+    QString broken;
+    QElapsedTimer sinceStart;
     QElapsedTimer sinceSignOfLife;
     QDeadlineTimer killTime{QDeadlineTimer::Forever};
 };

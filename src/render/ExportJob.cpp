@@ -14,6 +14,7 @@
 #include "render/ExportObserver.h"
 #include "render/ImageEncoder.h"
 #include "render/MetadataText.h"
+#include "render/MissingFrames.h"
 #include "render/MovieSource.h"
 #include "render/OutputFile.h"
 #include "render/TileSource.h"
@@ -35,9 +36,9 @@ public:
 
     QImage picture(std::int64_t tile, double seconds) override
     {
-        const GrabbedFrame frame = services.grabber.createThumbnail(report.filePath, seconds, services.bExportCanceled);
+        grab(seconds);
         if (!services.bExportCanceled) {
-            missing += frame.isNew && !frame.picture.isNull() ? 0 : 1;
+            missing.add(seconds, frame);
             report.tile = tile + 1;
             report.picture = frame.picture;
             services.observer.updateProgress(report);
@@ -45,13 +46,35 @@ public:
         return frame.picture;
     }
 
-    std::int64_t missingFrames() const { return missing; }
+    const MissingFrames &missingFrames() const { return missing; }
 
 private:
+    /// A movie at which the tool hangs costs its patience once, not at every tile.
+    void grab(double seconds)
+    {
+        if (frame.hasHung) {
+            frame.isNew = false;
+            return;
+        }
+        frame = services.grabber.createThumbnail(report.filePath, seconds, services.bExportCanceled,
+                                                 [this](std::chrono::seconds time) {
+                                                     ExportProgress waiting = report;
+                                                     waiting.waited = time;
+                                                     services.observer.updateProgress(waiting);
+                                                 });
+    }
+
     const ExportServices &services;
     ExportProgress report;
-    std::int64_t missing = 0;
+    GrabbedFrame frame;
+    MissingFrames missing;
 };
+
+void fail(ExportResult &result, const QString &reason)
+{
+    result.kind = ExportResult::Kind::Failed;
+    result.reason = reason;
+}
 
 QString impossibleCanvas(const CollageLayout &layout)
 {
@@ -84,56 +107,73 @@ void ExportJob::run()
 /// Memory that runs out costs this movie only.
 void ExportJob::exportOrFail(const KTMovieObject &movie, int index)
 {
+    ExportResult result;
+    result.filePath = movie.filePath;
     try {
-        exportMovie(movie, index);
+        exportMovie(movie, index, result);
     } catch (const std::bad_alloc &) {
-        fail(movie, u"there is not enough memory for the collage"_s);
+        fail(result, u"there is not enough memory for the collage"_s);
+        tell(result);
     }
 }
 
-void ExportJob::exportMovie(const KTMovieObject &movie, int index)
+void ExportJob::exportMovie(const KTMovieObject &movie, int index, ExportResult &result)
 {
-    const QImage canvas = render(movie, index);
+    const QImage canvas = render(movie, index, result);
     if (services.bExportCanceled) {
         return;
     }
     const std::int64_t format = services.defaults.int64Value(PreferenceKeys::outputFormat);
     const std::optional<QString> extension = OutputFile::extensionForFormat(format);
     if (!extension) {
-        fail(movie, u"no image format has the number %1"_s.arg(format));
+        fail(result, u"no image format has the number %1"_s.arg(format));
+        tell(result);
         return;
     }
     QString path = OutputFile::freePath(folderFor(movie), movie.filePath, *extension);
-    const QString folder = GlobalFun::deletingLastPathComponent(path);
-    if (!OutputFile::isWritableFolder(folder)) {
-        const QString message = u"The output path %1 is not writable,Please set up the priviledge at the Finder"_s;
-        if (services.alert.run(u"Alert!"_s, message.arg(PathText::forDisplay(folder)), {u"Continue"_s}) == 0) {
-            return;
-        }
+    if (!mayBeWritten(path, result)) {
+        tell(result);
+        return;
     }
-    path = write(movie, canvas, *extension, path);
+    path = write(movie, canvas, path, result);
     if (path.isEmpty()) {
         return;
     }
+    tell(result);
     // They run after a failed write too: the user has waited for this movie and sees what became of it.
     runAfterExportActions(path);
 }
 
-QImage ExportJob::render(const KTMovieObject &movie, int index)
+QImage ExportJob::render(const KTMovieObject &movie, int index, ExportResult &result)
 {
     const CollageTextItems items = CollageTextItems::fromDefaults(services.defaults);
     const CollagePainter painter(movie.settings(), styles, items, getMetaStrWithObject(movie, items.metadataBits));
     QImage canvas = painter.makeCanvas();
     if (canvas.isNull()) {
-        fail(movie, impossibleCanvas(painter.layout()));
+        fail(result, impossibleCanvas(painter.layout()));
         return canvas;
     }
     const std::int64_t tiles = painter.layout().tileCount();
-    GrabbedTiles source(services, {movie.filePath, index, services.aryItems.count(), 0, tiles, {}});
-    if (painter.paint(canvas, source, services.bExportCanceled) && source.missingFrames() > 0) {
-        services.observer.framesMissing(movie.filePath, source.missingFrames(), tiles);
-    }
+    GrabbedTiles source(services, {movie.filePath, index, services.aryItems.count(), 0, tiles, {}, {}});
+    painter.paint(canvas, source, services.bExportCanceled);
+    source.missingFrames().tell(movie, result);
     return canvas;
+}
+
+/// Asks the user where the folder is not writable; the default answer is to leave this movie out.
+bool ExportJob::mayBeWritten(const QString &path, ExportResult &result)
+{
+    const QString folder = GlobalFun::deletingLastPathComponent(path);
+    if (OutputFile::isWritableFolder(folder)) {
+        return true;
+    }
+    const QString message = u"The output path %1 is not writable,Please set up the priviledge at the Finder"_s.arg(
+        PathText::forDisplay(folder));
+    if (services.alert.run(u"Alert!"_s, message, {u"Continue"_s}) != 0) {
+        return true;
+    }
+    fail(result, message);
+    return false;
 }
 
 QString ExportJob::folderFor(const KTMovieObject &movie) const
@@ -143,23 +183,24 @@ QString ExportJob::folderFor(const KTMovieObject &movie) const
                : services.outputFolder();
 }
 
-QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, const QString &extension, QString path)
+QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, QString path, ExportResult &result)
 {
     qCInfo(lcTessarine).noquote() << "image write to path :" << PathText::forDisplay(path);
     if (canvas.isNull()) {
-        return path; // has been reported
+        return path; // the result says so
     }
     if (const QString folder = GlobalFun::deletingLastPathComponent(path); folder != tidyFolder) {
         NewFile::removeLeftovers(folder);
         tidyFolder = folder;
     }
+    const QString extension = GlobalFun::pathExtension(path);
     NewFile file(path, services.bExportCanceled);
     const bool encoded = !file.error() && GlobalFun::writeRepresentationOfType(canvas, extension, file);
     if (file.error() == std::errc::operation_canceled) {
         return {};
     }
     if (!encoded && !file.error()) {
-        fail(movie, u"the image cannot be encoded as "_s + extension);
+        fail(result, u"the image cannot be encoded as "_s + extension);
         return path;
     }
     std::error_code error = file.publishAs(path);
@@ -168,17 +209,21 @@ QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, const
         error = file.publishAs(path);
     }
     if (error) {
-        fail(movie, PathText::forDisplay(path) + u": "_s + QString::fromStdString(error.message()));
+        fail(result, PathText::forDisplay(path) + u": "_s + QString::fromStdString(error.message()));
     } else {
-        services.observer.imageWritten(movie.filePath, path);
+        result.imagePath = path;
     }
     return path;
 }
 
-void ExportJob::fail(const KTMovieObject &movie, const QString &reason)
+void ExportJob::tell(const ExportResult &result)
 {
-    qCInfo(lcTessarine).noquote() << "no image of" << PathText::forDisplay(movie.filePath) << ":" << reason;
-    services.observer.movieFailed(movie.filePath, reason);
+    if (!result.reason.isEmpty()) {
+        const bool isWritten = !result.imagePath.isEmpty();
+        qCInfo(lcTessarine).noquote() << (isWritten ? "image of" : "no image of")
+                                      << PathText::forDisplay(result.filePath) << ":" << result.reason;
+    }
+    services.observer.movieEnded(result);
 }
 
 void ExportJob::runAfterExportActions(const QString &path)

@@ -15,6 +15,7 @@ class MovieSource;
 class QImage;
 class UserDefaults;
 class Workspace;
+struct ExportResult;
 
 /// What an export works with; all of it must outlive the job.
 struct ExportServices {
@@ -46,12 +47,13 @@ public:
 
 private:
     void exportOrFail(const KTMovieObject &movie, int index);
-    void exportMovie(const KTMovieObject &movie, int index);
-    QImage render(const KTMovieObject &movie, int index);
+    void exportMovie(const KTMovieObject &movie, int index, ExportResult &result);
+    QImage render(const KTMovieObject &movie, int index, ExportResult &result);
     QString folderFor(const KTMovieObject &movie) const;
+    bool mayBeWritten(const QString &path, ExportResult &result);
     /// The path at which the image stands, or would if it could have been written. Nothing after a cancel.
-    QString write(const KTMovieObject &movie, const QImage &canvas, const QString &extension, QString path);
-    void fail(const KTMovieObject &movie, const QString &reason);
+    QString write(const KTMovieObject &movie, const QImage &canvas, QString path, ExportResult &result);
+    void tell(const ExportResult &result);
     void runAfterExportActions(const QString &path);
 
     ExportServices services;

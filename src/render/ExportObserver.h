@@ -3,16 +3,35 @@
 #include <QImage>
 #include <QString>
 
+#include <chrono>
 #include <cstdint>
 
-/// How far an export is, after the picture of each tile.
+/// How far an export is, after the picture of each tile and while the next one is waited for.
 struct ExportProgress {
     QString filePath; ///< the movie in work
     int movie = 0;    ///< its index, from 0
     int movieCount = 0;
-    std::int64_t tile = 0; ///< tiles of this movie done, from 1
+    std::int64_t tile = 0;          ///< tiles of this movie done, from 1
+    std::int64_t tileCount = 0;     ///< 0: the file is still being looked into
+    QImage picture;                 ///< of this tile; may be null
+    std::chrono::seconds waited{0}; ///< not 0: the picture of the tile after this one has been waited for so long
+};
+
+/// What has become of one movie of an export.
+struct ExportResult {
+    enum class Kind {
+        Written,
+        Incomplete, ///< an image was written that does not show all of what it should
+        Failed,     ///< there is no image
+    };
+
+    Kind kind = Kind::Written;
+    QString filePath;               ///< the movie
+    QString imagePath;              ///< where its image stands; empty when there is none
+    QString reason;                 ///< what is wrong, for the user; empty when all is well
+    std::int64_t missingFrames = 0; ///< tiles that show an earlier picture, or none
     std::int64_t tileCount = 0;
-    QImage picture; ///< of this tile; may be null
+    bool isRangeOutside = false; ///< frames are missing because the movie ends before its range does
 };
 
 /// Hears what an export does. Called on the export's thread; the export does not wait for what a call sets going.
@@ -21,12 +40,8 @@ public:
     virtual ~ExportObserver() = default;
 
     virtual void updateProgress(const ExportProgress &progress) = 0;
-    /// A complete image stands at the path.
-    virtual void imageWritten(const QString &moviePath, const QString &imagePath) = 0;
-    /// No image was written; the reason is for the user. Not called where the alert panel has said so.
-    virtual void movieFailed(const QString &moviePath, const QString &reason) = 0;
-    /// The image shows an earlier picture, or none, on this many of its tiles.
-    virtual void framesMissing(const QString &moviePath, std::int64_t missing, std::int64_t tileCount) = 0;
+    /// Called once for each movie, as soon as its image is written or cannot be; not for one that was cancelled.
+    virtual void movieEnded(const ExportResult &result) = 0;
     /// The last call, also after a cancel.
     virtual void exportEnded() = 0;
 };

@@ -114,6 +114,7 @@ TEST_F(TaskWrapperTest, StopsAToolThatWillNeverEnd)
         {"sleep 1000", {.silence = 200ms}, "ended 15"},
         {"trap '' TERM; sleep 1000", {.silence = 200ms}, "ended 9"},
         {"trap '' TERM; exec >&- 2>&-; while :; do :; done", {.silence = 200ms}, "ended 9"},
+        {"while :; do echo busy; done", {.wholeRun = 300ms}, "ended 15"},
         {"exec yes", {.outputBytes = 1 << 20}, "ended 15"},
         {"trap '' TERM; while :; do echo flood; done", {.outputBytes = 1 << 16}, "ended 9"},
     };

@@ -15,10 +15,12 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
 #include <vector>
 
 using namespace Qt::StringLiterals;
 
+using namespace std::chrono_literals;
 using testing::ElementsAre;
 
 /// Keeps a diary of an export: everything it calls, in order.
@@ -26,6 +28,7 @@ class Diary final : public MovieSource, public AlertPanel, public Workspace, pub
 public:
     std::vector<std::shared_ptr<KTMovieObject>> movies;
     std::vector<std::string> entries;
+    QStringList reasons;
     int alertAnswer = 0;
     std::function<void(const ExportProgress &)> onProgress = [](const ExportProgress &) {};
     int count() override { return static_cast<int>(movies.size()); }
@@ -44,15 +47,20 @@ public:
     void revealFile(const QString &path) override { write(u"reveal " + name(path)); }
     void updateProgress(const ExportProgress &progress) override
     {
-        const auto &[path, movie, movieCount, tile, tileCount, picture] = progress;
-        write(u"movie %1/%2 tile %3/%4"_s.arg(movie).arg(movieCount).arg(tile).arg(tileCount));
+        const auto &[path, movie, movieCount, tile, tileCount, picture, waited] = progress;
+        write((waited > 0s ? u"waiting "_s : u""_s) +
+              u"movie %1/%2 tile %3/%4"_s.arg(movie).arg(movieCount).arg(tile).arg(tileCount));
         onProgress(progress);
     }
-    void imageWritten(const QString & /*movie*/, const QString &path) override { write(u"written " + name(path)); }
-    void movieFailed(const QString &movie, const QString & /*reason*/) override { write(u"failed " + name(movie)); }
-    void framesMissing(const QString & /*movie*/, std::int64_t missing, std::int64_t count) override
+    void movieEnded(const ExportResult &result) override
     {
-        write(u"missing %1 of %2"_s.arg(missing).arg(count));
+        static constexpr std::array kinds{"written ", "incomplete ", "failed "};
+        const bool failed = result.kind == ExportResult::Kind::Failed;
+        EXPECT_EQ(failed, result.imagePath.isEmpty());
+        EXPECT_EQ(result.kind == ExportResult::Kind::Written, result.reason.isEmpty());
+        write(QLatin1StringView(kinds.at(static_cast<std::size_t>(result.kind))) +
+              name(failed ? result.filePath : result.imagePath));
+        reasons += result.reason;
     }
     void exportEnded() override { write(u"end"_s); }
 
@@ -79,7 +87,7 @@ struct ExportJobTest : testing::Test {
     }
     void exportAll()
     {
-        FrameGrabber grabber(tool, folder.path());
+        FrameGrabber grabber(tool, folder.path(), {.silence = patience});
         ExportJob job({diary, grabber, defaults, diary, diary, diary, [this] { return outputFolder; }, cancelled});
         job.run();
         job.run(); // a second time does nothing
@@ -90,6 +98,7 @@ struct ExportJobTest : testing::Test {
     QString tool = scriptedTool(folder, "tool", "cp \"${0%/*}/picture.jpg\" \"$8\"");
     QString outputFolder = folder.path("out");
     UserDefaults defaults{folder.path("settings.json")};
+    std::chrono::milliseconds patience = 60s;
     Diary diary;
     CancelFlag cancelled = false;
 };
@@ -127,8 +136,8 @@ TEST_F(ExportJobTest, AnUnwritableFolderAsksAndItsDefaultAnswerSkipsTheMovie)
     exportAll();
     const std::string alert = "alert Alert!|The output path " + outputFolder.toStdString() +
                               " is not writable,Please set up the priviledge at the Finder|Continue";
-    EXPECT_THAT(diary.entries, ElementsAre("movie 0/1 tile 1/1", alert, "end", "movie 0/1 tile 1/1", alert,
-                                           "failed a.mov", "open a.jpg", "end"));
+    EXPECT_THAT(diary.entries, ElementsAre("movie 0/1 tile 1/1", alert, "failed a.mov", "end", "movie 0/1 tile 1/1",
+                                           alert, "failed a.mov", "open a.jpg", "end"));
 }
 
 TEST_F(ExportJobTest, MemoryThatRunsOutCostsOneMovie)
@@ -179,6 +188,18 @@ TEST_F(ExportJobTest, OneMoviesTroubleStaysItsOwn)
     add("a.mov", 2);
     tool = scriptedTool(folder, "failing", "exit 1");
     exportAll();
-    EXPECT_THAT(diary.entries, ElementsAre("failed huge.mov", "written empty.jpg", "movie 2/3 tile 1/2",
-                                           "movie 2/3 tile 2/2", "missing 2 of 2", "written a.jpg", "end"));
+    EXPECT_THAT(diary.entries, ElementsAre("failed huge.mov", "incomplete empty.jpg", "movie 2/3 tile 1/2",
+                                           "movie 2/3 tile 2/2", "incomplete a.jpg", "end"));
+}
+
+TEST_F(ExportJobTest, AToolThatHangsIsTriedOncePerMovie)
+{
+    add("a.mov", 3);
+    add("b.mov", 3);
+    tool = scriptedTool(folder, "hanging", "echo run >>\"${0%/*}/runs\"; exec sleep 1000");
+    patience = 200ms;
+    exportAll();
+    EXPECT_EQ(folder.read("runs"), "run\nrun\n");
+    EXPECT_THAT(diary.entries, testing::IsSupersetOf({"movie 0/2 tile 3/3", "incomplete a.jpg", "incomplete b.jpg"}));
+    EXPECT_TRUE(diary.reasons.value(0).startsWith(u"3 of 3 frames could not be grabbed: ffmpeg was stopped"));
 }

@@ -4,13 +4,12 @@
 
 #include <utility>
 
-CommandLineMovies::CommandLineMovies(QStringList paths, MovieLoader movieLoader, ClipRange range,
-                                     std::function<void(const QString &, const QString &)> onUnreadable,
+CommandLineMovies::CommandLineMovies(QStringList paths, MovieLoader movieLoader, ClipRange range, Events movieEvents,
                                      const CancelFlag &cancelFlag) :
     candidates(std::move(paths)),
     loader(movieLoader),
     clip(range),
-    unreadable(std::move(onUnreadable)),
+    events(std::move(movieEvents)),
     cancelled(cancelFlag)
 {
 }
@@ -23,10 +22,11 @@ int CommandLineMovies::count()
 std::shared_ptr<KTMovieObject> CommandLineMovies::movieAt(int index)
 {
     const QString &path = candidates.at(index);
+    events.loading(path, index);
     const MovieLoader::Result result = loader.load(path, cancelled);
     if (!result.movie) {
         if (!cancelled) {
-            unreadable(path, result.problem);
+            events.unreadable(path, result.problem);
         }
         return nullptr;
     }

@@ -19,9 +19,15 @@ public:
         std::optional<double> end;
     };
 
-    /// `unreadable` hears of each file that is no movie. The flag and what the loader uses must outlive this.
-    CommandLineMovies(QStringList candidates, MovieLoader loader, ClipRange clip,
-                      std::function<void(const QString &path, const QString &reason)> unreadable,
+    struct Events {
+        /// A file is about to be looked into, which may take its time.
+        std::function<void(const QString &path, int index)> loading;
+        /// It is no movie.
+        std::function<void(const QString &path, const QString &reason)> unreadable;
+    };
+
+    /// The flag and what the loader uses must outlive this.
+    CommandLineMovies(QStringList candidates, MovieLoader loader, ClipRange clip, Events events,
                       const CancelFlag &cancelled);
 
     int count() override;
@@ -32,6 +38,6 @@ private:
     QStringList candidates;
     MovieLoader loader;
     ClipRange clip;
-    std::function<void(const QString &, const QString &)> unreadable;
+    Events events;
     const CancelFlag &cancelled;
 };

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +18,8 @@ namespace {
 
 constexpr int usualWidth = 80;
 constexpr int barCells = 24;
+/// When a file that holds the progress gets a line on what is waited for.
+constexpr std::chrono::seconds longWait{10};
 
 int widthOf(std::FILE *stream)
 {
@@ -36,6 +40,25 @@ QString bar(double fraction)
     return u'[' + QString(done, u'#') + QString(barCells - done, u'.') + u']';
 }
 
+/// The path, if a terminal can show it as it is; otherwise so that a shell reads it as the same bytes.
+QByteArray quotedForShell(const QString &path)
+{
+    QByteArray bytes = PathText::toBytes(path);
+    if (PathText::forDisplay(path).toUtf8() == bytes) {
+        return bytes;
+    }
+    QByteArray quoted = "$'";
+    for (const char byte : bytes) {
+        const auto value = static_cast<unsigned char>(byte);
+        if (value < 0x20 || value >= 0x7F) {
+            quoted += "\\x" + QByteArray(1, byte).toHex();
+        } else {
+            quoted += byte == '\'' || byte == '\\' ? QByteArray("\\") + byte : QByteArray(1, byte);
+        }
+    }
+    return quoted + '\'';
+}
+
 QString movieName(const ExportProgress &progress)
 {
     return PathText::forDisplay(GlobalFun::lastPathComponent(progress.filePath));
@@ -44,6 +67,23 @@ QString movieName(const ExportProgress &progress)
 QString movieNumber(const ExportProgress &progress)
 {
     return u"movie %1 of %2"_s.arg(progress.movie + 1).arg(progress.movieCount);
+}
+
+QString waitingText(const ExportProgress &progress)
+{
+    return u"waiting for frame %1 of %2"_s.arg(progress.tile + 1).arg(progress.tileCount);
+}
+
+QString stateText(const ExportProgress &progress, const QString &remaining)
+{
+    if (progress.tileCount == 0) {
+        return u"reading"_s;
+    }
+    if (progress.waited.count() > 0) {
+        return waitingText(progress) + u", %1 s"_s.arg(progress.waited.count());
+    }
+    return u"tile %1 of %2"_s.arg(progress.tile).arg(progress.tileCount) +
+           (remaining.isEmpty() ? QString() : u", " + remaining);
 }
 
 } // namespace
@@ -61,7 +101,8 @@ Console::~Console()
 bool Console::printResult(const QString &path)
 {
     clearBar();
-    const bool printed = std::fprintf(results, "%s\n", PathText::toBytes(path).constData()) >= 0;
+    const QByteArray line = isatty(fileno(results)) == 1 ? quotedForShell(path) : PathText::toBytes(path);
+    const bool printed = std::fprintf(results, "%s\n", line.constData()) >= 0;
     return (std::fflush(results) == 0 && printed) || errno == EPIPE;
 }
 
@@ -84,20 +125,27 @@ void Console::showProgress(const ExportProgress &progress)
     }
     if (isTerminal) {
         showBar(progress);
-    } else if (progress.movie != lastMovie) {
-        std::fprintf(messages, "%s: %s\n", qUtf8Printable(movieNumber(progress)), qUtf8Printable(movieName(progress)));
-        std::fflush(messages);
+        return;
     }
-    lastMovie = progress.movie;
+    if (std::exchange(lastMovie, progress.movie) != progress.movie) {
+        printProgress(movieNumber(progress) + u": " + movieName(progress));
+    }
+    if (progress.waited >= longWait && std::exchange(lastMovieWaitedFor, progress.movie) != progress.movie) {
+        printProgress(movieNumber(progress) + u": " + waitingText(progress));
+    }
+}
+
+void Console::printProgress(const QString &text)
+{
+    std::fprintf(messages, "%s\n", qUtf8Printable(text));
+    std::fflush(messages);
 }
 
 void Console::showBar(const ExportProgress &progress)
 {
     const double done = fractionDone(progress);
-    const QString remaining = estimate.after(done);
-    const QString line = bar(done) + u' ' + movieNumber(progress) +
-                         u", tile %1 of %2"_s.arg(progress.tile).arg(progress.tileCount) +
-                         (remaining.isEmpty() ? QString() : u", " + remaining) + u"  " + movieName(progress);
+    const QString line = bar(done) + u' ' + movieNumber(progress) + u", " + stateText(progress, estimate.after(done)) +
+                         u"  " + movieName(progress);
     // One column stays free: some terminals wrap when the last one is written.
     std::fprintf(messages, "\r%s\x1b[K", qUtf8Printable(line.left(widthOf(messages) - 1)));
     std::fflush(messages);

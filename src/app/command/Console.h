@@ -19,8 +19,9 @@ public:
     Console(const Console &) = delete;
     Console &operator=(const Console &) = delete;
 
-    /// One path on a line of its own, its bytes as they are. False, with errno set, when nobody will read it because of
-    /// an error; one who wants no more has read enough.
+    /// One path on a line of its own: its bytes as they are, or, on a terminal that they would garble, as a shell takes
+    /// them. False, with errno set, when nobody will read it because of an error; one who wants no more has read
+    /// enough.
     bool printResult(const QString &path);
     /// One line for the user.
     void printMessage(const QString &text);
@@ -31,6 +32,7 @@ public:
 
 private:
     void showBar(const ExportProgress &progress);
+    void printProgress(const QString &text);
     void clearBar();
 
     std::FILE *results;
@@ -39,5 +41,6 @@ private:
     bool isTerminal;
     bool barShown = false;
     int lastMovie = -1;
+    int lastMovieWaitedFor = -1;
     RemainingTime estimate;
 };

@@ -24,21 +24,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Nobody to ask: the question becomes an error line, and the default answer is taken.
-class AlertLine final : public AlertPanel {
+/// Nobody to ask: the default answer is taken, and the movie's result says what the question would have been.
+class NobodyToAsk final : public AlertPanel {
 public:
-    AlertLine(Console &lines, bool &failed) : console(lines), someFailed(failed) {}
-
-    int run(const QString & /*title*/, const QString &message, const QStringList & /*buttons*/) override
+    int run(const QString & /*title*/, const QString & /*message*/, const QStringList & /*buttons*/) override
     {
-        console.printMessage(message);
-        someFailed = true;
         return 0;
     }
-
-private:
-    Console &console;
-    bool &someFailed;
 };
 
 /// No desktop: a script that makes a thousand images does not want them opened.
@@ -63,10 +55,15 @@ ExportCommand::Status ExportCommand::run()
     layOptionsOverDefaults();
     const QStringList candidates = findCandidates();
     if (!candidates.isEmpty() && prepareGivenFolder()) {
-        CommandLineMovies movies(
-            candidates, MovieLoader(services.defaults), {options.start, options.end},
-            [this](const QString &path, const QString &reason) { report(path, reason); }, services.cancelled);
-        AlertLine alert(services.console, someFailed);
+        const int count = static_cast<int>(candidates.size());
+        CommandLineMovies::Events events;
+        events.loading = [this, count](const QString &path, int index) {
+            updateProgress({path, index, count, 0, 0, {}, {}});
+        };
+        events.unreadable = [this](const QString &path, const QString &reason) { report(path, reason); };
+        CommandLineMovies movies(candidates, MovieLoader(services.defaults), {options.start, options.end},
+                                 std::move(events), services.cancelled);
+        NobodyToAsk alert;
         NoDesktop workspace;
         ExportJob({movies, services.grabber, services.defaults, alert, workspace, *this,
                    [this] { return outputFolder(); }, services.cancelled})
@@ -74,6 +71,9 @@ ExportCommand::Status ExportCommand::run()
     }
     if (services.cancelled) {
         return Interrupted;
+    }
+    if (isRangeWrong) {
+        return WrongUsage;
     }
     return someFailed ? SomeFailed : AllWritten;
 }
@@ -154,20 +154,14 @@ void ExportCommand::updateProgress(const ExportProgress &progress)
     services.console.showProgress(progress);
 }
 
-void ExportCommand::imageWritten(const QString & /*moviePath*/, const QString &imagePath)
+void ExportCommand::movieEnded(const ExportResult &result)
 {
-    if (!services.console.printResult(imagePath)) {
+    if (!result.imagePath.isEmpty() && !services.console.printResult(result.imagePath)) {
         const std::error_code error(errno, std::generic_category());
-        report(imagePath, u"is written, but cannot be told: "_s + QString::fromStdString(error.message()));
+        report(result.imagePath, u"is written, but cannot be told: "_s + QString::fromStdString(error.message()));
     }
-}
-
-void ExportCommand::movieFailed(const QString &moviePath, const QString &reason)
-{
-    report(moviePath, reason);
-}
-
-void ExportCommand::framesMissing(const QString &moviePath, std::int64_t missing, std::int64_t tileCount)
-{
-    services.console.printMessage(moviePath, u"%1 of %2 frames could not be grabbed"_s.arg(missing).arg(tileCount));
+    if (!result.reason.isEmpty()) {
+        report(result.filePath, result.reason);
+    }
+    isRangeWrong = isRangeWrong || (result.isRangeOutside && (options.start || options.end));
 }

@@ -35,12 +35,11 @@ private:
     void report(const QString &path, const QString &reason);
 
     void updateProgress(const ExportProgress &progress) override;
-    void imageWritten(const QString &moviePath, const QString &imagePath) override;
-    void movieFailed(const QString &moviePath, const QString &reason) override;
-    void framesMissing(const QString &moviePath, std::int64_t missing, std::int64_t tileCount) override;
+    void movieEnded(const ExportResult &result) override;
     void exportEnded() override {}
 
     ExportOptions options;
     Services services;
     bool someFailed = false;
+    bool isRangeWrong = false;
 };

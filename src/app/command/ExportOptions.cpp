@@ -52,8 +52,8 @@ struct NumberOption {
 };
 
 constexpr std::array numberOptions{
-    NumberOption{u"rows", PreferenceKeys::rowNumber, 0},
-    NumberOption{u"columns", PreferenceKeys::columeNumber, 0},
+    NumberOption{u"rows", PreferenceKeys::rowNumber, 1},
+    NumberOption{u"columns", PreferenceKeys::columeNumber, 1},
     NumberOption{u"tile-width", PreferenceKeys::tileWidth, 1},
 };
 
@@ -102,6 +102,16 @@ std::optional<double> optionalSeconds(const QCommandLineParser &parser, const QS
     return parser.isSet(option) ? std::optional(seconds(option, parser.value(option))) : std::nullopt;
 }
 
+/// What an option of its own refuses, --set refuses too.
+void checkNumber(const SettingOption &setting)
+{
+    const auto *const option = std::ranges::find_if(
+        numberOptions, [&setting](const NumberOption &number) { return number.key == setting.key; });
+    if (option != numberOptions.end() && setting.value.toDouble() < static_cast<double>(option->least)) {
+        throw UsageProblem{u"--set %1 takes a number from %2 up"_s.arg(setting.key).arg(option->least)};
+    }
+}
+
 std::vector<SettingOption> readSettings(const QCommandLineParser &parser)
 {
     std::vector<SettingOption> settings;
@@ -112,6 +122,7 @@ std::vector<SettingOption> readSettings(const QCommandLineParser &parser)
         if (!problem.isEmpty()) {
             throw UsageProblem{problem};
         }
+        checkNumber(settings.back());
     }
     for (const NumberOption &option : numberOptions) {
         if (const QString name = option.name.toString(); parser.isSet(name)) {
@@ -222,7 +233,9 @@ What no option says is taken from your settings. An image never replaces a file:
 a name is taken, the next free one is used, film(1).jpg after film.jpg.
 
 Exit status
-  0  every image was written       2    the command line was wrong
-  1  some movie failed             130  interrupted
+    0  every image was written and shows all that it should
+    1  some movie could not be read or written, or some of its frames not be found
+    2  the command line was wrong, or its range lies outside a movie
+  130  interrupted
 )"_s;
 }

@@ -23,6 +23,14 @@ namespace {
 /// Longer than any sound movie needs for its thumbnail.
 constexpr std::chrono::seconds patienceAfterCancel(5);
 
+QString waitingText(const ExportProgress &progress)
+{
+    //% "Waiting for frame %1 of %2 for %n second(s)"
+    return qtTrId("export_waiting", static_cast<int>(progress.waited.count()))
+        .arg(progress.tile + 1)
+        .arg(progress.tileCount);
+}
+
 } // namespace
 
 /// A batch, and what it tells on its thread to the list and to the main thread.
@@ -102,18 +110,19 @@ public:
         const double fraction = static_cast<double>(progress.tile) / static_cast<double>(progress.tileCount);
         const double done = (progress.movie + fraction) / progress.movieCount;
         jobs.services.mainQueue.async(
-            [self = shared_from_this(), fraction, progress, remaining = estimate.after(done),
+            [self = shared_from_this(), fraction, progress,
+             remaining = progress.waited.count() > 0 ? waitingText(progress) : estimate.after(done),
              text = u"Creating Thumbnails ... %1 of %2"_s.arg(progress.movie + 1).arg(progress.movieCount)] {
                 self->jobs.view.jobProgress(fraction, text, PathText::forDisplay(progress.filePath), progress.picture,
                                             remaining);
             });
     }
-    void imageWritten(const QString & /*moviePath*/, const QString & /*imagePath*/) override {}
-    void movieFailed(const QString &moviePath, const QString &reason) override
+    void movieEnded(const ExportResult &result) override
     {
-        failures += PathText::forDisplay(moviePath) + u": " + reason;
+        if (result.kind != ExportResult::Kind::Written) {
+            failures += PathText::forDisplay(result.filePath) + u": " + result.reason;
+        }
     }
-    void framesMissing(const QString & /*moviePath*/, std::int64_t /*missing*/, std::int64_t /*tileCount*/) override {}
     void exportEnded() override
     {
         jobs.services.mainQueue.async(

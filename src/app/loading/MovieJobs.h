@@ -33,7 +33,7 @@ public:
     /// `fraction` from 0 to 1; a null image leaves the last one; `remaining` is empty while it cannot be told.
     virtual void jobProgress(double fraction, const QString &main, const QString &ing, const QImage &image,
                              const QString &remaining) = 0;
-    /// `failures` holds a line for each movie of which no image was written.
+    /// `failures` holds a line for each movie of which no image was written, or one that does not show all.
     virtual void jobEnded(Kind kind, const QStringList &failures) = 0;
 };
 

@@ -214,7 +214,7 @@ void MainWindowController::jobEnded(Kind kind, const QStringList &failures)
         outputFolder->sameOriginDown();
     }
     if (!failures.isEmpty()) {
-        //% "No collage of %n movie(s): %1"
+        //% "Trouble with %n movie(s): %1"
         ui->lblStatus->setText(qtTrId("status_failures", static_cast<int>(failures.size())).arg(failures.first()));
         ui->lblStatus->setToolTip(failures.join(u'\n'));
     }

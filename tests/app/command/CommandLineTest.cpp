@@ -93,9 +93,9 @@ TEST_F(CommandLineTest, ToolsThatFailLeaveTilesEmptyAndSaySo)
     for (const char *script : {"exit 3", "kill -SEGV $$", "echo garbage >\"$8\"", "head -c 20000000 /dev/zero",
                                static_cast<const char *>(nullptr)}) {
         useTool(script);
-        EXPECT_EQ(run(exportMovie), 0);
+        EXPECT_EQ(run(exportMovie), 1);
         EXPECT_TRUE(output.startsWith(folder.bytes("out/clock")));
-        EXPECT_TRUE(errors.contains(": 6 of 6 frames could not be grabbed\n")) << (script ? script : "missing");
+        EXPECT_TRUE(errors.contains(": 6 of 6 frames could not be grabbed: ")) << (script ? script : "missing");
         EXPECT_EQ(errors.contains(QByteArray("missing, expected at " + folder.bytes("bin/ffmpeg"))), script == nullptr);
         EXPECT_TRUE(folder.names("tmp").isEmpty());
     }
@@ -159,12 +159,13 @@ TEST_F(CommandLineTest, ATerminalGetsABarThatFitsAndGoesAway)
     }
     program.setProcessEnvironment(environment);
     program.setWorkingDirectory(folder.path());
-    const QString command = u"stty cols 40; bin/tessarine --export -oout '" + movie + u'\'';
+    folder.link(movie.toUtf8(), "new\nline.mp4");
+    const QString command = u"stty cols 40; bin/tessarine --export -oout 'new\nline.mp4'"_s;
     program.start(u"script"_s, {u"-qec"_s, command, u"/dev/null"_s});
     EXPECT_EQ(finish(), 0);
-    EXPECT_TRUE(output.startsWith("\r[####....................] movie 1 of 1\x1b[K\r[########...."))
+    EXPECT_TRUE(output.startsWith("\r[........................] movie 1 of 1\x1b[K\r[####....................] movie"))
         << output.constData();
-    const QByteArray result = "\r\x1b[K" + folder.bytes("out/clock.jpg") + "\r\n";
+    const QByteArray result = "\r\x1b[K$'" + folder.bytes("out/new") + "\\x0aline.jpg'\r\n";
     EXPECT_TRUE(output.endsWith(result)) << output.constData();
 }
 

@@ -25,10 +25,10 @@ TEST(ExportOptions, RefusesWhatMakesNoSense)
               Action::Export); // the rest is good
     EXPECT_EQ(parse(u"--rows 3 a"_s).action, Action::RefuseUsage);
     for (const char *options :
-         {"--frobnicate a", "-o", "-o out --beside a", "--rows -1 a", "--rows 2147483648 a", "--columns 1.5 a",
+         {"--frobnicate a", "-o", "-o out --beside a", "--rows 0 a", "--rows 2147483648 a", "--columns 1.5 a",
           "--tile-width 0 a", "--format gif a", "--start 5:30 a", "--end nan a", "--start 10 --end 9 a",
-          "--set Nonsense=1 a", "--set DefaultRowNumber=many a", "--set DefultBkgColor=red a",
-          "--set DefaultDrawShadow=perhaps a", "--set BookmarksKey=x a", ""}) {
+          "--set Nonsense=1 a", "--set DefaultRowNumber=many a", "--set DefaultColumeNumber=0 a",
+          "--set DefultBkgColor=red a", "--set DefaultDrawShadow=perhaps a", "--set BookmarksKey=x a", ""}) {
         EXPECT_EQ(parse(u"--export " + QString::fromLatin1(options)).action, Action::RefuseUsage) << options;
     }
 }

@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
@@ -145,6 +146,19 @@ TEST_F(MainWindowTest, ClosingDuringAnExportCancelsWaitsAndLeavesNothing)
     EXPECT_TRUE(delegate.mainWindow().isVisible());
     EXPECT_TRUE(QTest::qWaitFor([this] { return !delegate.mainWindow().isVisible(); }, 10'000));
     EXPECT_EQ(folder.names("out"), QStringList());
+}
+
+TEST_F(MainWindowTest, FramesThatAreMissingAreTold)
+{
+    delegate.openFile(folder.link(movie("short.mp4").toUtf8(), "gone.mp4"));
+    ASSERT_TRUE(waitForRows({u"gone.mp4"_s}));
+    QFile::remove(folder.path("gone.mp4"));
+    delegate.mainWindow().startDown();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !delegate.mainWindow().isJobRunning(); }, 30'000));
+    EXPECT_EQ(folder.names("out").size(), 1);
+    EXPECT_TRUE(control<QWidget>("lblStatus")
+                    .toolTip()
+                    .endsWith(u"gone.mp4: 6 of 6 frames could not be grabbed: No such file or directory"));
 }
 
 TEST_F(MainWindowTest, BesideTheMoviesAsksForTheFoldersThatCannotBeWritten)

@@ -1,0 +1,78 @@
+#include "render/MissingFrames.h"
+
+#include "Shared/FrameGrabber.h"
+#include "Shared/TimeFormat.h"
+#include "collage/KTMovieObject.h"
+#include "render/ExportObserver.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Whether some of what the collage shows lies behind the movie's end, as far as that is known.
+bool isRangeOutside(const KTMovieObject &movie)
+{
+    const CollageSettings settings = movie.settings();
+    return movie.duration > 0.0 && std::max(settings.startPoint, settings.endPoint) >= movie.duration;
+}
+
+} // namespace
+
+void MissingFrames::add(double seconds, const GrabbedFrame &frame)
+{
+    ++tiles;
+    if (frame.isNew) {
+        isTail = false;
+        return;
+    }
+    if (problem.isEmpty()) {
+        problem = frame.problem;
+    }
+    if (missing++ == 0) {
+        firstTime = seconds;
+        isTail = true;
+    }
+    lastTime = seconds;
+}
+
+void MissingFrames::tell(const KTMovieObject &movie, ExportResult &result) const
+{
+    result.tileCount = tiles;
+    result.missingFrames = missing;
+    if (tiles > 0 && missing == 0) {
+        return;
+    }
+    result.kind = ExportResult::Kind::Incomplete;
+    if (tiles == 0) {
+        result.reason = u"its collage has no rows or no columns"_s;
+        return;
+    }
+    result.isRangeOutside = problem.isEmpty() && isRangeOutside(movie);
+    const QString cause = likelyCause(movie);
+    result.reason = u"%1 of %2 frames could not be grabbed"_s.arg(missing).arg(tiles) +
+                    (cause.isEmpty() ? QString() : u": " + cause);
+}
+
+QString MissingFrames::likelyCause(const KTMovieObject &movie) const
+{
+    if (!problem.isEmpty()) {
+        return problem;
+    }
+    const QString length = GlobalFun::getTimeStringBySecond(movie.duration);
+    if (isRangeOutside(movie)) {
+        const CollageSettings range = movie.settings();
+        return u"the range from %1 to %2 goes beyond the end of the movie at %3"_s.arg(
+            GlobalFun::getTimeStringBySecond(range.startPoint), GlobalFun::getTimeStringBySecond(range.endPoint),
+            length);
+    }
+    const QString first = GlobalFun::getTimeStringBySecond(firstTime);
+    if (firstTime < 1.0 && lastTime < 1.0) {
+        return u"no picture can be reached at %1, does it begin later?"_s.arg(first);
+    }
+    if (isTail && movie.duration > 0.0) {
+        return u"no picture from %1 on, is its length of %2 wrong?"_s.arg(first, length);
+    }
+    return u"no picture at %1, is it damaged there?"_s.arg(first);
+}
