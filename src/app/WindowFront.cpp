@@ -14,8 +14,8 @@
 #include "platform/desktop/DesktopWorkspace.h"
 #include "platform/desktop/DisplayServer.h"
 #include "platform/desktop/DroppedFiles.h"
+#include "platform/desktop/FocusWatch.h"
 #include "platform/desktop/Translations.h"
-#include "platform/desktop/UnblockedFocus.h"
 #include "platform/files/FolderBookmarks.h"
 #include "platform/files/TemporaryFolder.h"
 #include "platform/store/Bundle.h"
@@ -83,7 +83,7 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
     desktop.setReady();
     const BlockedCloseButton closeButton(*delegate.mainWindow().windowHandle(),
                                          [&delegate] { delegate.mainWindow().quit(); });
-    const UnblockedFocus unblockedFocus;
+    const FocusWatch focusWatch;
     const int status = QApplication::exec();
     desktop.stop(); // a start from now on is on its own
     target = nullptr;

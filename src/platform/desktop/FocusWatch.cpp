@@ -1,0 +1,68 @@
+#include "platform/desktop/FocusWatch.h"
+
+#include "platform/desktop/XConnection.h"
+
+#include <QEvent>
+#include <QGuiApplication>
+#include <QWindow>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <xcb/xcb.h>
+
+namespace {
+
+xcb_window_t windowWithKeyboard(xcb_connection_t *server)
+{
+    const std::unique_ptr<xcb_get_input_focus_reply_t, decltype(&std::free)> focus(
+        xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr), &std::free);
+    return focus ? focus->focus : XCB_NONE;
+}
+
+/// Has the server say again which of the program's windows has the keyboard, if one has; it does no harm.
+void repeatFocusIn()
+{
+    xcb_connection_t *server = XConnection::ofThisProgram();
+    const xcb_window_t window = windowWithKeyboard(server);
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    if (std::ranges::none_of(windows, [window](const QWindow *each) {
+            return each->handle() != nullptr && each->isVisible() && each->winId() == window;
+        })) {
+        return;
+    }
+    xcb_focus_in_event_t event = {};
+    event.response_type = XCB_FOCUS_IN;
+    event.detail = XCB_NOTIFY_DETAIL_NONLINEAR;
+    event.event = window;
+    event.mode = XCB_NOTIFY_MODE_NORMAL;
+    char bytes[32] = {}; // the size of every event
+    std::memcpy(bytes, &event, sizeof event);
+    xcb_send_event(server, 0, window, XCB_EVENT_MASK_NO_EVENT, bytes); // without a mask it comes back to this program
+    xcb_flush(server);
+}
+
+} // namespace
+
+FocusWatch::FocusWatch()
+{
+    if (XConnection::ofThisProgram() == nullptr) {
+        return;
+    }
+    // The request may come back before the sheet closes, or after.
+    qGuiApp->installEventFilter(this);
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [](const QWindow *focused) {
+        if (focused != nullptr && !focused->isVisible()) {
+            repeatFocusIn();
+        }
+    });
+}
+
+bool FocusWatch::eventFilter(QObject *receiver, QEvent *event)
+{
+    if (event->type() == QEvent::WindowUnblocked && receiver->isWindowType()) {
+        repeatFocusIn();
+    }
+    return false;
+}
