@@ -106,8 +106,8 @@ QStringList ExportCommand::findCandidates()
     events.vobRefused = [this](const QString &path) {
         report(path, u"single .vob files are taken only with --set AppSupportVob=true"_s);
     };
-    events.folder = [this](const QString &path, qsizetype movies) {
-        if (movies == 0 && !services.cancelled) {
+    events.emptyFolder = [this](const QString &path) {
+        if (!services.cancelled) {
             report(path, u"no movies in this folder"_s);
         }
     };

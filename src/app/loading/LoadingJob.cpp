@@ -82,7 +82,7 @@ QStringList LoadingJob::findCandidates(const QStringList &paths) const
     events.linkedTooOften = [](const QString &path) {
         qCWarning(lcTessarine).noquote() << "too many links lead to" << PathText::forDisplay(path);
     };
-    events.folder = [this](const QString &path, qsizetype /*movies*/) { services.observer.folderFound(path); };
+    events.folder = [this](const QString &path) { services.observer.folderFound(path); };
     return MovieCandidates::expand(paths, GlobalFun::getSupportedFmts(VXConfigManager(services.defaults)),
                                    services.defaults.boolValue(PreferenceKeys::appSupportVob), events,
                                    services.bLoadingCanceled);

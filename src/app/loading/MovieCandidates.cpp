@@ -52,9 +52,10 @@ QStringList MovieCandidates::expand(const QStringList &paths, const QStringList 
             candidates += found;
             if (!FileSystem::isAllowed(path, R_OK | X_OK)) {
                 tell(events.unreadable, path, systemError(errno));
-            } else {
-                tell(events.folder, path, found.size());
+            } else if (found.isEmpty()) {
+                tell(events.emptyFolder, path);
             }
+            tell(events.folder, path);
         } else if (isVob(path) && !acceptVob) {
             tell(events.vobRefused, path);
         } else {

@@ -18,8 +18,10 @@ struct Events {
     std::function<void(const QString &path)> linkedTooOften;
     /// A single .vob file, which is only taken where the user has allowed it.
     std::function<void(const QString &path)> vobRefused;
-    /// A folder, after its movies have been found (there may be none).
-    std::function<void(const QString &path, qsizetype movies)> folder;
+    /// A folder, listed or not.
+    std::function<void(const QString &path)> folder;
+    /// A folder that could be listed and holds no movies.
+    std::function<void(const QString &path)> emptyFolder;
 };
 
 /// The candidates in the order of the paths. A folder gives the files in it and below it with one of the extensions;

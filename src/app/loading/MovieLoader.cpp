@@ -4,6 +4,7 @@
 #include "collage/KTMovieObject.h"
 #include "media/VXMediaInfo.h"
 #include "platform/Log.h"
+#include "platform/files/PathText.h"
 
 #include <new>
 
@@ -34,7 +35,7 @@ try {
     std::optional<MediaError> error;
     VXMediaInfo::dumpMediaInfo(*movie, error, cancelled);
     if (error) {
-        qCInfo(lcTessarine).noquote() << "error:" << error->description;
+        qCInfo(lcTessarine).noquote() << u"error:" + PathText::forDisplay(path) + u": " + error->description;
         return {nullptr, error->description};
     }
     if (movie->eumMediaType != VXMediaType::Movie) {
