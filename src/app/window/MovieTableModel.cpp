@@ -13,6 +13,8 @@ namespace {
 
 constexpr double bitsPerKilobit = 1000.0;
 
+using Look = MovieTableModel::Look;
+
 QString shownName(const KTMovieObject &movie)
 {
     return PathText::forDisplay(GlobalFun::lastPathComponent(movie.filePath));
@@ -23,9 +25,9 @@ QString title(const KTMovieObject &movie)
     return shownName(movie) + u'\n' + PathText::forDisplay(movie.filePath);
 }
 
-QString grids(const CollageSettings &settings)
+QString grids(const Look &look)
 {
-    return u"%1 * %2"_s.arg(settings.rowNumber).arg(settings.columeNumber);
+    return u"%1 * %2"_s.arg(look.rowNumber).arg(look.columeNumber);
 }
 
 QString description(const KTMovieObject &movie)
@@ -35,39 +37,38 @@ QString description(const KTMovieObject &movie)
         .arg(GlobalFun::fixedText(movie.videoBitrate / bitsPerKilobit, 1));
 }
 
-/// One column: its identifier, what it shows, its heading and what a screen reader says of a cell.
+/// One column: what it shows, its heading and what a screen reader says of a cell.
 struct ColumnKind {
-    const char16_t *identifier;
-    QVariant (*value)(const KTMovieObject &movie);
+    QVariant (*value)(const KTMovieObject &movie, const Look &look);
     QString (*heading)();
-    QString (*spoken)(const KTMovieObject &movie);
+    QString (*spoken)(const KTMovieObject &movie, const Look &look);
 };
 
 const std::array<ColumnKind, MovieTableModel::ColumnCount> columns{{
-    {u"Thumbnail", [](const KTMovieObject &movie) { return QVariant(movie.imgThumbnail()); },
+    {[](const KTMovieObject &movie, const Look &) { return QVariant(movie.imgThumbnail()); },
      //% "Thumbnail"
      [] { return qtTrId("column_thumbnail"); },
      //% "Picture from %1"
-     [](const KTMovieObject &movie) { return qtTrId("cell_thumbnail").arg(shownName(movie)); }},
-    {u"Summary", [](const KTMovieObject &movie) { return QVariant(movie.imgPreview()); },
+     [](const KTMovieObject &movie, const Look &) { return qtTrId("cell_thumbnail").arg(shownName(movie)); }},
+    {[](const KTMovieObject &, const Look &look) { return QVariant(look.imgPreview); },
      //% "Summary"
      [] { return qtTrId("column_summary"); },
      //% "Preview of the collage of %1"
-     [](const KTMovieObject &movie) { return qtTrId("cell_summary").arg(shownName(movie)); }},
-    {u"Title", [](const KTMovieObject &movie) { return QVariant(title(movie)); },
+     [](const KTMovieObject &movie, const Look &) { return qtTrId("cell_summary").arg(shownName(movie)); }},
+    {[](const KTMovieObject &movie, const Look &) { return QVariant(title(movie)); },
      //% "Title"
-     [] { return qtTrId("column_title"); }, title},
-    {u"Grids", [](const KTMovieObject &movie) { return QVariant(grids(movie.settings())); },
+     [] { return qtTrId("column_title"); }, [](const KTMovieObject &movie, const Look &) { return title(movie); }},
+    {[](const KTMovieObject &, const Look &look) { return QVariant(grids(look)); },
      //% "Grids"
      [] { return qtTrId("column_grids"); },
-     [](const KTMovieObject &movie) {
-         const CollageSettings settings = movie.settings();
+     [](const KTMovieObject &, const Look &look) {
          //% "Rows: %1, columns: %2"
-         return qtTrId("cell_grids").arg(settings.rowNumber).arg(settings.columeNumber);
+         return qtTrId("cell_grids").arg(look.rowNumber).arg(look.columeNumber);
      }},
-    {u"Description", [](const KTMovieObject &movie) { return QVariant(description(movie)); },
+    {[](const KTMovieObject &movie, const Look &) { return QVariant(description(movie)); },
      //% "Description"
-     [] { return qtTrId("column_description"); }, description},
+     [] { return qtTrId("column_description"); },
+     [](const KTMovieObject &movie, const Look &) { return description(movie); }},
 }};
 
 const ColumnKind &kindOf(int column)
@@ -83,16 +84,6 @@ QString pathToolTip(const KTMovieObject &movie)
 
 } // namespace
 
-QVariant objectValueForTableColumn(const QString &identifier, const KTMovieObject &movie)
-{
-    for (const ColumnKind &kind : columns) {
-        if (identifier == QStringView(kind.identifier)) {
-            return kind.value(movie);
-        }
-    }
-    return {};
-}
-
 MovieTableModel::MovieTableModel(const MovieList &list, QObject *parent) : QAbstractTableModel(parent), aryItems(list)
 {
 }
@@ -101,6 +92,11 @@ void MovieTableModel::reloadData()
 {
     beginResetModel();
     shown = aryItems.snapshot();
+    looks.clear();
+    for (const auto &movie : shown) {
+        const CollageSettings settings = movie->settings();
+        looks.push_back({movie->imgPreview(), settings.rowNumber, settings.columeNumber});
+    }
     endResetModel();
 }
 
@@ -120,15 +116,16 @@ QVariant MovieTableModel::data(const QModelIndex &index, int role) const
         return {};
     }
     const KTMovieObject &movie = *shown.at(static_cast<std::size_t>(index.row()));
+    const Look &look = looks.at(static_cast<std::size_t>(index.row()));
     const ColumnKind &kind = kindOf(index.column());
     const bool isPicture = index.column() == Thumbnail || index.column() == Summary;
     switch (role) {
     case Qt::DisplayRole:
-        return isPicture ? QVariant() : kind.value(movie);
+        return isPicture ? QVariant() : kind.value(movie, look);
     case Qt::DecorationRole:
-        return isPicture ? kind.value(movie) : QVariant();
+        return isPicture ? kind.value(movie, look) : QVariant();
     case Qt::AccessibleTextRole:
-        return kind.spoken(movie);
+        return kind.spoken(movie, look);
     case Qt::ToolTipRole:
         return index.column() == Title ? QVariant(pathToolTip(movie)) : QVariant();
     case Qt::TextAlignmentRole:

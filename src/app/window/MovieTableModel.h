@@ -5,8 +5,8 @@
 #include <QAbstractTableModel>
 #include <QImage>
 
-/// What the table of movies shows: the list as it was at the last reloadData(), whatever other threads do to it since.
-/// Owned by the main window; main thread.
+/// What the table of movies shows: the list and its movies as they were at the last reloadData(), whatever other
+/// threads and the editor do to them since. Owned by the main window; main thread.
 class MovieTableModel final : public QAbstractTableModel {
     Q_OBJECT
 
@@ -28,11 +28,15 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+    /// What the list shows of a collage, which the editor changes.
+    struct Look {
+        QImage imgPreview;
+        std::int32_t rowNumber = 0;
+        std::int32_t columeNumber = 0;
+    };
+
 private:
     const MovieList &aryItems;
     MovieList::Movies shown;
+    std::vector<Look> looks; // of the movies shown
 };
-
-/// What a column shows of a movie, by the column's identifier ("Thumbnail", "Summary", "Title", "Grids",
-/// "Description"); nothing for any other.
-QVariant objectValueForTableColumn(const QString &identifier, const KTMovieObject &movie);

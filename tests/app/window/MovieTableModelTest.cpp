@@ -56,7 +56,9 @@ TEST(MovieTableModel, ShowsTheListOfTheLastReloadWhateverTheNames)
     MovieTableModel model(list);
     EXPECT_EQ(model.rowCount(), 0);
     model.reloadData();
+    list.movieAt(0)->setSettings({.rowNumber = 9}); // in the editor, which may yet be cancelled
     list.removeAll();
+    EXPECT_EQ(model.index(0, MovieTableModel::Grids).data().toString(), u"2 * 3");
     const QModelIndex title = model.index(0, MovieTableModel::Title);
     EXPECT_EQ(title.data().toString().count(u'\n'), 1);
     EXPECT_TRUE(title.data(Qt::ToolTipRole).toString().contains(u"&lt;b&gt;"));
