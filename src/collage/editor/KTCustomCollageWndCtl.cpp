@@ -10,6 +10,7 @@
 #include "platform/desktop/AlertPanel.h"
 #include "platform/files/PathText.h"
 #include "platform/widgets/FieldEditing.h"
+#include "render/CollagePreview.h"
 #include "ui_KTCustomCollageWndCtl.h"
 
 #include <QScreen>
@@ -54,10 +55,12 @@ void showNumber(QLineEdit *field, double value)
     field->setText(QString::number(GlobalFun::truncatedToInt32(value)));
 }
 
-void write(KTMovieObject &movie, const CollageForm &form, const QImage &preview)
+/// For the list, which shows pictures small and may hold thousands of them.
+QImage fittedForList(const QImage &image)
 {
-    movie.setSettings(settingsFromForm(form, movie));
-    movie.setImgPreview(preview);
+    const QSize room = listPreviewSize * image.devicePixelRatio();
+    const bool isSmall = image.width() <= room.width() && image.height() <= room.height();
+    return isSmall ? image : image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
 } // namespace
@@ -194,7 +197,22 @@ CollageForm KTCustomCollageWndCtl::form() const
 
 void KTCustomCollageWndCtl::serilizedToKTObject(KTMovieObject &object) const
 {
-    write(object, form(), ui->thumbPreview->imageForList());
+    object.setSettings(settingsFromForm(form(), object));
+    object.setImgPreview(fittedForList(ui->thumbPreview->imageWithSubviews()));
+}
+
+void KTCustomCollageWndCtl::serilizedToAll() const
+{
+    const auto movies = services.host.aryItems();
+    const CollageForm values = form();
+    for (const auto &each : movies) {
+        each->setSettings(settingsFromForm(values, *each));
+    }
+    // The view draws what the edited movie has now, wherever that stands in the list.
+    const QImage picture = fittedForList(ui->thumbPreview->imageWithSubviews());
+    for (const auto &each : movies) {
+        each->setImgPreview(picture);
+    }
 }
 
 // Live changes
@@ -377,11 +395,7 @@ void KTCustomCollageWndCtl::doneDown()
         DefaultParameters::store(services.defaults, form());
     }
     if (ui->chkApplyToAll->isChecked()) {
-        const CollageForm values = form();
-        const QImage picture = ui->thumbPreview->imageForList();
-        for (const auto &each : services.host.aryItems()) {
-            write(*each, values, picture);
-        }
+        serilizedToAll();
     } else {
         serilizedToKTObject(*movie);
     }

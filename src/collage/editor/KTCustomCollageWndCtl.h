@@ -54,7 +54,7 @@ public:
 
     /// Makes the movie the edited one and fills every control from it.
     void flushWithKTObject(std::shared_ptr<KTMovieObject> object);
-    /// Writes what the controls say into this movie.
+    /// Writes what the controls say into this movie, and then the preview's picture.
     void serilizedToKTObject(KTMovieObject &object) const;
 
     /// Closes the sheet. What has been changed live stays.
@@ -76,6 +76,8 @@ private:
     void fillRange(const CollageSettings &settings);
     void fillNumbers(const CollageSettings &settings);
     CollageForm form() const;
+    /// The same for every movie of the list; one picture serves all.
+    void serilizedToAll() const;
 
     void changeColor(ColorWell &well);
     void sliderDown(FractionSlider &slider);

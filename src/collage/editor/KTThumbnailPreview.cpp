@@ -39,13 +39,6 @@ QImage KTThumbnailPreview::imageWithSubviews()
     return image;
 }
 
-QImage KTThumbnailPreview::imageForList()
-{
-    return movie ? renderCollagePreview(listPreviewSize, devicePixelRatioF(), movie->settings(), facts(),
-                                        holderForScreen())
-                 : QImage();
-}
-
 QSize KTThumbnailPreview::sizeHint() const
 {
     return listPreviewSize;

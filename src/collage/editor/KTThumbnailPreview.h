@@ -30,8 +30,6 @@ public:
 
     /// What the view shows as an image, transparent around the collage.
     QImage imageWithSubviews();
-    /// The same view at the size that the list keeps: it may hold thousands.
-    QImage imageForList();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
