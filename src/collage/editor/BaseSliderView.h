@@ -59,6 +59,8 @@ public:
     virtual void mouseDownAt(QPointF point);
     virtual void mouseDraggedTo(QPointF point);
     virtual void mouseUpAt(QPointF point);
+    /// Ends what a press has begun, where it is, though the button is still held or its release never came.
+    void release();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -92,9 +94,6 @@ protected:
 private:
     SliderScale scale() const;
     void placeTrack();
-    /// Ends what the press has begun, even when its release never came.
-    void release();
-
     double minimum = 0.0;
     double length = 1000.0;
     double current = 0.0;

@@ -130,7 +130,8 @@ QPushButton &KTCustomCollageWndCtl::btnNext()
 
 void KTCustomCollageWndCtl::flushWithKTObject(std::shared_ptr<KTMovieObject> object)
 {
-    abandonEditing(); // what was being typed belongs to the movie before
+    releaseHandles(); // what is still held or typed belongs to the movie before
+    abandonEditing();
     movie = std::move(object);
     const CollageSettings settings = movie->settings();
     ui->lblTitle->setText(PathText::forDisplay(GlobalFun::lastPathComponent(movie->filePath)));
@@ -146,7 +147,15 @@ void KTCustomCollageWndCtl::flushWithKTObject(std::shared_ptr<KTMovieObject> obj
     autoHeightDown();
     ui->chkApplyToAll->setChecked(false);
     ui->chkSetAsDefault->setChecked(false);
+    abandonEditing(); // a field that has the focus goes back to this movie's value when it is refused
     redrawPreview();
+}
+
+void KTCustomCollageWndCtl::releaseHandles()
+{
+    ui->timeRangeSlidView->release();
+    ui->slidBorderWidth->release();
+    ui->slidGridThickness->release();
 }
 
 void KTCustomCollageWndCtl::fillRange(const CollageSettings &settings)

@@ -89,6 +89,7 @@ private:
 
     bool endEditing();
     void abandonEditing();
+    void releaseHandles();
     std::optional<CollageNumber> numberOf(const QLineEdit &field) const;
 
     void controlTextDidChange(QLineEdit &field) override;

@@ -54,7 +54,6 @@ void SWTimeEditView::flushWithSeconds(double seconds)
     lblMinite->setNumber(time.minutes);
     lblSecond->setNumber(time.seconds);
     bTextChanged = false;
-    lastEnterValue = secondsValue();
 }
 
 double SWTimeEditView::secondsValue() const

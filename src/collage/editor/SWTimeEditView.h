@@ -25,7 +25,8 @@ public:
     /// Shows the refusals. Not owned. None at first: refusals are silent then.
     void setAlertPanel(AlertPanel *panel) { alertPanel = panel; }
 
-    /// Shows the whole seconds of a time; the delegate is not told. A time that is being entered is lost.
+    /// Shows the whole seconds of a time; the delegate is not told. A time that is being entered is lost, but a refusal
+    /// still goes back to what its editing began with; abandonEditing() after this makes it begin here.
     void flushWithSeconds(double seconds);
     /// The time in the fields as it stands there, entered or still being typed: 75 minutes are 4500 seconds, and what
     /// is no number is 0. Always finite.

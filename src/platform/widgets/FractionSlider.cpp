@@ -1,5 +1,6 @@
 #include "platform/widgets/FractionSlider.h"
 
+#include <QMouseEvent>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -42,4 +43,10 @@ void FractionSlider::setUsualMaximum(double maximum)
 {
     usualMaximum = std::max(parts, toParts(maximum));
     setMaximum(usualMaximum);
+}
+
+void FractionSlider::release()
+{
+    QMouseEvent event(QEvent::MouseButtonRelease, {}, mapToGlobal(QPointF()), Qt::LeftButton, {}, {});
+    mouseReleaseEvent(&event);
 }

@@ -15,6 +15,8 @@ public:
     void setDoubleValue(double value);
     /// The usual maximum, at least 1.
     void setUsualMaximum(double maximum);
+    /// Lets go of the handle though the mouse still holds it.
+    void release();
 
 private:
     int usualMaximum = 1000;

@@ -170,7 +170,14 @@ TEST_F(SWTimeEditViewTest, EditingGoesOnInAFieldThatKeepsTheFocus)
     QTest::keyClicks(second, u"77"_s);
     EXPECT_FALSE(view->endEditing());
     EXPECT_EQ(shown(), "00 01 07");
-    view->flushWithSeconds(30.0); // another movie
+    view->flushWithSeconds(30.0);
+    QTest::keyClicks(second, u"777"_s);
+    EXPECT_FALSE(view->endEditing());
+    EXPECT_EQ(shown(), "00 01 07") << "what the editing began with";
+    box.hide();
+    activate(window);
+    view->flushWithSeconds(30.0);
+    view->abandonEditing(); // another movie
     QTest::keyClicks(second, u"777"_s);
     EXPECT_FALSE(view->endEditing());
     EXPECT_EQ(shown(), "00 00 30");
