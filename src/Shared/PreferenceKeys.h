@@ -71,4 +71,7 @@ inline constexpr QLatin1StringView movieTableColumns{"MovieTableColumns"};
 /// Where the size of the pane with this identifier is kept.
 QString preferencesFrame(QStringView paneIdentifier);
 
+/// Posted in the NotificationCenter when the user has chosen other metadata texts.
+inline constexpr QLatin1StringView metadataTextChanged{"MetadataTextChanged"};
+
 } // namespace PreferenceKeys

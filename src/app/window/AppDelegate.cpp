@@ -70,7 +70,7 @@ void AppDelegate::crashapp()
 void AppDelegate::buildPreferencesWindow()
 {
     panes.push_back(std::make_unique<RBGeneralPreferViewCtl>(services.defaults));
-    panes.push_back(std::make_unique<RBMetadataPrefViewCtl>(services.defaults));
+    panes.push_back(std::make_unique<RBMetadataPrefViewCtl>(services.defaults, notifications));
     //% "Preferences"
     preferWndCtl = std::make_unique<MASPreferencesWindowController>(panes, qtTrId("Preferences"), services.defaults);
     panes.push_back(std::make_unique<VXTrustedPathViewCtl>(trustedFolders, services.openPanel, services.mainQueue));

@@ -39,7 +39,9 @@ int CollageEditing::selectedRow() const
 void CollageEditing::makeEditor()
 {
     customWndCtl = std::make_unique<KTCustomCollageWndCtl>(
-        KTCustomCollageWndCtl::Services{services.defaults, services.alert, *this, services.metadataText}, &window);
+        KTCustomCollageWndCtl::Services{services.defaults, services.notifications, services.alert, *this,
+                                        services.metadataText},
+        &window);
     customWndCtl->addAction(&services.quit);
     QObject::connect(customWndCtl.get(), &QDialog::finished, &window, [this] { services.jobs.release(); });
 }

@@ -12,6 +12,7 @@ class KTCustomCollageWndCtl;
 class MovieJobs;
 class MovieList;
 class MyTableView;
+class NotificationCenter;
 class QAction;
 class QWidget;
 class UserDefaults;
@@ -23,6 +24,7 @@ public:
     /// All of it must outlive this.
     struct Services {
         UserDefaults &defaults;
+        NotificationCenter &notifications;
         AlertPanel &alert;
         MovieList &movies;
         MyTableView &tableView;

@@ -51,10 +51,10 @@ MainWindowController::MainWindowController(Services windowServices) :
                                                            services.trustedFolders, services.alert, services.workspace,
                                                            services.mainQueue, services.renderPreview},
                                        static_cast<JobsView &>(*this));
-    collageEditing = std::make_unique<CollageEditing>(CollageEditing::Services{services.defaults, services.alert,
-                                                                               aryItems, *ui->tableView, *jobs,
-                                                                               *ui->quit, services.metadataText},
-                                                      *this);
+    collageEditing = std::make_unique<CollageEditing>(
+        CollageEditing::Services{services.defaults, services.notifications, services.alert, aryItems, *ui->tableView,
+                                 *jobs, *ui->quit, services.metadataText},
+        *this);
     outputFolder = std::make_unique<OutputFolderControls>(
         OutputFolderControls::Widgets{ui->lblOutputPath, ui->btnBrowser, ui->btnOpen, ui->chkSameOrigin},
         OutputFolderControls::Services{services.defaults, services.trustedFolders, services.alert, services.openPanel,

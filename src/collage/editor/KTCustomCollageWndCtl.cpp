@@ -2,6 +2,7 @@
 
 #include "Shared/NumberText.h"
 #include "Shared/PathParts.h"
+#include "Shared/PreferenceKeys.h"
 #include "collage/DefaultParameters.h"
 #include "collage/KTMovieObject.h"
 #include "collage/editor/CollageEditorHost.h"
@@ -114,6 +115,8 @@ void KTCustomCollageWndCtl::connectControls()
     connect(ui->btnDone, &QPushButton::clicked, this, &KTCustomCollageWndCtl::doneDown);
     connect(ui->btnPrev, &QPushButton::clicked, this, &KTCustomCollageWndCtl::prevDown);
     connect(ui->btnNext, &QPushButton::clicked, this, &KTCustomCollageWndCtl::nextDown);
+    metadataObservation = services.notifications.observe(PreferenceKeys::metadataTextChanged,
+                                                         [this] { ui->thumbPreview->metadataTextChanged(); });
 }
 
 QPushButton &KTCustomCollageWndCtl::btnPrev()

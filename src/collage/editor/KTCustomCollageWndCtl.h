@@ -4,6 +4,7 @@
 #include "collage/CollageNumber.h"
 #include "collage/editor/SWTimeEditViewDelegate.h"
 #include "collage/editor/SliderViewDelegate.h"
+#include "platform/threads/NotificationCenter.h"
 #include "platform/widgets/FieldEditingDelegate.h"
 
 #include <QDialog>
@@ -39,6 +40,7 @@ public:
     /// All of it must outlive this.
     struct Services {
         UserDefaults &defaults;
+        NotificationCenter &notifications;
         AlertPanel &alert;
         CollageEditorHost &host;
         std::function<QString(const KTMovieObject &)> metadataText; ///< the block of facts, for its height
@@ -106,4 +108,5 @@ private:
     std::unique_ptr<Ui::KTCustomCollageWndCtl> ui;
     std::vector<std::unique_ptr<FieldEditing>> fieldEditings; // gone before the fields are
     std::shared_ptr<KTMovieObject> movie;
+    NotificationCenter::Observation metadataObservation;
 };

@@ -16,6 +16,11 @@ KTThumbnailPreview::KTThumbnailPreview(QWidget *parent) : QWidget(parent)
 void KTThumbnailPreview::setMetadataText(MetadataText text)
 {
     metadataText = std::move(text);
+    metadataTextChanged();
+}
+
+void KTThumbnailPreview::metadataTextChanged()
+{
     factsAreKnown = false;
     update();
 }

@@ -22,6 +22,8 @@ public:
 
     /// May read files: it is asked once per movie and time on the screen, not at every redraw.
     void setMetadataText(MetadataText text);
+    /// The choice of facts is another one now.
+    void metadataTextChanged();
 
     /// The movie that is drawn; null at first.
     std::shared_ptr<KTMovieObject> ktObject() const { return movie; }

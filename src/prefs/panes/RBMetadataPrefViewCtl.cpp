@@ -2,6 +2,7 @@
 
 #include "Shared/PreferenceKeys.h"
 #include "platform/store/StoredColor.h"
+#include "platform/threads/NotificationCenter.h"
 #include "platform/widgets/SymbolicIcon.h"
 #include "prefs/panes/TaggedItems.h"
 #include "ui_RBMetadataPrefViewCtl.h"
@@ -23,7 +24,10 @@ constexpr std::size_t firstLine = 2; // the boxes before it are about the time s
 
 } // namespace
 
-RBMetadataPrefViewCtl::RBMetadataPrefViewCtl(UserDefaults &store) : defaults(store) {}
+RBMetadataPrefViewCtl::RBMetadataPrefViewCtl(UserDefaults &store, NotificationCenter &center) :
+    defaults(store), notifications(center)
+{
+}
 
 RBMetadataPrefViewCtl::~RBMetadataPrefViewCtl() = default;
 
@@ -78,6 +82,7 @@ bool RBMetadataPrefViewCtl::commitControls()
     defaults.setText(PreferenceKeys::gridTextColor, ColorArchive::archive(ui->colorWellGridText->color()));
     defaults.setText(PreferenceKeys::metadataTextColor, ColorArchive::archive(ui->colorWellText->color()));
     defaults.synchronize();
+    notifications.post(PreferenceKeys::metadataTextChanged);
     return true;
 }
 

@@ -2,6 +2,7 @@
 
 #include "prefs/panes/PreferencePane.h"
 
+class NotificationCenter;
 class UserDefaults;
 namespace Ui {
 class RBMetadataPrefViewCtl;
@@ -11,8 +12,8 @@ class RBMetadataPrefViewCtl;
 /// commitEditing().
 class RBMetadataPrefViewCtl final : public PreferencePane {
 public:
-    /// The store must outlive this.
-    explicit RBMetadataPrefViewCtl(UserDefaults &defaults);
+    /// Both must outlive this; the centre hears of each commit.
+    RBMetadataPrefViewCtl(UserDefaults &defaults, NotificationCenter &notifications);
     ~RBMetadataPrefViewCtl() override;
 
     QString identifier() const override;
@@ -33,5 +34,6 @@ private:
     void checkLines(bool on);
 
     UserDefaults &defaults;
+    NotificationCenter &notifications;
     std::unique_ptr<Ui::RBMetadataPrefViewCtl> ui;
 };

@@ -2,10 +2,13 @@
 
 #include "collage/editor/KTCustomCollageWndCtl.h"
 
+#include "Shared/PreferenceKeys.h"
 #include "collage/DefaultParameters.h"
 #include "collage/KTMovieObject.h"
 #include "collage/editor/CollageEditorHost.h"
+#include "collage/editor/KTThumbnailPreview.h"
 #include "collage/editor/SWTimeEditView.h"
+#include "collage/editor/SplitSliderView.h"
 #include "platform/desktop/AlertPanel.h"
 #include "platform/store/UserDefaults.h"
 #include "platform/widgets/ColorWell.h"
@@ -78,7 +81,10 @@ struct EditorTest : testing::Test, protected CollageEditorHost, protected AlertP
                                                              movieOf(640, 480, 0.0)};
     QStringList alerts;
     QStringList calls;
-    KTCustomCollageWndCtl editor{{defaults, *this, *this, [](const KTMovieObject &) { return QString(); }}};
+    NotificationCenter notifications;
+    QString facts;
+    KTCustomCollageWndCtl editor{
+        {defaults, notifications, *this, *this, [this](const KTMovieObject &) { return facts; }}};
 };
 
 TEST_F(EditorTest, NumbersShowLiveFromOneThresholdAndMayStayFromAnother)
@@ -163,6 +169,43 @@ TEST_F(EditorTest, AutomaticHeightFollowsTheWidthInWholePixels)
     click("btnDone");
     EXPECT_EQ(settings().gridWidth, 40.0);
     EXPECT_EQ(settings().gridHeight, 180.0);
+    const QImage picture = editor.movieObj()->imgPreview();
+    EXPECT_EQ(qAlpha(picture.pixel(picture.width() / 10, picture.height() / 2)), 0) << "a slim collage, as it is now";
+}
+
+TEST_F(EditorTest, WhatIsHeldOrTypedDoesNotReachTheNextMovie)
+{
+    auto &range = control<SplitSliderView>("timeRangeSlidView");
+    auto &margin = control<FractionSlider>("slidBorderWidth");
+    const QPoint handles[] = {range.clipRect(true).center().toPoint(), range.clipRect(false).center().toPoint(),
+                              QPoint(margin.height() / 2 + margin.value() * margin.width() / margin.maximum(), 10)};
+    QWidget *const held[] = {&range, &range, &margin};
+    for (const int index : {0, 1, 2}) {
+        openWith(0);
+        QTest::mousePress(held[index], Qt::LeftButton, {}, handles[index]);
+        const CollageSettings before = movies.at(1)->settings();
+        editor.flushWithKTObject(movies.at(1));
+        QTest::mouseMove(held[index], held[index]->rect().center());
+        QTest::mouseRelease(held[index], Qt::LeftButton, {}, held[index]->rect().center());
+        EXPECT_EQ(movies.at(1)->settings(), before) << index;
+    }
+    QLineEdit &minutes = *control<SWTimeEditView>("endTimeView").findChild<QLineEdit *>(u"lblMinite"_s);
+    replaceText(minutes, "0");
+    movies.at(1)->setSettings({.startPoint = 1.0, .endPoint = 6.0});
+    editor.flushWithKTObject(movies.at(1));
+    QTest::keyClicks(&minutes, u"99"_s);
+    QTest::keyClick(&minutes, Qt::Key_Return);
+    EXPECT_EQ(control<SWTimeEditView>("endTimeView").secondsValue(), 6.0) << "the next movie's, not the one before's";
+}
+
+TEST_F(EditorTest, ThePreviewFollowsThePreferencesWhileItIsOpen)
+{
+    auto &preview = control<KTThumbnailPreview>("thumbPreview");
+    const QImage before = preview.imageWithSubviews();
+    facts = u"a line\n"_s.repeated(20);
+    EXPECT_EQ(preview.imageWithSubviews(), before);
+    notifications.post(PreferenceKeys::metadataTextChanged);
+    EXPECT_NE(preview.imageWithSubviews(), before);
 }
 
 TEST_F(EditorTest, SlidersHaveFractionsUntilTheMovieIsWritten)

@@ -1,5 +1,6 @@
 #include "Shared/PreferenceKeys.h"
 #include "platform/store/StoredColor.h"
+#include "platform/threads/NotificationCenter.h"
 #include "platform/widgets/ColorWell.h"
 #include "prefs/panes/RBGeneralPreferViewCtl.h"
 #include "prefs/panes/RBMetadataPrefViewCtl.h"
@@ -26,6 +27,7 @@ struct PanesTest : testing::Test {
     const ScratchFolder scratch;
     const QString storePath = scratch.path("settings.json");
     UserDefaults defaults{storePath};
+    NotificationCenter notifications;
 };
 
 TEST_F(PanesTest, GeneralControlsShowAndWriteTheirOwnKeys)
@@ -58,7 +60,7 @@ TEST_F(PanesTest, FormatAndCornerThatAreNoneBecomeTheFirst)
         defaults.setInteger(PreferenceKeys::outputFormat, number);
         defaults.setInteger(PreferenceKeys::gridTextPosition, number);
         RBGeneralPreferViewCtl general(defaults);
-        RBMetadataPrefViewCtl metadata(defaults);
+        RBMetadataPrefViewCtl metadata(defaults, notifications);
         metadata.view();
         EXPECT_EQ(control<QComboBox>(general, "pBtnFmts").currentText(), number == 1   ? u"PNG"
                                                                          : number == 3 ? u"TIFF"
@@ -77,7 +79,7 @@ TEST_F(PanesTest, MetadataBoxesAreTheBitsOfTheNumber)
         {"chkDuration", 32}, {"chkDate", 64},   {"chkFPS", 128},    {"chkCodecname", 256}, {"chkBitrate", 512}};
     for (const auto &[name, bit] : bits) {
         defaults.setInteger(PreferenceKeys::metadataText, bit | 1024);
-        RBMetadataPrefViewCtl pane(defaults);
+        RBMetadataPrefViewCtl pane(defaults, notifications);
         EXPECT_TRUE(control<QCheckBox>(pane, name).isChecked()) << name;
         pane.commitEditing();
         EXPECT_EQ(stored(PreferenceKeys::metadataText), bit) << name;
@@ -88,7 +90,7 @@ TEST_F(PanesTest, AllAndNoneLeaveTheTimeStampsAlone)
 {
     for (const auto &[before, button, after] : {std::tuple{1023, "btnUncheckAll", 3}, {2, "btnCheckAll", 1022}}) {
         defaults.setInteger(PreferenceKeys::metadataText, before);
-        RBMetadataPrefViewCtl pane(defaults);
+        RBMetadataPrefViewCtl pane(defaults, notifications);
         QTest::mouseClick(&control<QPushButton>(pane, button), Qt::LeftButton);
         EXPECT_EQ(defaults.int32Value(PreferenceKeys::metadataText), before) << "written before the commit";
         pane.commitEditing();
@@ -100,7 +102,7 @@ TEST_F(PanesTest, ColoursThatCannotBeReadShowWhiteAndBlackAndAreReplaced)
 {
     defaults.setText(PreferenceKeys::metadataTextColor, u"nonsense"_s);
     defaults.setText(PreferenceKeys::gridTextColor, u"nonsense"_s);
-    RBMetadataPrefViewCtl pane(defaults);
+    RBMetadataPrefViewCtl pane(defaults, notifications);
     EXPECT_EQ(control<ColorWell>(pane, "colorWellGridText").color(), QColor(Qt::black));
     const QColor green(1, 255, 3, 77);
     control<ColorWell>(pane, "colorWellGridText").setColor(green);
