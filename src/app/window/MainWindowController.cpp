@@ -86,10 +86,16 @@ void MainWindowController::addToolbarItems()
 void MainWindowController::connectActions()
 {
     connect(ui->importMovies, &QAction::triggered, this, &MainWindowController::importMoviesDown);
-    connect(ui->deleteMovies, &QAction::triggered, this, &MainWindowController::deleteDown);
-    connect(ui->clearlibrary, &QAction::triggered, this, &MainWindowController::clearDown);
+    for (const QAction *item : {ui->deleteMovies, ui->menuDelete}) {
+        connect(item, &QAction::triggered, this, &MainWindowController::deleteDown);
+    }
+    for (const QAction *item : {ui->clearlibrary, ui->menuClear}) {
+        connect(item, &QAction::triggered, this, &MainWindowController::clearDown);
+    }
+    for (const QAction *item : {ui->customcollage, ui->menuCustomCollage}) {
+        connect(item, &QAction::triggered, this, &MainWindowController::customCollageDown);
+    }
     connect(ui->selectAll, &QAction::triggered, ui->tableView, &QAbstractItemView::selectAll);
-    connect(ui->customcollage, &QAction::triggered, this, &MainWindowController::customCollageDown);
     // Not activated(): some desktops send it at every click.
     connect(ui->tableView, &QAbstractItemView::doubleClicked, this, &MainWindowController::customCollageDown);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -179,7 +185,6 @@ bool MainWindowController::validateToolbarItem(const QString &identifier)
     if (identifier == u"delete" || identifier == u"clearlibrary") {
         const bool hasMovies = aryItems.count() > 0;
         ui->btnStart->setEnabled(hasMovies);
-        ui->start->setEnabled(hasMovies);
         return hasMovies;
     }
     return identifier != u"customcollage" || !ui->tableView->selectedRows().empty();

@@ -69,8 +69,8 @@ public:
     void startDown();
     void customCollageDown();
     void preferencesDown();
-    /// Whether the command of that identifier can be used now. For the two that empty the list, the Start button
-    /// follows the answer.
+    /// Whether the toolbar's item of that identifier can be used now; menu items always can. For the two that empty the
+    /// list, the Start button follows the answer.
     bool validateToolbarItem(const QString &identifier);
 
 protected:

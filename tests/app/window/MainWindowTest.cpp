@@ -93,6 +93,9 @@ struct MainWindowTest : testing::Test {
 TEST_F(MainWindowTest, BatchesWaitTheirTurnAndStandInReverseOrder)
 {
     EXPECT_FALSE(control<QAbstractButton>("btnStart").isEnabled());
+    for (const char *item : {"menuDelete", "menuClear", "menuCustomCollage", "start"}) {
+        EXPECT_TRUE(control<QAction>(item).isEnabled()) << item;
+    }
     delegate.mainWindow().loadMediasWithPaths({movie("short.mp4"), movie("text.mp4"), movie("portrait.mp4")}, 0);
     delegate.openFile(movie("clock.mp4"));
     EXPECT_TRUE(waitForRows({u"clock.mp4"_s, u"portrait.mp4"_s, u"short.mp4"_s}));
