@@ -154,6 +154,14 @@
         <source>seconds</source>
         <translation type="unfinished"></translation>
     </message>
+    <message id="status_no_output_folder">
+        <source>No collages can be written into %1. Choose another output folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message id="authorize_panel_title">
+        <source>Authorize Access to “%1”</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>KTCustomCollageWndCtl</name>

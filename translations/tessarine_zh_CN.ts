@@ -152,6 +152,14 @@
         <source>seconds</source>
         <translation>秒</translation>
     </message>
+    <message id="status_no_output_folder">
+        <source>No collages can be written into %1. Choose another output folder.</source>
+        <translation>无法将拼图写入 %1，请选择其他输出文件夹。</translation>
+    </message>
+    <message id="authorize_panel_title">
+        <source>Authorize Access to “%1”</source>
+        <translation>授权访问“%1”</translation>
+    </message>
 </context>
 <context>
     <name>KTCustomCollageWndCtl</name>

@@ -10,6 +10,5 @@ bool GlobalFun::MakeSureFolderExsist(const QString &path)
     // Its result is of no use here: it is also false when the folder was there before.
     std::error_code error;
     std::filesystem::create_directories(PathText::toBytes(path).toStdString(), error);
-    const auto status = FileSystem::status(path);
-    return status && S_ISDIR(status->st_mode);
+    return FileSystem::isFolder(path);
 }

@@ -94,7 +94,7 @@ int runExportFront(ExportOptions options, int argc, char **argv)
     ProgramSetup::warnOfMissingParts(toolPath);
 
     UserDefaults defaults(ProgramSetup::storePath());
-    ProgramSetup::seed(defaults);
+    ProgramSetup::seed(defaults, DefaultsSeed::OutputFolder::WhenWritten);
     const CrashReportSender crashes = ProgramSetup::crashReportSender(storedGuid(defaults));
     ignoreFailedWrites();
     FrameGrabber grabber(toolPath, temporaryFolder.path());

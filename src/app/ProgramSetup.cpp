@@ -9,7 +9,6 @@
 #include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 #include "platform/store/Bundle.h"
-#include "prefs/DefaultsSeed.h"
 
 #include <QFontDatabase>
 #include <QStandardPaths>
@@ -61,9 +60,9 @@ QString ProgramSetup::storePath()
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/Tessarine/settings.json";
 }
 
-void ProgramSetup::seed(UserDefaults &defaults)
+void ProgramSetup::seed(UserDefaults &defaults, DefaultsSeed::OutputFolder made)
 {
-    DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), GlobalFun::RealHomeDirectory());
+    DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), GlobalFun::RealHomeDirectory(), made);
 }
 
 CrashReportSender ProgramSetup::crashReportSender(const QString &guid)

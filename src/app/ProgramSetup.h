@@ -1,6 +1,7 @@
 #pragma once
 
 #include "online/crash/CrashReportSender.h"
+#include "prefs/DefaultsSeed.h"
 
 #include <QString>
 #include <QStringList>
@@ -26,7 +27,7 @@ QString toolPath();
 QString storePath();
 
 /// Registers the default settings under the real home.
-void seed(UserDefaults &defaults);
+void seed(UserDefaults &defaults, DefaultsSeed::OutputFolder made);
 
 /// Records crashes for as long as the result lives. The GUID in the reports may be null.
 [[nodiscard]] CrashReportSender crashReportSender(const QString &guid);

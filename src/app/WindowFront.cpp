@@ -59,7 +59,7 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
     const bool sandboxed = QFile::exists(sandboxMarker);
     const QDBusConnection bus = QDBusConnection::sessionBus();
     UserDefaults defaults(ProgramSetup::storePath());
-    ProgramSetup::seed(defaults);
+    ProgramSetup::seed(defaults, DefaultsSeed::OutputFolder::Now);
     CrashReportSender crashes = ProgramSetup::crashReportSender(GlobalFun::getGUID(defaults));
     const Bundle bundle = Bundle::main();
     const ServiceUrl service = ServiceUrl::ofThisProgram(bundle);

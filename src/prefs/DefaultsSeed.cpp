@@ -1,5 +1,6 @@
 #include "prefs/DefaultsSeed.h"
 
+#include "Shared/FolderMaking.h"
 #include "Shared/PreferenceKeys.h"
 #include "platform/Log.h"
 #include "platform/store/PropertyList.h"
@@ -20,14 +21,19 @@ QString DefaultsSeed::outputFolderUnder(const QString &home)
     return home + u"/Pictures/Tessarine";
 }
 
-bool DefaultsSeed::registDefaults(UserDefaults &defaults, const QByteArray &propertyList, const QString &home)
+bool DefaultsSeed::registDefaults(UserDefaults &defaults, const QByteArray &propertyList, const QString &home,
+                                  OutputFolder made)
 {
     std::optional<QVariantMap> values = PropertyList::parseDictionary(propertyList);
+    const QString outputFolder = outputFolderUnder(home);
+    if (made == OutputFolder::Now) {
+        GlobalFun::MakeSureFolderExsist(outputFolder);
+    }
     if (!values) {
         qCWarning(lcTessarine) << "the default settings cannot be read";
         return false;
     }
-    values->insert(PreferenceKeys::outputFolder, outputFolderUnder(home));
+    values->insert(PreferenceKeys::outputFolder, outputFolder);
     values->insert(PreferenceKeys::sameAsOrigin, false);
     defaults.registerDefaults(*values);
     return true;

@@ -56,5 +56,5 @@ QString OutputFile::freePath(const QString &folder, const QString &moviePath, co
 
 bool OutputFile::isWritableFolder(const QString &folder)
 {
-    return FileSystem::isAllowed(folder, W_OK | X_OK);
+    return FileSystem::isFolder(folder) && FileSystem::isAllowed(folder, W_OK | X_OK);
 }

@@ -1,6 +1,5 @@
 #include "app/command/ExportCommand.h"
 
-#include "Shared/FileHelper.h"
 #include "Shared/FolderMaking.h"
 #include "Shared/PreferenceKeys.h"
 #include "app/command/CommandLineMovies.h"
@@ -10,6 +9,7 @@
 #include "online/VXConfigManager.h"
 #include "platform/desktop/AlertPanel.h"
 #include "platform/desktop/Workspace.h"
+#include "platform/files/FileSystem.h"
 #include "platform/store/UserDefaults.h"
 #include "prefs/DefaultsSeed.h"
 #include "render/ExportJob.h"
@@ -134,7 +134,7 @@ QString ExportCommand::outputFolder() const
         return *options.outputFolder;
     }
     QString chosen = services.defaults.textValue(PreferenceKeys::outputFolder);
-    if (!chosen.isEmpty() && FileHelper::directoryExistsWithPath(chosen)) {
+    if (FileSystem::isFolder(chosen)) {
         return chosen;
     }
     // A chosen folder that is gone, on a disk that is not plugged in perhaps, is not made again somewhere else.

@@ -56,7 +56,7 @@ MainWindowController::MainWindowController(Services windowServices) :
                                  *jobs, *ui->quit, services.metadataText},
         *this);
     outputFolder = std::make_unique<OutputFolderControls>(
-        OutputFolderControls::Widgets{ui->lblOutputPath, ui->btnBrowser, ui->btnOpen, ui->chkSameOrigin},
+        OutputFolderControls::Widgets{ui->lblOutputPath, ui->btnBrowser, ui->btnOpen, ui->chkSameOrigin, ui->lblStatus},
         OutputFolderControls::Services{services.defaults, services.trustedFolders, services.alert, services.openPanel,
                                        services.workspace, services.home, [this] { return moviePaths(); }});
     outputFolder->showStoredFolder();

@@ -1,12 +1,12 @@
 #include "app/window/OutputFolderControls.h"
 
-#include "Shared/FileHelper.h"
 #include "Shared/FolderMaking.h"
 #include "Shared/PreferenceKeys.h"
 #include "app/window/SameOrigin.h"
 #include "platform/desktop/AlertPanel.h"
 #include "platform/desktop/OpenPanel.h"
 #include "platform/desktop/Workspace.h"
+#include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 #include "platform/store/UserDefaults.h"
 #include "prefs/DefaultsSeed.h"
@@ -15,6 +15,7 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 
 #include <utility>
@@ -26,18 +27,16 @@ OutputFolderControls::OutputFolderControls(Widgets controls, Services controlSer
 {
     connect(widgets.btnBrowser, &QAbstractButton::clicked, this, &OutputFolderControls::browseDown);
     connect(widgets.btnOpen, &QAbstractButton::clicked, this, &OutputFolderControls::openFinderDown);
-    connect(widgets.chkSameOrigin, &QCheckBox::clicked, this, &OutputFolderControls::sameOriginDown);
+    connect(widgets.chkSameOrigin, &QCheckBox::toggled, this, &OutputFolderControls::sameOriginDown);
 }
 
 void OutputFolderControls::showStoredFolder()
 {
     const QString stored = services.defaults.textValue(PreferenceKeys::outputFolder);
-    if (!stored.isEmpty() && FileHelper::fileExistsWithPath(stored)) {
+    if (FileSystem::isFolder(stored)) {
         show(stored);
     } else {
-        const QString fallback = DefaultsSeed::outputFolderUnder(services.home);
-        GlobalFun::MakeSureFolderExsist(fallback);
-        show(fallback);
+        showDefaultFolder();
     }
     widgets.chkSameOrigin->setChecked(false); // whatever was chosen last time
     sameOriginDown();
@@ -46,7 +45,17 @@ void OutputFolderControls::showStoredFolder()
 void OutputFolderControls::appLaunched()
 {
     if (!outputPath().isEmpty() && !OutputFile::isWritableFolder(outputPath())) {
-        show(DefaultsSeed::outputFolderUnder(services.home));
+        showDefaultFolder();
+    }
+}
+
+void OutputFolderControls::showDefaultFolder()
+{
+    show(DefaultsSeed::outputFolderUnder(services.home));
+    GlobalFun::MakeSureFolderExsist(outputPath());
+    if (!OutputFile::isWritableFolder(outputPath())) {
+        //% "No collages can be written into %1. Choose another output folder."
+        widgets.lblStatus->setText(qtTrId("status_no_output_folder").arg(PathText::forDisplay(outputPath())));
     }
 }
 
@@ -69,7 +78,9 @@ void OutputFolderControls::browseDown()
         if (!paths.isEmpty()) {
             services.trustedFolders.addToBookmarkWithURL(paths.first());
             show(paths.first());
+            widgets.lblStatus->clear(); // of the folder before
             services.defaults.setText(PreferenceKeys::outputFolder, paths.first());
+            services.defaults.synchronize(); // a crash or another process is to find it
         }
     });
 }
@@ -93,8 +104,7 @@ void OutputFolderControls::sameOriginDown()
         if (answer == 0) {
             authorize(refusals.folders);
         } else {
-            widgets.chkSameOrigin->setChecked(false);
-            applySameOrigin();
+            widgets.chkSameOrigin->setChecked(false); // and so to applySameOrigin()
         }
     });
 }
@@ -106,6 +116,8 @@ void OutputFolderControls::authorize(const QStringList &folders)
         return;
     }
     OpenPanelRequest request;
+    //% "Authorize Access to “%1”"
+    request.title = qtTrId("authorize_panel_title").arg(PathText::forDisplay(folders.first()));
     request.prompt = u"Authorize"_s;
     request.folder = folders.first();
     request.folders = true;
@@ -125,4 +137,5 @@ void OutputFolderControls::applySameOrigin()
         control->setEnabled(!isOn);
     }
     services.defaults.setBool(PreferenceKeys::sameAsOrigin, isOn);
+    services.defaults.synchronize();
 }

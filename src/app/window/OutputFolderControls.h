@@ -10,6 +10,7 @@ class AlertPanel;
 class OpenPanel;
 class QAbstractButton;
 class QCheckBox;
+class QLabel;
 class QLineEdit;
 class TrustedFolders;
 class UserDefaults;
@@ -26,6 +27,7 @@ public:
         QAbstractButton *btnBrowser;
         QAbstractButton *btnOpen;
         QCheckBox *chkSameOrigin;
+        QLabel *lblStatus; ///< tells when there is no folder to write into
     };
     /// All of it must outlive this; questions and panels belong to the window, and go with it.
     struct Services {
@@ -54,6 +56,8 @@ public:
 
 private:
     void show(const QString &path);
+    /// Makes and shows the default folder, and tells when nothing can be written into it.
+    void showDefaultFolder();
     void authorize(const QStringList &folders);
     void applySameOrigin();
 

@@ -32,6 +32,12 @@ std::optional<struct stat> FileSystem::linkStatus(const QString &path)
     return ::lstat(native(path).constData(), &found) == 0 ? std::optional(found) : std::nullopt;
 }
 
+bool FileSystem::isFolder(const QString &path)
+{
+    const auto found = status(path);
+    return found && S_ISDIR(found->st_mode);
+}
+
 bool FileSystem::isTaken(const QString &path)
 {
     return linkStatus(path).has_value();

@@ -19,6 +19,9 @@ std::optional<struct stat> status(const QString &path);
 /// The same of a link itself.
 std::optional<struct stat> linkStatus(const QString &path);
 
+/// Whether a folder can be reached at the path, links followed.
+bool isFolder(const QString &path);
+
 /// Whether a name is in use: by a link that leads nowhere too.
 bool isTaken(const QString &path);
 

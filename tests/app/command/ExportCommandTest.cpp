@@ -31,7 +31,8 @@ struct ExportCommandTest : testing::Test {
         const CapturedStream out;
         const CapturedStream err;
         UserDefaults defaults(folder.path("settings.json"));
-        DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), folder.path("home"));
+        DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), folder.path("home"),
+                                     DefaultsSeed::OutputFolder::WhenWritten);
         FrameGrabber grabber(QStringLiteral(TESSARINE_FFMPEG), folder.path());
         QStringList words = QString::fromLatin1("tessarine --export -q " + optionText).split(u' ', Qt::SkipEmptyParts);
         if (!output.isEmpty()) {

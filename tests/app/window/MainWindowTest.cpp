@@ -80,7 +80,8 @@ struct MainWindowTest : testing::Test {
     UserDefaults defaults{folder.path("settings.json")};
     const bool isSeeded = [this] {
         defaults.setText(PreferenceKeys::outputFolder, folder.makeFolder("out"));
-        return DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), folder.path("home"));
+        return DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), folder.path("home"),
+                                            DefaultsSeed::OutputFolder::Now);
     }();
     QString tool = scriptedTool(folder, "tool", "exec " TESSARINE_FFMPEG " \"$@\"");
     FrameGrabber grabber{tool, folder.path()};
@@ -172,9 +173,10 @@ TEST_F(MainWindowTest, BesideTheMoviesAsksForTheFoldersThatCannotBeWritten)
     }
     ASSERT_TRUE(waitForRows({u"b.mp4"_s, u"a.mp4"_s}));
     auto &box = control<QCheckBox>("chkSameOrigin");
-    box.click();
+    box.toggle(); // as a screen reader has it done
     EXPECT_TRUE(answers.alerts.isEmpty()) << "as root, or in one's own folders";
     EXPECT_FALSE(control<QLineEdit>("lblOutputPath").isEnabled());
+    EXPECT_TRUE(UserDefaults(folder.path("settings.json")).boolValue(PreferenceKeys::sameAsOrigin)) << "at once";
     box.click();
     const WithoutPrivileges user;
     for (const auto &[answer, isOn, panels] : {std::tuple{0, true, 2}, {1, false, 0}}) {
@@ -186,6 +188,27 @@ TEST_F(MainWindowTest, BesideTheMoviesAsksForTheFoldersThatCannotBeWritten)
         EXPECT_EQ(answers.panels.size(), panels);
         EXPECT_EQ(defaults.boolValue(PreferenceKeys::sameAsOrigin), isOn);
         EXPECT_TRUE(answers.alerts.last().contains(u"movie: \na.mp4\"\n is not accessable"_s));
+    }
+}
+
+TEST_F(MainWindowTest, TheFolderShownIsThereOrTheWindowSaysWhatToDo)
+{
+    EXPECT_TRUE(folder.has("home/Pictures/Tessarine")) << "at every start";
+    answers.chosen = {folder.makeFolder("chosen")};
+    control<QAbstractButton>("btnBrowser").click();
+    EXPECT_EQ(UserDefaults(folder.path("settings.json")).textValue(PreferenceKeys::outputFolder), answers.chosen.first());
+    std::filesystem::remove(folder.bytes("chosen").toStdString());
+    folder.write("chosen", "a file is no folder");
+    for (const bool canBeMade : {true, false}) {
+        std::filesystem::remove(folder.bytes("home/Pictures/Tessarine").toStdString());
+        if (!canBeMade) {
+            folder.write("home/Pictures/Tessarine", "");
+        }
+        AppDelegate next{{defaults, grabber, bookmarks, answers, answers, answers, mainQueue, folder.path("home")}};
+        next.applicationDidFinishLaunching();
+        const QWidget &window = next.mainWindow();
+        EXPECT_EQ(window.findChild<QLineEdit *>(u"lblOutputPath"_s)->text(), folder.path("home/Pictures/Tessarine"));
+        EXPECT_EQ(window.findChild<QLabel *>(u"lblStatus"_s)->text().isEmpty(), canBeMade);
     }
 }
 

@@ -18,9 +18,10 @@ TEST(DefaultsSeed, RegistersWhatTheTableAndTheReadmeSay)
 {
     const ScratchFolder folder;
     UserDefaults defaults(folder.path("settings.json"));
-    EXPECT_FALSE(DefaultsSeed::registDefaults(defaults, {}, u"~"_s));
+    EXPECT_FALSE(DefaultsSeed::registDefaults(defaults, {}, u"~"_s, DefaultsSeed::OutputFolder::WhenWritten));
     EXPECT_FALSE(defaults.contains(PreferenceKeys::outputFolder)); // all of them or none
-    ASSERT_TRUE(DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), u"~"_s));
+    ASSERT_TRUE(DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), u"~"_s,
+                                             DefaultsSeed::OutputFolder::WhenWritten));
 
     QVariantMap seeds = PropertyList::parseDictionary(DefaultsSeed::resource()).value_or(QVariantMap());
     QFile readme(QStringLiteral(TESSARINE_README));
