@@ -111,7 +111,19 @@ void MASPreferencesWindowController::completeToolbar()
         item->setObjectName(pane.identifier());
         item->setCheckable(true);
         items->addAction(item);
-        connect(item, &QAction::triggered, this, [this, index] { selectControllerAtIndex(index); });
+        connect(item, &QAction::toggled, this, [this, index](bool on) { itemToggled(index, on); });
+    }
+}
+
+/// Not at triggered(): a screen reader toggles a button without triggering anything.
+void MASPreferencesWindowController::itemToggled(std::size_t index, bool on)
+{
+    if (on) {
+        selectControllerAtIndex(index);
+    } else if (selected == panes.at(index).get()) { // toggled off, or about to be left
+        QMetaObject::invokeMethod(
+            items, [this] { items->actions().at(static_cast<qsizetype>(selectedIndex()))->setChecked(true); },
+            Qt::QueuedConnection);
     }
 }
 
@@ -133,6 +145,7 @@ bool MASPreferencesWindowController::selectControllerAtIndex(std::size_t index)
     if (selected != nullptr) {
         leaveSelectedPane();
     }
+    selected = &wanted;
     items->actions().at(static_cast<qsizetype>(index))->setChecked(true);
     defaults.setText(PreferenceKeys::preferencesSelection, wanted.identifier());
     showPane(wanted);
@@ -176,7 +189,6 @@ void MASPreferencesWindowController::leaveSelectedPane()
 void MASPreferencesWindowController::showPane(PreferencePane &pane)
 {
     const QSize size = sizeFor(pane);
-    selected = &pane;
     if (title.isEmpty()) {
         preferencesWindow->setWindowTitle(pane.toolbarItemLabel());
     }

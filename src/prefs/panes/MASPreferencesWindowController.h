@@ -51,6 +51,7 @@ private:
     void selectRememberedPane();
     /// Gives every pane its toolbar item, those that were appended since the last time too.
     void completeToolbar();
+    void itemToggled(std::size_t index, bool on);
     void step(std::size_t distance);
     std::size_t selectedIndex() const;
     void leaveSelectedPane();
