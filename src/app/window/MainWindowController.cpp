@@ -8,6 +8,7 @@
 #include "platform/desktop/WindowActivation.h"
 #include "platform/store/UserDefaults.h"
 #include "platform/widgets/SymbolicIcon.h"
+#include "platform/widgets/WindowPlacement.h"
 #include "ui_MainWindowController.h"
 
 #include <QApplication>
@@ -15,7 +16,6 @@
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QTimer>
 
@@ -27,7 +27,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize roomForFrame(8, 32);
 /// What a cancelled job gets to end before the program ends without it.
 constexpr std::chrono::seconds patience(10);
 
@@ -302,9 +301,8 @@ void MainWindowController::restoreLayout()
 {
     if (const auto geometry = services.defaults.dataValue(PreferenceKeys::mainWindowGeometry)) {
         restoreGeometry(*geometry);
-    } else {
-        resize(size().boundedTo(screen()->availableSize() - roomForFrame));
     }
+    keepOnScreen(*this);
     if (const auto columns = services.defaults.dataValue(PreferenceKeys::movieTableColumns)) {
         ui->tableView->horizontalHeader()->restoreState(*columns);
     }

@@ -3,6 +3,7 @@
 #include "Shared/PreferenceKeys.h"
 #include "platform/store/GeometryText.h"
 #include "platform/store/UserDefaults.h"
+#include "platform/widgets/WindowPlacement.h"
 #include "ui_MASPreferencesWindow.h"
 
 #include <QActionGroup>
@@ -53,6 +54,7 @@ QMainWindow &MASPreferencesWindowController::window()
 
 void MASPreferencesWindowController::showWindow()
 {
+    keepOnScreen(window());
     window().show();
     window().raise();
     window().activateWindow();
@@ -196,6 +198,7 @@ void MASPreferencesWindowController::showPane(PreferencePane &pane)
     pane.view().show();
     preferencesWindow->layout()->activate(); // or the window would keep the least size of the pane before
     preferencesWindow->resize(size + sizeBeside());
+    keepOnScreen(*preferencesWindow);
     pane.view().installEventFilter(this);
 }
 
