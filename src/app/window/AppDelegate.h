@@ -46,8 +46,6 @@ public:
     void applicationDidFinishLaunching();
     /// Loads one file or folder at the top of the list; true whatever the load will find.
     bool openFile(const QString &path);
-    /// Closing the main window ends the program.
-    bool applicationShouldTerminateAfterLastWindowClosed() const { return true; }
     /// Writes the settings to disk.
     void applicationWillTerminate();
     /// Shows the preferences window.
