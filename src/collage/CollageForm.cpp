@@ -14,17 +14,18 @@ CollageSettings settingsFromForm(const CollageForm &form, const VXMediaInfoItem 
     CollageSettings settings;
     settings.startPoint = form.dStart;
     settings.endPoint = form.dStart + form.dLength;
-    settings.backgroundColor = form.backgroundColor;
-    settings.rowNumber = form.rowNumber;
-    settings.columeNumber = form.columeNumber;
-    settings.gridBorderColor = form.gridBorderColor;
-    settings.gridBorderWidth = form.gridBorderWidth;
-    settings.rowSpace = form.rowSpace;
-    settings.columeSpace = form.columeSpace;
+    for (std::size_t row = 0; row < form.numbers.size(); ++row) {
+        CollageFields::numbers[row].put(settings, form.numbers[row]);
+    }
+    for (std::size_t row = 0; row < form.colors.size(); ++row) {
+        settings.*CollageFields::colors[row].member = form.colors[row];
+    }
+    for (std::size_t row = 0; row < form.switches.size(); ++row) {
+        settings.*CollageFields::switches[row].member = form.switches[row];
+    }
     settings.borderWidth = form.slidBorderWidth;
-    settings.gridShadowed = form.gridShadowed;
-    settings.autoHeight = form.autoHeight;
-    settings.gridWidth = form.gridWidth;
-    settings.gridHeight = form.autoHeight ? automaticGridHeight(movie, form.gridWidth) : form.gridHeight;
+    if (settings.autoHeight) {
+        settings.gridHeight = automaticGridHeight(movie, static_cast<std::int32_t>(settings.gridWidth));
+    }
     return settings;
 }

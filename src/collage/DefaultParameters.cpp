@@ -1,6 +1,5 @@
 #include "collage/DefaultParameters.h"
 
-#include "Shared/PreferenceKeys.h"
 #include "collage/CollageForm.h"
 #include "media/VXMediaInfoItem.h"
 #include "platform/store/StoredColor.h"
@@ -19,33 +18,37 @@ CollageSettings DefaultParameters::settingsOfNewMovie(const UserDefaults &defaul
         settings.startPoint = leaderSeconds;
         settings.endPoint = movie.duration - leaderSeconds;
     }
-    settings.rowNumber = defaults.int32Value(PreferenceKeys::rowNumber);
-    settings.columeNumber = defaults.int32Value(PreferenceKeys::columeNumber);
-    settings.gridWidth = defaults.int32Value(PreferenceKeys::tileWidth);
+    for (const CollageFields::Number &field : CollageFields::numbers) {
+        if (!field.readFrom.isEmpty()) {
+            field.put(settings, defaults.int32Value(field.readFrom));
+        }
+    }
+    for (const CollageFields::Color &field : CollageFields::colors) {
+        settings.*field.member = storedColor(defaults, field.key, field.whenAbsent);
+    }
+    for (const CollageFields::Switch &field : CollageFields::switches) {
+        if (!field.key.isEmpty()) {
+            settings.*field.member = defaults.boolValue(field.key);
+        }
+    }
     settings.gridHeight = settings.gridWidth * movie.pixHeight / movie.pixWidth;
-    settings.backgroundColor = storedColor(defaults, PreferenceKeys::backgroundColor, Qt::black);
-    settings.gridBorderColor = storedColor(defaults, PreferenceKeys::tileBorderColor, Qt::white);
-    settings.gridBorderWidth = defaults.int32Value(PreferenceKeys::tileBorderWidth);
-    // Crossed on purpose: the horizontal key holds what becomes the gap between rows. Stores in use rely on it.
-    settings.rowSpace = defaults.int32Value(PreferenceKeys::horizontalGaps);
-    settings.columeSpace = defaults.int32Value(PreferenceKeys::verticalGaps);
-    settings.gridShadowed = defaults.boolValue(PreferenceKeys::drawShadow);
-    settings.borderWidth = defaults.int32Value(PreferenceKeys::borderWidth);
     return settings;
 }
 
 void DefaultParameters::store(UserDefaults &defaults, const CollageForm &form)
 {
-    defaults.setText(PreferenceKeys::backgroundColor, ColorArchive::archive(form.backgroundColor));
-    defaults.setInteger(PreferenceKeys::rowNumber, form.rowNumber);
-    defaults.setInteger(PreferenceKeys::columeNumber, form.columeNumber);
-    defaults.setInteger(PreferenceKeys::tileWidth, form.gridWidth);
-    defaults.setText(PreferenceKeys::tileBorderColor, ColorArchive::archive(form.gridBorderColor));
-    defaults.setInteger(PreferenceKeys::tileBorderWidth, form.gridBorderWidth);
-    // Not crossed, unlike at reading: what is stored as horizontal becomes the gap between rows of the next movie.
-    defaults.setInteger(PreferenceKeys::horizontalGaps, form.columeSpace);
-    defaults.setInteger(PreferenceKeys::verticalGaps, form.rowSpace);
-    defaults.setBool(PreferenceKeys::drawShadow, form.gridShadowed);
-    defaults.setInteger(PreferenceKeys::borderWidth, form.lblBorderWidth);
+    for (std::size_t row = 0; row < form.numbers.size(); ++row) {
+        if (const QLatin1StringView key = CollageFields::numbers[row].storedUnder; !key.isEmpty()) {
+            defaults.setInteger(key, form.numbers[row]);
+        }
+    }
+    for (std::size_t row = 0; row < form.colors.size(); ++row) {
+        defaults.setText(CollageFields::colors[row].key, ColorArchive::archive(form.colors[row]));
+    }
+    for (std::size_t row = 0; row < form.switches.size(); ++row) {
+        if (const QLatin1StringView key = CollageFields::switches[row].key; !key.isEmpty()) {
+            defaults.setBool(key, form.switches[row]);
+        }
+    }
     defaults.synchronize();
 }

@@ -25,26 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double usualMargin = 200.0;
-constexpr double usualFrame = 50.0;
 constexpr QSize roomAroundSheet(16, 48); // its frame and title, and a little air
-
-struct NumberField {
-    QLineEdit *Ui::KTCustomCollageWndCtl::*field;
-    CollageNumber number;
-};
-
-using Controls = Ui::KTCustomCollageWndCtl;
-constexpr std::array<NumberField, 8> numberFields{{
-    {&Controls::lblGridRowNum, CollageNumber::Rows},
-    {&Controls::lblGridColumeNum, CollageNumber::Columes},
-    {&Controls::lblGridWidth, CollageNumber::GridWidth},
-    {&Controls::lblGridHeight, CollageNumber::GridHeight},
-    {&Controls::lblGridThickness, CollageNumber::GridThickness},
-    {&Controls::lblHorizontalGaps, CollageNumber::HorizontalGaps},
-    {&Controls::lblVerticalGaps, CollageNumber::VerticalGaps},
-    {&Controls::lblBorderWidth, CollageNumber::BorderWidth},
-}};
 
 std::int32_t integerValue(const QLineEdit *field)
 {
@@ -85,9 +66,17 @@ KTCustomCollageWndCtl::~KTCustomCollageWndCtl()
 
 void KTCustomCollageWndCtl::prepareControls()
 {
-    for (const NumberField &entry : numberFields) {
-        fieldEditings.push_back(
-            std::make_unique<FieldEditing>(*(ui.get()->*entry.field), static_cast<FieldEditingDelegate &>(*this)));
+    for (const CollageFields::Number &row : CollageFields::numbers) {
+        auto *field = findChild<QLineEdit *>(QLatin1StringView(row.control));
+        auto *slider = row.slider ? findChild<FractionSlider *>(QLatin1StringView(row.slider)) : nullptr;
+        numbers.push_back(
+            {row, field, slider, std::make_unique<FieldEditing>(*field, static_cast<FieldEditingDelegate &>(*this))});
+    }
+    for (const CollageFields::Color &row : CollageFields::colors) {
+        colors.push_back({row, findChild<ColorWell *>(QLatin1StringView(row.control))});
+    }
+    for (const CollageFields::Switch &row : CollageFields::switches) {
+        switches.push_back({row, findChild<QCheckBox *>(QLatin1StringView(row.control))});
     }
     for (SWTimeEditView *view : {ui->startTimeView, ui->endTimeView}) {
         view->setDelegate(this);
@@ -96,19 +85,19 @@ void KTCustomCollageWndCtl::prepareControls()
     }
     ui->timeRangeSlidView->setDelegate(this);
     ui->thumbPreview->setMetadataText(services.metadataText);
-    ui->slidBorderWidth->setUsualMaximum(usualMargin);
-    ui->slidGridThickness->setUsualMaximum(usualFrame);
     ui->btnPrev->setShortcut(Qt::ALT | Qt::Key_Left);
     ui->btnNext->setShortcut(Qt::ALT | Qt::Key_Right);
 }
 
 void KTCustomCollageWndCtl::connectControls()
 {
-    for (FractionSlider *slider : {ui->slidBorderWidth, ui->slidGridThickness}) {
-        connect(slider, &QSlider::valueChanged, this, [this, slider] { sliderDown(*slider); });
+    for (const NumberControl &number : numbers) {
+        if (number.slider) {
+            connect(number.slider, &QSlider::valueChanged, this, [this, &number] { sliderDown(number); });
+        }
     }
-    for (ColorWell *well : {ui->bgColorWell, ui->gridBorderColorWell}) {
-        connect(well, &ColorWell::colorChosen, this, [this, well] { changeColor(*well); });
+    for (const ColorControl &color : colors) {
+        connect(color.well, &ColorWell::colorChosen, this, [this, &color] { changeColor(color); });
     }
     connect(ui->chkAuto, &QCheckBox::toggled, this, &KTCustomCollageWndCtl::autoHeightDown);
     connect(ui->btnCancel, &QPushButton::clicked, this, &KTCustomCollageWndCtl::cancelDown);
@@ -139,14 +128,14 @@ void KTCustomCollageWndCtl::flushWithKTObject(std::shared_ptr<KTMovieObject> obj
     const CollageSettings settings = movie->settings();
     ui->lblTitle->setText(PathText::forDisplay(GlobalFun::lastPathComponent(movie->filePath)));
     fillRange(settings);
-    ui->bgColorWell->setColor(settings.backgroundColor);
-    ui->gridBorderColorWell->setColor(settings.gridBorderColor);
-    fillNumbers(settings);
-    {
-        const QSignalBlocker quiet(ui->chkAuto);
-        ui->chkAuto->setChecked(settings.autoHeight);
+    for (const ColorControl &color : colors) {
+        color.well->setColor(settings.*color.row.member);
     }
-    ui->chkShadowed->setChecked(settings.gridShadowed);
+    fillNumbers(settings);
+    for (const SwitchControl &control : switches) {
+        const QSignalBlocker quiet(control.box);
+        control.box->setChecked(settings.*control.row.member);
+    }
     autoHeightDown();
     ui->chkApplyToAll->setChecked(false);
     ui->chkSetAsDefault->setChecked(false);
@@ -157,8 +146,11 @@ void KTCustomCollageWndCtl::flushWithKTObject(std::shared_ptr<KTMovieObject> obj
 void KTCustomCollageWndCtl::releaseHandles()
 {
     ui->timeRangeSlidView->release();
-    ui->slidBorderWidth->release();
-    ui->slidGridThickness->release();
+    for (const NumberControl &number : numbers) {
+        if (number.slider) {
+            number.slider->release();
+        }
+    }
 }
 
 void KTCustomCollageWndCtl::fillRange(const CollageSettings &settings)
@@ -173,16 +165,15 @@ void KTCustomCollageWndCtl::fillRange(const CollageSettings &settings)
 
 void KTCustomCollageWndCtl::fillNumbers(const CollageSettings &settings)
 {
-    showNumber(ui->lblGridRowNum, settings.rowNumber);
-    showNumber(ui->lblGridColumeNum, settings.columeNumber);
-    showNumber(ui->lblGridWidth, settings.gridWidth);
-    showNumber(ui->lblGridHeight, settings.gridHeight);
-    ui->slidGridThickness->setDoubleValue(settings.gridBorderWidth);
-    showNumber(ui->lblGridThickness, settings.gridBorderWidth);
-    showNumber(ui->lblHorizontalGaps, settings.columeSpace);
-    showNumber(ui->lblVerticalGaps, settings.rowSpace);
-    ui->slidBorderWidth->setDoubleValue(GlobalFun::truncatedToInt32(settings.borderWidth));
-    showNumber(ui->lblBorderWidth, settings.borderWidth);
+    for (const NumberControl &number : numbers) {
+        const double value = number.row.in(settings);
+        showNumber(number.field, value);
+        if (number.slider) {
+            // The margin's slider has lost its fraction by the time it is written; so it has none from the start.
+            const bool isMargin = number.row.is(&CollageSettings::borderWidth);
+            number.slider->setDoubleValue(isMargin ? GlobalFun::truncatedToInt32(value) : value);
+        }
+    }
 }
 
 CollageForm KTCustomCollageWndCtl::form() const
@@ -191,19 +182,10 @@ CollageForm KTCustomCollageWndCtl::form() const
     CollageForm form;
     form.dStart = selection.dStart;
     form.dLength = selection.dLength;
-    form.backgroundColor = ui->bgColorWell->color();
-    form.rowNumber = integerValue(ui->lblGridRowNum);
-    form.columeNumber = integerValue(ui->lblGridColumeNum);
-    form.gridBorderColor = ui->gridBorderColorWell->color();
-    form.gridBorderWidth = integerValue(ui->lblGridThickness);
-    form.rowSpace = integerValue(ui->lblVerticalGaps);
-    form.columeSpace = integerValue(ui->lblHorizontalGaps);
+    std::ranges::transform(numbers, form.numbers.begin(), [](const auto &each) { return integerValue(each.field); });
+    std::ranges::transform(colors, form.colors.begin(), [](const auto &each) { return each.well->color(); });
+    std::ranges::transform(switches, form.switches.begin(), [](const auto &each) { return each.box->isChecked(); });
     form.slidBorderWidth = GlobalFun::truncatedToInt32(ui->slidBorderWidth->doubleValue());
-    form.lblBorderWidth = integerValue(ui->lblBorderWidth);
-    form.gridShadowed = ui->chkShadowed->isChecked();
-    form.autoHeight = ui->chkAuto->isChecked();
-    form.gridWidth = integerValue(ui->lblGridWidth);
-    form.gridHeight = integerValue(ui->lblGridHeight);
     return form;
 }
 
@@ -241,21 +223,18 @@ void KTCustomCollageWndCtl::redrawPreview()
     ui->thumbPreview->flushWithMovieObject(movie);
 }
 
-void KTCustomCollageWndCtl::changeColor(ColorWell &well)
+void KTCustomCollageWndCtl::changeColor(const ColorControl &color)
 {
     qCDebug(lcTessarine) << "color changed...";
-    edit([&](CollageSettings &settings) {
-        (&well == ui->bgColorWell ? settings.backgroundColor : settings.gridBorderColor) = well.color();
-    });
+    edit([&](CollageSettings &settings) { settings.*color.row.member = color.well->color(); });
     redrawPreview();
 }
 
-void KTCustomCollageWndCtl::sliderDown(FractionSlider &slider)
+void KTCustomCollageWndCtl::sliderDown(const NumberControl &number)
 {
-    const bool isMargin = &slider == ui->slidBorderWidth;
-    const double value = slider.doubleValue();
-    edit([&](CollageSettings &settings) { (isMargin ? settings.borderWidth : settings.gridBorderWidth) = value; });
-    showNumber(isMargin ? ui->lblBorderWidth : ui->lblGridThickness, value);
+    const double value = number.slider->doubleValue();
+    edit([&](CollageSettings &settings) { number.row.put(settings, value); });
+    showNumber(number.field, value);
     redrawPreview();
 }
 
@@ -273,22 +252,20 @@ void KTCustomCollageWndCtl::autoHeightDown()
 void KTCustomCollageWndCtl::controlTextDidChange(QLineEdit &field)
 {
     qCDebug(lcTessarine) << "ctl text did changed...";
-    const std::optional<CollageNumber> number = numberOf(field);
+    const NumberControl *number = numberOf(field);
     const std::int32_t value = integerValue(&field);
-    if (!number || !CollageNumbers::isShown(*number, value)) {
+    if (!number || value < number->row.shownFrom) {
         return;
     }
     edit([&](CollageSettings &settings) {
-        CollageNumbers::write(settings, *number, value);
-        if (*number == CollageNumber::GridWidth && settings.autoHeight) {
+        number->row.put(settings, value);
+        if (number->row.is(&CollageSettings::gridWidth) && settings.autoHeight) {
             settings.gridHeight = automaticGridHeight(*movie, value);
             showNumber(ui->lblGridHeight, settings.gridHeight);
         }
     });
-    if (*number == CollageNumber::GridThickness) {
-        ui->slidGridThickness->setDoubleValue(value);
-    } else if (*number == CollageNumber::BorderWidth) {
-        ui->slidBorderWidth->setDoubleValue(value);
+    if (number->slider) {
+        number->slider->setDoubleValue(value);
     }
     redrawPreview();
 }
@@ -342,21 +319,20 @@ void KTCustomCollageWndCtl::didChangeValue(SWTimeEditView &view, double seconds)
 
 // Fields and buttons
 
-std::optional<CollageNumber> KTCustomCollageWndCtl::numberOf(const QLineEdit &field) const
+const KTCustomCollageWndCtl::NumberControl *KTCustomCollageWndCtl::numberOf(const QLineEdit &field) const
 {
-    const auto *entry = std::ranges::find_if(
-        numberFields, [&](const NumberField &candidate) { return ui.get()->*candidate.field == &field; });
-    return entry == numberFields.end() ? std::nullopt : std::optional(entry->number);
+    const auto found = std::ranges::find(numbers, &field, &NumberControl::field);
+    return found == numbers.end() ? nullptr : &*found;
 }
 
 bool KTCustomCollageWndCtl::controlTextShouldEndEditing(QLineEdit &field)
 {
-    const std::optional<CollageNumber> number = numberOf(field);
-    if (number && CollageNumbers::isAccepted(*number, integerValue(&field))) {
+    const NumberControl *number = numberOf(field);
+    if (number && integerValue(&field) >= number->row.acceptedFrom) {
         return true;
     }
     QString title;
-    if (number && CollageNumbers::isGridSize(*number)) {
+    if (number && number->row.isTileSide()) {
         title = u"The Grid Size must be bigger than 30 * 30"_s;
     } else if (number) {
         //% "This number is too small: rows and columns begin at 1, gaps, margin and frames at 0."
@@ -369,13 +345,13 @@ bool KTCustomCollageWndCtl::controlTextShouldEndEditing(QLineEdit &field)
 
 bool KTCustomCollageWndCtl::endEditing()
 {
-    return std::ranges::all_of(fieldEditings, [](const auto &editing) { return editing->endEditing(); }) &&
+    return std::ranges::all_of(numbers, [](const auto &number) { return number.editing->endEditing(); }) &&
            ui->startTimeView->endEditing() && ui->endTimeView->endEditing();
 }
 
 void KTCustomCollageWndCtl::abandonEditing()
 {
-    std::ranges::for_each(fieldEditings, [](const auto &editing) { editing->abandonEditing(); });
+    std::ranges::for_each(numbers, [](const auto &number) { number.editing->abandonEditing(); });
     ui->startTimeView->abandonEditing();
     ui->endTimeView->abandonEditing();
 }

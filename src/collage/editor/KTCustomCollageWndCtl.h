@@ -1,7 +1,6 @@
 #pragma once
 
 #include "collage/CollageForm.h"
-#include "collage/CollageNumber.h"
 #include "collage/editor/SWTimeEditViewDelegate.h"
 #include "collage/editor/SliderViewDelegate.h"
 #include "platform/threads/NotificationCenter.h"
@@ -11,7 +10,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
 class AlertPanel;
@@ -20,6 +18,8 @@ class ColorWell;
 class FieldEditing;
 class FractionSlider;
 class KTMovieObject;
+class QCheckBox;
+class QLineEdit;
 class QPushButton;
 class UserDefaults;
 
@@ -29,7 +29,7 @@ class KTCustomCollageWndCtl;
 
 /// The collage editor: a sheet over the main window in which the collage of one movie, or of all, is shaped with a live
 /// preview. It connects its controls to the movie's settings; what numbers are allowed and what they mean is the
-/// business of CollageNumbers and CollageForm. The main window keeps one; main thread.
+/// business of CollageFields and CollageForm. The main window keeps one; main thread.
 class KTCustomCollageWndCtl final : public QDialog,
                                     private FieldEditingDelegate,
                                     private SWTimeEditViewDelegate,
@@ -73,6 +73,22 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    // A row of the tables of CollageFields with its controls, which belong to the form.
+    struct NumberControl {
+        const CollageFields::Number &row;
+        QLineEdit *field;
+        FractionSlider *slider; ///< null where there is none
+        std::unique_ptr<FieldEditing> editing;
+    };
+    struct ColorControl {
+        const CollageFields::Color &row;
+        ColorWell *well;
+    };
+    struct SwitchControl {
+        const CollageFields::Switch &row;
+        QCheckBox *box;
+    };
+
     void prepareControls();
     void connectControls();
     void fillRange(const CollageSettings &settings);
@@ -81,8 +97,8 @@ private:
     /// The same for every movie of the list; one picture serves all.
     void serilizedToAll() const;
 
-    void changeColor(ColorWell &well);
-    void sliderDown(FractionSlider &slider);
+    void changeColor(const ColorControl &color);
+    void sliderDown(const NumberControl &number);
     void autoHeightDown();
     void refreshSplitTimeRange();
     /// Lets the change into the settings of the edited movie.
@@ -92,7 +108,8 @@ private:
     bool endEditing();
     void abandonEditing();
     void releaseHandles();
-    std::optional<CollageNumber> numberOf(const QLineEdit &field) const;
+    /// Null when it is none of them.
+    const NumberControl *numberOf(const QLineEdit &field) const;
 
     void controlTextDidChange(QLineEdit &field) override;
     bool controlTextShouldEndEditing(QLineEdit &field) override;
@@ -106,7 +123,9 @@ private:
 
     Services services;
     std::unique_ptr<Ui::KTCustomCollageWndCtl> ui;
-    std::vector<std::unique_ptr<FieldEditing>> fieldEditings; // gone before the fields are
+    std::vector<NumberControl> numbers; // gone before the fields are
+    std::vector<ColorControl> colors;
+    std::vector<SwitchControl> switches;
     std::shared_ptr<KTMovieObject> movie;
     NotificationCenter::Observation metadataObservation;
 };

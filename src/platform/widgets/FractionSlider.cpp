@@ -21,7 +21,7 @@ int toParts(double value)
 
 FractionSlider::FractionSlider(QWidget *parent) : QSlider(Qt::Horizontal, parent)
 {
-    setRange(0, usualMaximum);
+    setRange(0, usually);
     setSingleStep(parts);
     setPageStep(10 * parts);
 }
@@ -35,14 +35,19 @@ void FractionSlider::setDoubleValue(double value)
 {
     const QSignalBlocker quiet(this);
     const int wanted = toParts(value);
-    setMaximum(std::max(usualMaximum, wanted));
+    setMaximum(std::max(usually, wanted));
     setValue(wanted);
+}
+
+double FractionSlider::usualMaximum() const
+{
+    return static_cast<double>(usually) / parts;
 }
 
 void FractionSlider::setUsualMaximum(double maximum)
 {
-    usualMaximum = std::max(parts, toParts(maximum));
-    setMaximum(usualMaximum);
+    usually = std::max(parts, toParts(maximum));
+    setMaximum(usually);
 }
 
 void FractionSlider::release()

@@ -5,6 +5,7 @@
 /// A slider whose value has tenths; the range of the slider itself counts them. Main thread.
 class FractionSlider final : public QSlider {
     Q_OBJECT
+    Q_PROPERTY(double usualMaximum READ usualMaximum WRITE setUsualMaximum)
 
 public:
     explicit FractionSlider(QWidget *parent = nullptr);
@@ -14,10 +15,11 @@ public:
     /// next one below it brings the usual maximum back.
     void setDoubleValue(double value);
     /// The usual maximum, at least 1.
+    double usualMaximum() const;
     void setUsualMaximum(double maximum);
     /// Lets go of the handle though the mouse still holds it.
     void release();
 
 private:
-    int usualMaximum = 1000;
+    int usually = 1000; // the usual maximum, in the slider's own steps
 };
