@@ -56,30 +56,31 @@ QString bitrate(const VXMediaInfoItem &movie)
     return GlobalFun::fixedText(movie.videoBitrate / 1000.0, 1) + u"Kbps";
 }
 
-struct Line {
-    MetadataItem item;
-    QStringView label;
-    QString (*value)(const VXMediaInfoItem &);
-};
-
 constexpr std::array lines{
-    Line{MetadataItem::FileName, u"File Name", fileName},
-    Line{MetadataItem::FileSize, u"File Size", fileSize},
-    Line{MetadataItem::Resolution, u"Resolution", resolution},
-    Line{MetadataItem::Duration, u"Duration", duration},
-    Line{MetadataItem::CreationDate, u"Creation Date", creationDate},
-    Line{MetadataItem::FramesPerSecond, u"FPS", framesPerSecond},
-    Line{MetadataItem::CodecName, u"Codec Name", codecName},
-    Line{MetadataItem::Bitrate, u"Bitrate", bitrate},
+    MetadataLine{MetadataItem::TimeStamp, "chkTimestamp", {}, nullptr},
+    MetadataLine{MetadataItem::Milliseconds, "chkMilisec", {}, nullptr},
+    MetadataLine{MetadataItem::FileName, "chkFilename", u"File Name", fileName},
+    MetadataLine{MetadataItem::FileSize, "chkFilesize", u"File Size", fileSize},
+    MetadataLine{MetadataItem::Resolution, "chkResolution", u"Resolution", resolution},
+    MetadataLine{MetadataItem::Duration, "chkDuration", u"Duration", duration},
+    MetadataLine{MetadataItem::CreationDate, "chkDate", u"Creation Date", creationDate},
+    MetadataLine{MetadataItem::FramesPerSecond, "chkFPS", u"FPS", framesPerSecond},
+    MetadataLine{MetadataItem::CodecName, "chkCodecname", u"Codec Name", codecName},
+    MetadataLine{MetadataItem::Bitrate, "chkBitrate", u"Bitrate", bitrate},
 };
 
 } // namespace
 
+std::span<const MetadataLine> metadataLines()
+{
+    return lines;
+}
+
 QString getMetaStrWithObject(const VXMediaInfoItem &movie, std::int32_t bits)
 {
     QString text;
-    for (const Line &line : lines) {
-        if (holds(bits, line.item)) {
+    for (const MetadataLine &line : lines) {
+        if (line.value && holds(bits, line.item)) {
             text += line.label + u": " + line.value(movie) + u'\n';
         }
     }

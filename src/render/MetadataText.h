@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <span>
 
 class VXMediaInfoItem;
 
@@ -19,6 +20,17 @@ enum class MetadataItem : std::int32_t {
     CodecName = 0x100,
     Bitrate = 0x200,
 };
+
+/// What the program knows of an item: its check box in the preferences and, but for the time stamps, its line.
+struct MetadataLine {
+    MetadataItem item;
+    const char *checkBox; ///< object name
+    QStringView label;    ///< empty for what is no line of the block
+    QString (*value)(const VXMediaInfoItem &);
+};
+
+/// Every item once, in the order of the lines.
+std::span<const MetadataLine> metadataLines();
 
 /// Whether the bit set holds the item.
 constexpr bool holds(std::int32_t bits, MetadataItem item)

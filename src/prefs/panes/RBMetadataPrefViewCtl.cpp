@@ -5,24 +5,10 @@
 #include "platform/threads/NotificationCenter.h"
 #include "platform/widgets/SymbolicIcon.h"
 #include "prefs/panes/TaggedItems.h"
+#include "render/MetadataText.h"
 #include "ui_RBMetadataPrefViewCtl.h"
 
-#include <array>
-
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The check box of each bit of the stored number, from the lowest.
-std::array<QCheckBox *, 10> checkBoxes(const Ui::RBMetadataPrefViewCtl &ui)
-{
-    return {ui.chkTimestamp, ui.chkMilisec, ui.chkFilename, ui.chkFilesize,  ui.chkResolution,
-            ui.chkDuration,  ui.chkDate,    ui.chkFPS,      ui.chkCodecname, ui.chkBitrate};
-}
-
-constexpr std::size_t firstLine = 2; // the boxes before it are about the time stamps
-
-} // namespace
 
 RBMetadataPrefViewCtl::RBMetadataPrefViewCtl(UserDefaults &store, NotificationCenter &center) :
     defaults(store), notifications(center)
@@ -51,16 +37,18 @@ void RBMetadataPrefViewCtl::loadView(QWidget &view)
 {
     ui = std::make_unique<Ui::RBMetadataPrefViewCtl>();
     ui->setupUi(&view);
+    for (const MetadataLine &line : metadataLines()) {
+        checkBoxes.emplace_back(view.findChild<QCheckBox *>(QLatin1StringView(line.checkBox)), line);
+    }
     QObject::connect(ui->btnCheckAll, &QPushButton::clicked, &view, [this] { checkAll(); });
     QObject::connect(ui->btnUncheckAll, &QPushButton::clicked, &view, [this] { uncheckAll(); });
 }
 
 void RBMetadataPrefViewCtl::awakeFromNib()
 {
-    auto bits = static_cast<unsigned>(defaults.int32Value(PreferenceKeys::metadataText));
-    for (QCheckBox *checkBox : checkBoxes(*ui)) {
-        checkBox->setChecked((bits & 1U) != 0);
-        bits >>= 1U;
+    const std::int32_t bits = defaults.int32Value(PreferenceKeys::metadataText);
+    for (const auto &[checkBox, line] : checkBoxes) {
+        checkBox->setChecked(holds(bits, line.item));
     }
     TaggedItems::select(*ui->pBtnCornor, defaults.int64Value(PreferenceKeys::gridTextPosition));
     if (defaults.contains(PreferenceKeys::metadataTextColor)) {
@@ -71,11 +59,9 @@ void RBMetadataPrefViewCtl::awakeFromNib()
 
 bool RBMetadataPrefViewCtl::commitControls()
 {
-    unsigned bits = 0;
-    unsigned bit = 1;
-    for (const QCheckBox *checkBox : checkBoxes(*ui)) {
-        bits |= checkBox->checkState() != Qt::Unchecked ? bit : 0U;
-        bit <<= 1U;
+    std::int32_t bits = 0;
+    for (const auto &[checkBox, line] : checkBoxes) {
+        bits += checkBox->checkState() != Qt::Unchecked ? static_cast<std::int32_t>(line.item) : 0;
     }
     defaults.setInteger(PreferenceKeys::metadataText, bits);
     defaults.setInteger(PreferenceKeys::gridTextPosition, TaggedItems::selectedTag(*ui->pBtnCornor));
@@ -99,8 +85,9 @@ void RBMetadataPrefViewCtl::uncheckAll()
 void RBMetadataPrefViewCtl::checkLines(bool on)
 {
     view(); // the boxes are there from here on
-    const auto boxes = checkBoxes(*ui);
-    for (std::size_t index = firstLine; index < boxes.size(); ++index) {
-        boxes.at(index)->setChecked(on);
+    for (const auto &[checkBox, line] : checkBoxes) {
+        if (line.value) {
+            checkBox->setChecked(on);
+        }
     }
 }

@@ -2,8 +2,13 @@
 
 #include "prefs/panes/PreferencePane.h"
 
+#include <utility>
+#include <vector>
+
 class NotificationCenter;
+class QCheckBox;
 class UserDefaults;
+struct MetadataLine;
 namespace Ui {
 class RBMetadataPrefViewCtl;
 }
@@ -36,4 +41,5 @@ private:
     UserDefaults &defaults;
     NotificationCenter &notifications;
     std::unique_ptr<Ui::RBMetadataPrefViewCtl> ui;
+    std::vector<std::pair<QCheckBox *, const MetadataLine &>> checkBoxes; // of the form
 };
