@@ -133,7 +133,7 @@ int main(int argc, char **argv)
     const PathBookmarks bookmarks;
     Silent silent;
     MainQueue mainQueue;
-    AppDelegate delegate({defaults, grabber, bookmarks, silent, silent, silent, mainQueue, scratch});
+    AppDelegate delegate({defaults, grabber, bookmarks, {silent, silent, silent}, mainQueue, scratch});
     delegate.applicationDidFinishLaunching();
     measure(delegate, arguments.at(2));
 }

@@ -71,8 +71,8 @@ int runWindow(const QStringList &paths, DesktopService &desktop, AppDelegate *&t
     MessageAlertPanel alert(mainQueue);
     FileOpenPanel openPanel(sandboxed);
     DesktopWorkspace workspace(mainQueue, bus, sandboxed);
-    AppDelegate delegate({defaults, grabber, *bookmarks, alert, openPanel, workspace, mainQueue,
-                          GlobalFun::RealHomeDirectory(), service, DroppedFiles(bus, sandboxed)});
+    AppDelegate delegate({defaults, grabber, *bookmarks, {alert, openPanel, workspace, DroppedFiles(bus, sandboxed)},
+                          mainQueue, GlobalFun::RealHomeDirectory(), service});
     target = &delegate;
     MacAppHelper helper({crashes, service, bundle, defaults});
     helper.awakeFromNib();

@@ -2,6 +2,7 @@
 
 #include "Shared/FrameGrabber.h"
 #include "Shared/PreferenceKeys.h"
+#include "app/loading/EqualImages.h"
 #include "app/loading/MovieCandidates.h"
 #include "collage/KTMovieObject.h"
 #include "online/SupportedFormats.h"
@@ -9,6 +10,8 @@
 #include "platform/Log.h"
 #include "platform/files/PathText.h"
 #include "platform/store/UserDefaults.h"
+#include "render/CollagePreview.h"
+#include "render/MetadataText.h"
 
 #include <cstdio>
 #include <new>
@@ -88,6 +91,13 @@ QStringList LoadingJob::findCandidates(const QStringList &paths) const
                                    services.bLoadingCanceled);
 }
 
+QImage LoadingJob::preview(const KTMovieObject &movie) const
+{
+    const QString facts = getMetaStrWithObject(movie, services.defaults.int32Value(PreferenceKeys::metadataText));
+    return renderCollagePreview(listPreviewSize, services.devicePixelRatio, movie.settings(), facts,
+                                previewPlaceholder(services.devicePixelRatio));
+}
+
 void LoadingJob::loadMovie(const Candidate &candidate) const
 try {
     const auto movie = loader.load(candidate.path, services.bMovieDropped).movie;
@@ -99,7 +109,7 @@ try {
         return; // there is no thumbnail, or none of this movie
     }
     movie->setImgThumbnail(fitted(frame.picture, services.devicePixelRatio));
-    movie->setImgPreview(services.renderPreview(*movie));
+    movie->setImgPreview(services.previews.shared(preview(*movie)));
     services.observer.loaded(movie, candidate.indexToInsert);
 } catch (const std::bad_alloc &) { // this movie's frames are too large for the memory there is
     qCWarning(lcTessarine).noquote() << "error: not enough memory for" << PathText::forDisplay(candidate.path);

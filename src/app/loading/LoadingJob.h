@@ -7,11 +7,11 @@
 #include <QStringList>
 
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
 
+class EqualImages;
 class FrameGrabber;
 class KTMovieObject;
 class UserDefaults;
@@ -39,8 +39,7 @@ public:
     struct Services {
         UserDefaults &defaults;
         FrameGrabber &grabber;
-        /// Renders the picture of the movie's collage for the list.
-        std::function<QImage(const KTMovieObject &)> renderPreview;
+        EqualImages &previews;  ///< of the collages, for the list
         qreal devicePixelRatio; ///< of the sharpest screen
         LoadingObserver &observer;
         const CancelFlag &bLoadingCanceled; ///< no further movie; the one in work is finished
@@ -69,6 +68,7 @@ private:
 
     void takeUp();
     QStringList findCandidates(const QStringList &paths) const;
+    QImage preview(const KTMovieObject &movie) const;
     void loadMovie(const Candidate &candidate) const;
 
     Services services;

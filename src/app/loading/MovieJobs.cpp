@@ -38,8 +38,8 @@ class MovieJobs::Loading final : public LoadingObserver, public std::enable_shar
 public:
     explicit Loading(MovieJobs &movieJobs) :
         jobs(movieJobs),
-        job({jobs.services.defaults, jobs.services.grabber, jobs.services.renderPreview, qGuiApp->devicePixelRatio(),
-             *this, jobs.bLoadingCanceled, jobs.bMovieDropped})
+        job({jobs.services.defaults, jobs.services.grabber, jobs.previews, qGuiApp->devicePixelRatio(), *this,
+             jobs.bLoadingCanceled, jobs.bMovieDropped})
     {
     }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/loading/EqualImages.h"
 #include "app/loading/JobSequence.h"
 #include "platform/threads/CancelFlag.h"
 
@@ -51,7 +52,6 @@ public:
         AlertPanel &alert;
         Workspace &workspace;
         DispatchQueue &mainQueue;
-        std::function<QImage(const KTMovieObject &)> renderPreview; ///< called on the loading thread
     };
 
     MovieJobs(Services services, JobsView &view);
@@ -92,6 +92,7 @@ private:
     CancelFlag bMovieDropped = false;
     QTimer cancelPatience; // runs out when a cancelled batch does not end
     CancelFlag bExportCanceled = false;
+    EqualImages previews; // of the loading thread
     std::jthread loadingThread;
     std::unique_ptr<SerialQueue> exportQueue; // from the first export on
 };

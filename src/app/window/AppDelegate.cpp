@@ -1,18 +1,14 @@
 #include "app/window/AppDelegate.h"
 
 #include "Shared/PreferenceKeys.h"
-#include "app/loading/EqualImages.h"
-#include "collage/KTMovieObject.h"
 #include "media/VXMediaInfo.h"
 #include "platform/store/Bundle.h"
 #include "platform/store/UserDefaults.h"
 #include "prefs/panes/RBGeneralPreferViewCtl.h"
 #include "prefs/panes/RBMetadataPrefViewCtl.h"
 #include "prefs/panes/VXTrustedPathViewCtl.h"
-#include "render/CollagePreview.h"
 #include "render/MetadataText.h"
 
-#include <QGuiApplication>
 #include <QMenuBar>
 
 #include <stdexcept>
@@ -23,17 +19,16 @@ using namespace Qt::StringLiterals;
 AppDelegate::AppDelegate(Services appServices) :
     services(std::move(appServices)), config(services.defaults), trustedFolders(services.defaults, services.bookmarks)
 {
-    // Called by one batch at a time.
-    const auto renderPreview = [this, equalImages = std::make_shared<EqualImages>(),
-                                ratio = qGuiApp->devicePixelRatio()](const KTMovieObject &movie) {
-        return equalImages->shared(renderCollagePreview(listPreviewSize, ratio, movie.settings(),
-                                                        getMetaStrWithObject(movie), previewPlaceholder(ratio)));
-    };
-    window = std::make_unique<MainWindowController>(MainWindowController::Services{
-        services.defaults, services.grabber, trustedFolders, notifications, services.alert, services.openPanel,
-        services.workspace, services.mainQueue, services.home, config.experimental(), renderPreview,
-        [this](const KTMovieObject &movie) { return getMetaStrWithObject(movie); }, [this] { preferencesDown(); },
-        services.droppedFiles});
+    window = std::make_unique<MainWindowController>(
+        MainWindowController::Services{.defaults = services.defaults,
+                                       .grabber = services.grabber,
+                                       .trustedFolders = trustedFolders,
+                                       .notifications = notifications,
+                                       .desktop = services.desktop,
+                                       .mainQueue = services.mainQueue,
+                                       .home = services.home,
+                                       .experimental = config.experimental(),
+                                       .showPreferences = [this] { preferencesDown(); }});
     if (qEnvironmentVariable("TESSARINE_DEBUG_MENU") == u'1') {
         addDebugMenu();
     }
@@ -73,7 +68,8 @@ void AppDelegate::buildPreferencesWindow()
     panes.push_back(std::make_unique<RBMetadataPrefViewCtl>(services.defaults, notifications));
     //% "Preferences"
     preferWndCtl = std::make_unique<MASPreferencesWindowController>(panes, qtTrId("Preferences"), services.defaults);
-    panes.push_back(std::make_unique<VXTrustedPathViewCtl>(trustedFolders, services.openPanel, services.mainQueue));
+    panes.push_back(
+        std::make_unique<VXTrustedPathViewCtl>(trustedFolders, services.desktop.openPanel, services.mainQueue));
     // Showing the third pane once makes it resolve the remembered folders before any work needs them. The window opens
     // with the first one, whatever was selected last time.
     preferWndCtl->window();

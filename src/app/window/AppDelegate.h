@@ -3,7 +3,7 @@
 #include "app/window/MainWindowController.h"
 #include "online/ServiceUrl.h"
 #include "online/VXConfigManager.h"
-#include "platform/desktop/DroppedFiles.h"
+#include "platform/desktop/Desktop.h"
 #include "platform/threads/MainQueue.h"
 #include "platform/threads/NotificationCenter.h"
 #include "prefs/TrustedFolders.h"
@@ -28,13 +28,10 @@ public:
         UserDefaults &defaults; ///< seeded
         FrameGrabber &grabber;
         const FolderBookmarks &bookmarks;
-        AlertPanel &alert;
-        OpenPanel &openPanel;
-        Workspace &workspace;
+        Desktop desktop;
         MainQueue &mainQueue;
         QString home;
         ServiceUrl service = {}; ///< that sets the remote flags
-        DroppedFiles droppedFiles = {};
     };
 
     explicit AppDelegate(Services services);

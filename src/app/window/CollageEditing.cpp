@@ -38,10 +38,12 @@ int CollageEditing::selectedRow() const
 
 void CollageEditing::makeEditor()
 {
-    customWndCtl = std::make_unique<KTCustomCollageWndCtl>(
-        KTCustomCollageWndCtl::Services{services.defaults, services.notifications, services.alert, *this,
-                                        services.metadataText},
-        &window);
+    customWndCtl =
+        std::make_unique<KTCustomCollageWndCtl>(KTCustomCollageWndCtl::Services{.defaults = services.defaults,
+                                                                                .notifications = services.notifications,
+                                                                                .alert = services.alert,
+                                                                                .host = *this},
+                                                &window);
     customWndCtl->addAction(&services.quit);
     QObject::connect(customWndCtl.get(), &QDialog::finished, &window, [this] { services.jobs.release(); });
 }

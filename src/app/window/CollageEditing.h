@@ -29,8 +29,7 @@ public:
         MovieList &movies;
         MyTableView &tableView;
         MovieJobs &jobs;
-        QAction &quit;                                              ///< can be used from the sheet, too
-        std::function<QString(const KTMovieObject &)> metadataText; ///< the block of facts about a movie
+        QAction &quit; ///< can be used from the sheet, too
     };
 
     /// The sheet hangs over this window.

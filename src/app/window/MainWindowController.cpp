@@ -41,23 +41,34 @@ MainWindowController::MainWindowController(Services windowServices) :
     connectActions();
     ui->tableView->setReloadDelegate(this);
     ui->tableView->setDropDelegate(this);
-    ui->tableView->setDroppedFiles(services.droppedFiles);
+    ui->tableView->setDroppedFiles(services.desktop.droppedFiles);
     loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services.notifications, this);
     loadingWndCtl->addAction(ui->quit); // those of a window that a sheet blocks are not heard
     cancelObservation =
         services.notifications.observe(VXLoadingWndCtl::canceledNotification, [this] { loadingPrgCanceled(); });
-    jobs = std::make_unique<MovieJobs>(MovieJobs::Services{aryItems, services.defaults, services.grabber,
-                                                           services.trustedFolders, services.alert, services.workspace,
-                                                           services.mainQueue, services.renderPreview},
+    jobs = std::make_unique<MovieJobs>(MovieJobs::Services{.aryItems = aryItems,
+                                                           .defaults = services.defaults,
+                                                           .grabber = services.grabber,
+                                                           .trustedFolders = services.trustedFolders,
+                                                           .alert = services.desktop.alert,
+                                                           .workspace = services.desktop.workspace,
+                                                           .mainQueue = services.mainQueue},
                                        static_cast<JobsView &>(*this));
-    collageEditing = std::make_unique<CollageEditing>(
-        CollageEditing::Services{services.defaults, services.notifications, services.alert, aryItems, *ui->tableView,
-                                 *jobs, *ui->quit, services.metadataText},
-        *this);
+    collageEditing = std::make_unique<CollageEditing>(CollageEditing::Services{.defaults = services.defaults,
+                                                                               .notifications = services.notifications,
+                                                                               .alert = services.desktop.alert,
+                                                                               .movies = aryItems,
+                                                                               .tableView = *ui->tableView,
+                                                                               .jobs = *jobs,
+                                                                               .quit = *ui->quit},
+                                                      *this);
     outputFolder = std::make_unique<OutputFolderControls>(
         OutputFolderControls::Widgets{ui->lblOutputPath, ui->btnBrowser, ui->btnOpen, ui->chkSameOrigin, ui->lblStatus},
-        OutputFolderControls::Services{services.defaults, services.trustedFolders, services.alert, services.openPanel,
-                                       services.workspace, services.home, [this] { return moviePaths(); }});
+        OutputFolderControls::Services{.defaults = services.defaults,
+                                       .trustedFolders = services.trustedFolders,
+                                       .desktop = services.desktop,
+                                       .home = services.home,
+                                       .moviePaths = [this] { return moviePaths(); }});
     outputFolder->showStoredFolder();
     ui->chkSameOrigin->setVisible(services.experimental);
     restoreLayout();
@@ -127,7 +138,7 @@ void MainWindowController::importMoviesDown()
     request.title = qtTrId("import_panel_title");
     request.files = request.folders = request.multiple = true;
     request.extensions = GlobalFun::getSupportedFmts(services.experimental);
-    services.openPanel.open(request, [this](const QStringList &paths) {
+    services.desktop.openPanel.open(request, [this](const QStringList &paths) {
         if (!paths.isEmpty()) {
             loadMediasWithPaths(paths, 0);
         }
@@ -315,5 +326,5 @@ void MainWindowController::showAbout()
     //% "Turns movie files into collages: one picture that shows a whole movie."
     const QString text = qtTrId("about_text");
     //% "OK"
-    services.alert.tell(title, text, qtTrId("OK"));
+    services.desktop.alert.tell(title, text, qtTrId("OK"));
 }

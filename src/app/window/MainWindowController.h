@@ -9,7 +9,7 @@
 #include "app/window/OutputFolderControls.h"
 #include "app/window/TableReloadDelegate.h"
 #include "app/window/VXLoadingWndCtl.h"
-#include "platform/desktop/DroppedFiles.h"
+#include "platform/desktop/Desktop.h"
 #include "platform/threads/NotificationCenter.h"
 
 #include <QMainWindow>
@@ -37,16 +37,11 @@ public:
         FrameGrabber &grabber;
         TrustedFolders &trustedFolders;
         NotificationCenter &notifications;
-        AlertPanel &alert;
-        OpenPanel &openPanel;
-        Workspace &workspace;
+        Desktop desktop;
         DispatchQueue &mainQueue;
         QString home;
         bool experimental; ///< the remote flag: whether collages can go beside their movies
-        std::function<QImage(const KTMovieObject &)> renderPreview; ///< called on the loading thread
-        std::function<QString(const KTMovieObject &)> metadataText; ///< the block of facts about a movie
         std::function<void()> showPreferences;
-        DroppedFiles droppedFiles = {};
     };
 
     explicit MainWindowController(Services services);

@@ -74,7 +74,7 @@ void OutputFolderControls::browseDown()
     request.title = qtTrId("choose_output_folder");
     request.folder = outputPath();
     request.folders = true;
-    services.openPanel.open(request, [this](const QStringList &paths) {
+    services.desktop.openPanel.open(request, [this](const QStringList &paths) {
         if (!paths.isEmpty()) {
             services.trustedFolders.addToBookmarkWithURL(paths.first());
             show(paths.first());
@@ -87,7 +87,7 @@ void OutputFolderControls::browseDown()
 
 void OutputFolderControls::openFinderDown()
 {
-    services.workspace.revealFile(outputPath());
+    services.desktop.workspace.revealFile(outputPath());
 }
 
 void OutputFolderControls::sameOriginDown()
@@ -100,7 +100,7 @@ void OutputFolderControls::sameOriginDown()
         return;
     }
     const QStringList buttons{u"Authorize"_s, u"Cancel"_s};
-    services.alert.show(u"Warnning!"_s, refusals.message(), buttons, [this, refusals](int answer) {
+    services.desktop.alert.show(u"Warnning!"_s, refusals.message(), buttons, [this, refusals](int answer) {
         if (answer == 0) {
             authorize(refusals.folders);
         } else {
@@ -121,7 +121,7 @@ void OutputFolderControls::authorize(const QStringList &folders)
     request.prompt = u"Authorize"_s;
     request.folder = folders.first();
     request.folders = true;
-    services.openPanel.open(request, [this, rest = folders.mid(1)](const QStringList &paths) {
+    services.desktop.openPanel.open(request, [this, rest = folders.mid(1)](const QStringList &paths) {
         if (!paths.isEmpty()) { // any folder that the user picks is granted, asked for or not
             services.trustedFolders.addToBookmarkWithURL(paths.first());
         }

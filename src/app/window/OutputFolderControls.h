@@ -1,20 +1,19 @@
 #pragma once
 
+#include "platform/desktop/Desktop.h"
+
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
 
-class AlertPanel;
-class OpenPanel;
 class QAbstractButton;
 class QCheckBox;
 class QLabel;
 class QLineEdit;
 class TrustedFolders;
 class UserDefaults;
-class Workspace;
 
 /// The output line of the main window: the folder for collages, its two buttons and the choice to write beside the
 /// movies, for which it asks access to their folders. Main thread; the widgets belong to the window.
@@ -33,9 +32,7 @@ public:
     struct Services {
         UserDefaults &defaults;
         TrustedFolders &trustedFolders;
-        AlertPanel &alert;
-        OpenPanel &openPanel;
-        Workspace &workspace;
+        Desktop desktop;
         QString home;                            ///< the default folder lies under it
         std::function<QStringList()> moviePaths; ///< of the list, in order
     };

@@ -10,8 +10,10 @@
 #include "platform/Log.h"
 #include "platform/desktop/AlertPanel.h"
 #include "platform/files/PathText.h"
+#include "platform/store/UserDefaults.h"
 #include "platform/widgets/FieldEditing.h"
 #include "render/CollagePreview.h"
+#include "render/MetadataText.h"
 #include "ui_KTCustomCollageWndCtl.h"
 
 #include <QScreen>
@@ -84,7 +86,9 @@ void KTCustomCollageWndCtl::prepareControls()
         view->setMaximumWidth(view->minimumSizeHint().width()); // what is left is the slider's
     }
     ui->timeRangeSlidView->setDelegate(this);
-    ui->thumbPreview->setMetadataText(services.metadataText);
+    ui->thumbPreview->setMetadataText([&defaults = services.defaults](const KTMovieObject &object) {
+        return getMetaStrWithObject(object, defaults.int32Value(PreferenceKeys::metadataText));
+    });
     ui->btnPrev->setShortcut(Qt::ALT | Qt::Key_Left);
     ui->btnNext->setShortcut(Qt::ALT | Qt::Key_Right);
 }

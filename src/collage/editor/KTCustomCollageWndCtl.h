@@ -43,7 +43,6 @@ public:
         NotificationCenter &notifications;
         AlertPanel &alert;
         CollageEditorHost &host;
-        std::function<QString(const KTMovieObject &)> metadataText; ///< the block of facts, for its height
     };
 
     explicit KTCustomCollageWndCtl(Services services, QWidget *parent = nullptr);

@@ -88,7 +88,7 @@ struct MainWindowTest : testing::Test {
     const PathBookmarks bookmarks;
     Answers answers;
     MainQueue mainQueue;
-    AppDelegate delegate{{defaults, grabber, bookmarks, answers, answers, answers, mainQueue, folder.path("home")}};
+    AppDelegate delegate{{defaults, grabber, bookmarks, {answers, answers, answers}, mainQueue, folder.path("home")}};
 };
 
 TEST_F(MainWindowTest, BatchesWaitTheirTurnAndStandInReverseOrder)
@@ -204,7 +204,7 @@ TEST_F(MainWindowTest, TheFolderShownIsThereOrTheWindowSaysWhatToDo)
         if (!canBeMade) {
             folder.write("home/Pictures/Tessarine", "");
         }
-        AppDelegate next{{defaults, grabber, bookmarks, answers, answers, answers, mainQueue, folder.path("home")}};
+        AppDelegate next{{defaults, grabber, bookmarks, {answers, answers, answers}, mainQueue, folder.path("home")}};
         next.applicationDidFinishLaunching();
         const QWidget &window = next.mainWindow();
         EXPECT_EQ(window.findChild<QLineEdit *>(u"lblOutputPath"_s)->text(), folder.path("home/Pictures/Tessarine"));

@@ -82,9 +82,7 @@ struct EditorTest : testing::Test, protected CollageEditorHost, protected AlertP
     QStringList alerts;
     QStringList calls;
     NotificationCenter notifications;
-    QString facts;
-    KTCustomCollageWndCtl editor{
-        {defaults, notifications, *this, *this, [this](const KTMovieObject &) { return facts; }}};
+    KTCustomCollageWndCtl editor{{defaults, notifications, *this, *this}};
 };
 
 TEST_F(EditorTest, NumbersShowLiveFromOneThresholdAndMayStayFromAnother)
@@ -202,7 +200,7 @@ TEST_F(EditorTest, ThePreviewFollowsThePreferencesWhileItIsOpen)
 {
     auto &preview = control<KTThumbnailPreview>("thumbPreview");
     const QImage before = preview.imageWithSubviews();
-    facts = u"a line\n"_s.repeated(20);
+    defaults.setInteger(PreferenceKeys::metadataText, 0x3fc);
     EXPECT_EQ(preview.imageWithSubviews(), before);
     notifications.post(PreferenceKeys::metadataTextChanged);
     EXPECT_NE(preview.imageWithSubviews(), before);
