@@ -1,0 +1,134 @@
+#include "app/WindowProgram.h"
+
+#include "Shared/FrameGrabber.h"
+#include "Shared/HostIdentity.h"
+#include "app/ProgramSetup.h"
+#include "app/QuitSignals.h"
+#include "app/window/AppDelegate.h"
+#include "app/window/MacAppHelper.h"
+#include "online/ServiceUrl.h"
+#include "platform/Log.h"
+#include "platform/desktop/ActivationToken.h"
+#include "platform/desktop/BlockedCloseButton.h"
+#include "platform/desktop/DesktopWorkspace.h"
+#include "platform/desktop/FocusWatch.h"
+#include "platform/files/FolderBookmarks.h"
+#include "platform/files/TemporaryFolder.h"
+#include "platform/store/Bundle.h"
+#include "platform/store/UserDefaults.h"
+#include "platform/widgets/FileOpenPanel.h"
+#include "platform/widgets/MessageAlertPanel.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString sandboxMarker = u"/.flatpak-info"_s;
+
+struct SeededDefaults : UserDefaults {
+    SeededDefaults() : UserDefaults(ProgramSetup::storePath())
+    {
+        ProgramSetup::seed(*this, DefaultsSeed::OutputFolder::Now);
+    }
+};
+
+} // namespace
+
+/// What the window works with, and the delegate that builds it.
+struct WindowProgram::Parts {
+    explicit Parts(const QString &temporaryFolder) : grabber(ProgramSetup::toolPath(), temporaryFolder) {}
+
+    const bool sandboxed = QFile::exists(sandboxMarker);
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    SeededDefaults defaults;
+    CrashReportSender crashes = ProgramSetup::crashReportSender(GlobalFun::getGUID(defaults));
+    const Bundle bundle = Bundle::main();
+    const ServiceUrl service = ServiceUrl::ofThisProgram(bundle);
+    FrameGrabber grabber;
+    const std::unique_ptr<FolderBookmarks> bookmarks = FolderBookmarks::ofThisSystem(bus, sandboxMarker);
+    MainQueue mainQueue;
+    MessageAlertPanel alert{mainQueue};
+    FileOpenPanel openPanel{sandboxed};
+    DesktopWorkspace workspace{mainQueue, bus, sandboxed};
+    AppDelegate delegate{{.defaults = defaults,
+                          .grabber = grabber,
+                          .bookmarks = *bookmarks,
+                          .desktop = {alert, openPanel, workspace, DroppedFiles(bus, sandboxed)},
+                          .mainQueue = mainQueue,
+                          .home = GlobalFun::RealHomeDirectory(),
+                          .service = service}};
+    MacAppHelper helper{{crashes, service, bundle, defaults}};
+};
+
+WindowProgram::WindowProgram(const QString &identifier) :
+    desktop(QDBusConnection::sessionBus(), identifier,
+            {[this](const QStringList &paths, const ActivationToken &click) { open(paths, click); },
+             [this](const ActivationToken &click) { bringForward(click); }})
+{
+}
+
+WindowProgram::~WindowProgram() = default;
+
+bool WindowProgram::handOver(const QStringList &paths, const ActivationToken &token)
+{
+    if (desktop.start(paths, token) == DesktopService::Outcome::HandedOver) {
+        return true;
+    }
+    // On Wayland a window gets the keyboard only so; on X11 the toolkit has seen to it.
+    if (QGuiApplication::platformName() != u"xcb" && !token.platformData().isEmpty()) {
+        desktop.Activate(token.platformData());
+    }
+    return false;
+}
+
+int WindowProgram::run(const QStringList &paths)
+{
+    // Before the folder, which a signal would leave behind otherwise; what it asks for waits for the event loop.
+    const QuitSignals quitSignals([this] { quit(); });
+    const TemporaryFolder temporaryFolder(QDir::tempPath());
+    if (temporaryFolder.error()) {
+        qCCritical(lcTessarine) << "no temporary folder:" << temporaryFolder.error().message().c_str();
+        return 1;
+    }
+    ProgramSetup::warnOfMissingParts(ProgramSetup::toolPath());
+    parts = std::make_unique<Parts>(temporaryFolder.path());
+    parts->helper.awakeFromNib();
+    parts->delegate.applicationDidFinishLaunching();
+    for (const QString &path : paths) { // now that there is a window for the sheet to hang over
+        parts->delegate.openFile(path);
+    }
+    desktop.setReady();
+    int status = 0;
+    {
+        const BlockedCloseButton closeButton(*parts->delegate.mainWindow().windowHandle(), [this] { quit(); });
+        const FocusWatch focusWatch;
+        status = QApplication::exec();
+        desktop.stop(); // a start from now on is on its own
+        parts->delegate.applicationWillTerminate();
+    }
+    parts.reset();
+    return status;
+}
+
+void WindowProgram::open(const QStringList &paths, const ActivationToken &click)
+{
+    bringForward(click); // first: Wayland brings nothing forward that it has not shown yet, like the sheet
+    for (const QString &path : paths) {
+        parts->delegate.openFile(path);
+    }
+}
+
+void WindowProgram::bringForward(const ActivationToken &click)
+{
+    parts->delegate.mainWindow().bringForward(click);
+}
+
+void WindowProgram::quit()
+{
+    parts->delegate.mainWindow().quit();
+}

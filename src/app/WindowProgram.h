@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/window/DesktopService.h"
+
+#include <QStringList>
+
+#include <memory>
+
+struct ActivationToken;
+
+/// The program with its window, from its first word with the desktop to its end; its parts live and die in the order of
+/// their need of each other. Made after the application object; main thread.
+class WindowProgram {
+public:
+    explicit WindowProgram(const QString &identifier);
+    ~WindowProgram();
+    WindowProgram(const WindowProgram &) = delete;
+    WindowProgram &operator=(const WindowProgram &) = delete;
+
+    /// Leaves the paths, which may be none, to the program of this name that runs already; false when there is none.
+    bool handOver(const QStringList &paths, const ActivationToken &token);
+    /// Opens the window with these paths and returns when it has been closed: the exit status.
+    int run(const QStringList &paths);
+
+private:
+    struct Parts;
+
+    void open(const QStringList &paths, const ActivationToken &click);
+    void bringForward(const ActivationToken &click);
+    void quit();
+
+    DesktopService desktop; ///< what it is called for waits until the parts are there
+    std::unique_ptr<Parts> parts;
+};
