@@ -2,17 +2,15 @@
 
 #include "media/GifImage.h"
 #include "render/AllocatedImage.h"
+#include "render/ImageFormats.h"
 
 #include <QBuffer>
 #include <QImageWriter>
 #include <QPainter>
 
-#include <algorithm>
-#include <array>
-
 namespace {
 
-/// JPEG and BMP hold no transparency and would show it as black.
+/// What a format without transparency would show as black is white.
 QImage flattened(const QImage &image)
 {
     if (!image.hasAlphaChannel()) {
@@ -24,53 +22,27 @@ QImage flattened(const QImage &image)
     return ground;
 }
 
-bool write(const QImage &image, const char *format, QIODevice &device)
-{
-    return QImageWriter(&device, format).write(image);
-}
-
-bool writeJpeg(const QImage &image, QIODevice &device)
-{
-    return write(flattened(image), "jpeg", device);
-}
-
-bool writeBmp(const QImage &image, QIODevice &device)
-{
-    return write(flattened(image), "bmp", device);
-}
-
-bool writePng(const QImage &image, QIODevice &device)
-{
-    return write(image, "png", device);
-}
-
-bool writeTiff(const QImage &image, QIODevice &device)
-{
-    return write(image, "tiff", device);
-}
-
 bool writeGif(const QImage &image, QIODevice &device)
 {
     const QByteArray bytes = encodeGif(image);
     return !bytes.isEmpty() && device.write(bytes) == bytes.size();
 }
 
-struct Encoder {
-    QStringView extension;
-    bool (*write)(const QImage &, QIODevice &);
-};
-
-constexpr std::array encoders{
-    Encoder{u"tif", writeTiff}, Encoder{u"tiff", writeTiff}, Encoder{u"bmp", writeBmp}, Encoder{u"gif", writeGif},
-    Encoder{u"jpg", writeJpeg}, Encoder{u"jpeg", writeJpeg}, Encoder{u"png", writePng},
-};
-
 } // namespace
 
 bool GlobalFun::writeRepresentationOfType(const QImage &image, const QString &extension, QIODevice &device)
 {
-    const auto *const found = std::ranges::find(encoders, QStringView(extension), &Encoder::extension);
-    return found != encoders.end() && !image.isNull() && found->write(image, device);
+    if (image.isNull() || extension.isEmpty()) {
+        return false;
+    }
+    if (extension == u"gif") { // which the toolkit reads only, and nobody can choose
+        return writeGif(image, device);
+    }
+    const auto *const format = std::ranges::find_if(imageFormats, [&extension](const ImageFormat &each) {
+        return each.extension == extension || each.alias == extension;
+    });
+    return format != imageFormats.end() &&
+           QImageWriter(&device, format->writer).write(format->hasTransparency ? image : flattened(image));
 }
 
 QByteArray GlobalFun::dataRepresentationOfType(const QImage &image, const QString &extension)

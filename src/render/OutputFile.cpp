@@ -4,13 +4,11 @@
 #include "Shared/PathParts.h"
 #include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
+#include "render/ImageFormats.h"
 
-#include <array>
 #include <climits>
 
 namespace {
-
-constexpr std::array extensions{u"jpg", u"png", u"bmp", u"tiff"};
 
 bool fitsFileSystem(const QString &path)
 {
@@ -35,10 +33,10 @@ void dropLastCharacter(QString &text)
 
 std::optional<QString> OutputFile::extensionForFormat(std::int64_t format)
 {
-    if (format < 0 || format >= std::ssize(extensions)) {
+    if (format < 0 || format >= std::ssize(imageFormats)) {
         return std::nullopt;
     }
-    return QString::fromUtf16(extensions[static_cast<std::size_t>(format)]);
+    return imageFormats.at(static_cast<std::size_t>(format)).extension.toString();
 }
 
 QString OutputFile::freePath(const QString &folder, const QString &moviePath, const QString &extension)

@@ -2,11 +2,14 @@
 
 #include "Shared/PreferenceKeys.h"
 #include "Shared/TimeFormat.h"
+#include "render/ImageFormats.h"
 
 #include <QCommandLineParser>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -57,7 +60,15 @@ constexpr std::array numberOptions{
     NumberOption{u"tile-width", PreferenceKeys::tileWidth, 1},
 };
 
-constexpr std::array formats{QStringView(u"jpg"), QStringView(u"png"), QStringView(u"bmp"), QStringView(u"tiff")};
+/// "jpg, png, bmp or tiff"
+QString formatNames()
+{
+    QStringList names;
+    std::ranges::transform(imageFormats, std::back_inserter(names),
+                           [](const ImageFormat &each) { return each.extension.toString(); });
+    const QString last = names.takeLast();
+    return names.join(u", ") + u" or " + last;
+}
 
 /// Throws nothing outside this file: it carries the first problem out of the readers below.
 struct UsageProblem {
@@ -77,11 +88,11 @@ QVariant wholeNumber(const NumberOption &option, const QString &text)
 
 QVariant formatNumber(const QString &text)
 {
-    const auto *const found = std::ranges::find(formats, QStringView(text));
-    if (found == formats.end()) {
-        throw UsageProblem{u"--format takes jpg, png, bmp or tiff, not \"%1\""_s.arg(text)};
+    const auto *const found = std::ranges::find(imageFormats, QStringView(text), &ImageFormat::extension);
+    if (found == imageFormats.end()) {
+        throw UsageProblem{u"--format takes %1, not \"%2\""_s.arg(formatNames(), text)};
     }
-    return static_cast<qlonglong>(found - formats.begin());
+    return static_cast<qlonglong>(found - imageFormats.begin());
 }
 
 double seconds(const QString &option, const QString &text)
@@ -209,7 +220,7 @@ image goes to standard output, progress and errors go to standard error.
 Where the images go
   -o, --output DIR      into DIR, which is made if missing
       --beside          beside each movie
-      --format FORMAT   jpg, png, bmp or tiff
+      --format FORMAT   %1
 
 What they show
       --rows N          rows of frames
@@ -237,5 +248,5 @@ Exit status
     1  some movie could not be read or written, or some of its frames not be found
     2  the command line was wrong, or its range lies outside a movie
   130  interrupted
-)"_s;
+)"_s.arg(formatNames());
 }

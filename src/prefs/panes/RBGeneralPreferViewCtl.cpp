@@ -4,6 +4,7 @@
 #include "platform/store/UserDefaults.h"
 #include "platform/widgets/SymbolicIcon.h"
 #include "prefs/panes/TaggedItems.h"
+#include "render/ImageFormats.h"
 #include "ui_RBGeneralPreferViewCtl.h"
 
 #include <array>
@@ -48,6 +49,9 @@ void RBGeneralPreferViewCtl::loadView(QWidget &view)
 {
     ui = std::make_unique<Ui::RBGeneralPreferViewCtl>();
     ui->setupUi(&view);
+    for (const ImageFormat &format : imageFormats) {
+        ui->pBtnFmts->addItem(format.title.toString());
+    }
 }
 
 void RBGeneralPreferViewCtl::awakeFromNib()
