@@ -3,6 +3,7 @@
 #include "Shared/MovieScan.h"
 #include "Shared/PathParts.h"
 #include "platform/files/FileSystem.h"
+#include "platform/files/PathText.h"
 
 #include <cerrno>
 #include <system_error>
