@@ -196,7 +196,8 @@ TEST_F(MainWindowTest, TheFolderShownIsThereOrTheWindowSaysWhatToDo)
     EXPECT_TRUE(folder.has("home/Pictures/Tessarine")) << "at every start";
     answers.chosen = {folder.makeFolder("chosen")};
     control<QAbstractButton>("btnBrowser").click();
-    EXPECT_EQ(UserDefaults(folder.path("settings.json")).textValue(PreferenceKeys::outputFolder), answers.chosen.first());
+    EXPECT_EQ(UserDefaults(folder.path("settings.json")).textValue(PreferenceKeys::outputFolder),
+              answers.chosen.first());
     std::filesystem::remove(folder.bytes("chosen").toStdString());
     folder.write("chosen", "a file is no folder");
     for (const bool canBeMade : {true, false}) {
