@@ -43,8 +43,8 @@ bool keepAside(const QString &path, const QByteArray &contents, const QString &r
         error = writeNewFile(copy, contents);
     }
     const bool kept = !error || error == std::errc::file_exists;
-    const QString outcome = kept ? u"its contents are kept in "_s + copy
-                                 : u"no copy could be kept: "_s + QString::fromStdString(error.message());
+    const QString outcome = kept ? QString(u"its contents are kept in "_s + copy)
+                                 : QString(u"no copy could be kept: "_s + QString::fromStdString(error.message()));
     QFile::setPermissions(copy, ownerOnly);
     qCWarning(lcTessarine).noquote() << "error: settings not understood in" << path + u':' << reason + u';' << outcome;
     return kept;
