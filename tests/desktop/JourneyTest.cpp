@@ -144,18 +144,3 @@ TEST_F(JourneyTest, FilesOfLaterStartsComeIntoTheFirstWindow)
     }
     EXPECT_EQ(finish(), 0);
 }
-
-TEST_F(JourneyTest, TheKeyboardStaysWhenASheetClosesBeforeItIsShown)
-{
-    desktop.start(program, QStringLiteral(TESSARINE_SHEET_WINDOW), {});
-    desktop.awaitWindow(u"Sheets"_s);
-    for (int key = 0; key < 3; ++key) {
-        QByteArray line;
-        for (int attempt = 0; line.isEmpty() && attempt < 40; ++attempt) { // one that comes with the sheet may be lost
-            desktop.xdotool({u"key"_s, u"x"_s});
-            program.waitForReadyRead(250);
-            line = program.readLine();
-        }
-        EXPECT_EQ(line, "key\n");
-    }
-}
