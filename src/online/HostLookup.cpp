@@ -15,31 +15,42 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+HostAddresses addressesOf(const QByteArray &host)
+{
+    addrinfo hints = {};
+    hints.ai_socktype = SOCK_STREAM;
+    addrinfo *list = nullptr;
+    const int status = ::getaddrinfo(host.constData(), nullptr, &hints, &list);
+    if (status != 0) {
+        return {QString::fromLocal8Bit(host) + u": "_s + QString::fromLocal8Bit(::gai_strerror(status)), {}};
+    }
+    HostAddresses result;
+    for (const addrinfo *each = list; each != nullptr; each = each->ai_next) {
+        char text[NI_MAXHOST] = {};
+        if (::getnameinfo(each->ai_addr, each->ai_addrlen, text, sizeof text, nullptr, 0, NI_NUMERICHOST) == 0) {
+            result.items.append(each->ai_family == AF_INET6 ? '[' + QByteArray(text) + ']' : QByteArray(text));
+        }
+    }
+    ::freeaddrinfo(list);
+    return result;
+}
+
+} // namespace
+
 /// What the asker and the thread share; the thread may well outlive the asker.
 struct HostLookup::Question {
     QByteArray host;
     std::mutex mutex;
     HostLookup *asker; ///< nothing when nobody wants the answer any more
-    QString error;
+    HostAddresses addresses;
 
-    static QString errorOf(const QByteArray &host)
-    {
-        addrinfo hints = {};
-        hints.ai_socktype = SOCK_STREAM;
-        addrinfo *addresses = nullptr;
-        const int status = ::getaddrinfo(host.constData(), nullptr, &hints, &addresses);
-        if (status != 0) {
-            return QString::fromLocal8Bit(host) + u": "_s + QString::fromLocal8Bit(::gai_strerror(status));
-        }
-        ::freeaddrinfo(addresses);
-        return {};
-    }
-
-    void answer(const QString &text)
+    void answer(const HostAddresses &found)
     {
         const std::scoped_lock lock(mutex);
         if (asker != nullptr) {
-            error = text;
+            addresses = found;
             QCoreApplication::postEvent(asker,
                                         std::make_unique<QEvent>(QEvent::User).release()); // the event loop's now
         }
@@ -57,10 +68,10 @@ HostLookup::HostLookup(const QString &host, Callback callback) :
     try {
         std::thread([shared = question] {
             const AlternateStack stack;
-            shared->answer(Question::errorOf(shared->host));
+            shared->answer(addressesOf(shared->host));
         }).detach();
     } catch (const std::system_error &refusal) {
-        question->answer(QString::fromLocal8Bit(refusal.what()));
+        question->answer({QString::fromLocal8Bit(refusal.what()), {}});
     }
 }
 
@@ -74,7 +85,7 @@ void HostLookup::customEvent(QEvent * /*event*/)
 {
     const Callback callback = std::exchange(found, nullptr);
     std::unique_lock lock(question->mutex);
-    const QString error = question->error;
+    const HostAddresses addresses = question->addresses;
     lock.unlock();
-    callback(error); // last: it may end this
+    callback(addresses); // last: it may end this
 }

@@ -1,19 +1,26 @@
 #pragma once
 
+#include <QByteArrayList>
 #include <QObject>
 #include <QString>
 
 #include <functional>
 #include <memory>
 
-/// Finds out whether a host can be found by its name. Whoever wants to know owns it; main thread.
+/// Where a host is.
+struct HostAddresses {
+    QString error;        ///< why the host was not found; empty when it was
+    QByteArrayList items; ///< numeric addresses, IPv6 ones in brackets
+};
+
+/// Finds the addresses of a host by its name. Whoever wants to know owns it; main thread.
 ///
 /// The system's resolver may take half a minute where the network swallows questions, and cannot be interrupted. It
 /// works on a thread that nobody waits for: unlike QHostInfo, whose threads the application waits for at its end.
 class HostLookup final : private QObject {
 public:
-    /// Called once, from the event loop, with the reason why the host was not found, or nothing; may end the lookup.
-    using Callback = std::function<void(const QString &error)>;
+    /// Called once, from the event loop; may end the lookup.
+    using Callback = std::function<void(const HostAddresses &addresses)>;
 
     /// Starts the search for a name as it stands in a URL, or for an address.
     HostLookup(const QString &host, Callback callback);

@@ -1,9 +1,6 @@
 #include "online/HttpExchange.h"
 
 #include <QMetaObject>
-#include <QNetworkProxy>
-#include <QNetworkReply>
-#include <QNetworkRequest>
 
 #include <utility>
 
@@ -11,42 +8,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Says no more of the user and the machine than the request itself does: without these headers the toolkit would send
-/// the user's language, and call itself a browser.
-QNetworkRequest plainRequest(const HttpRequest &request)
-{
-    QNetworkRequest plain(request.url.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveFragment));
-    plain.setHeader(QNetworkRequest::UserAgentHeader, QByteArray("Tessarine"));
-    plain.setRawHeader("Accept-Language", "*");
-    plain.setRawHeader("Accept-Encoding", "identity"); // what is received is what counts against the limit
-    plain.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    plain.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
-    plain.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-    plain.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-    plain.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-    plain.setAttribute(QNetworkRequest::RedirectPolicyAttribute, request.body
-                                                                     ? QNetworkRequest::ManualRedirectPolicy
-                                                                     : QNetworkRequest::SameOriginRedirectPolicy);
-    plain.setMaximumRedirectsAllowed(5);
-    if (request.body) {
-        plain.setHeader(QNetworkRequest::ContentTypeHeader, QByteArray("text/plain; charset=utf-8"));
-    }
-    return plain;
-}
+constexpr int mostRedirections = 5;
 
-int statusOf(const QNetworkReply &reply)
+bool haveOneOrigin(const QUrl &one, const QUrl &other)
 {
-    return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-}
-
-/// In our own words where the toolkit would quote the server's.
-QString errorOf(const QNetworkReply &reply)
-{
-    if (reply.error() == QNetworkReply::NoError) {
-        return {};
-    }
-    const int status = statusOf(reply);
-    return status >= 400 ? u"HTTP status %1"_s.arg(status) : reply.errorString();
+    return one.scheme() == other.scheme() && one.host() == other.host() && one.port() == other.port();
 }
 
 } // namespace
@@ -66,13 +32,12 @@ HttpExchange::HttpExchange(HttpRequest wanted, Callback wantsAnswer, std::chrono
         end(u"not a web address: "_s + request.url.toDisplayString());
         return;
     }
-    // A host that is not found, or not soon, never gets as far as the toolkit, whose own search for it would hold up
-    // the end of the program.
-    lookup.emplace(request.url.host(), [this](const QString &error) {
-        if (error.isEmpty()) {
+    lookup.emplace(request.url.host(), [this](const HostAddresses &found) {
+        if (found.error.isEmpty()) {
+            addresses = found;
             send();
         } else {
-            end(error);
+            end(found.error);
         }
     });
 }
@@ -81,21 +46,24 @@ HttpExchange::~HttpExchange() = default;
 
 void HttpExchange::send()
 {
-    manager.setProxy(QNetworkProxy::NoProxy);
-    reply = request.body ? manager.post(plainRequest(request), *request.body) : manager.get(plainRequest(request));
-    reply->setReadBufferSize(largestBody / 4); // a server that sends too much waits rather than fill the memory
-    QObject::connect(reply, &QNetworkReply::readyRead, &receiver, [this] { receive(); });
-    QObject::connect(reply, &QNetworkReply::finished, &receiver, [this] {
-        receive();
-        end(errorOf(*reply));
-    });
+    transfer.emplace(request, addresses.items, largestBody, [this](const QString &error) { takeAnswer(error); });
 }
 
-void HttpExchange::receive()
+void HttpExchange::takeAnswer(const QString &error)
 {
-    answer.body += reply->readAll();
-    if (answer.body.size() > largestBody) {
-        end(u"the answer is too large"_s);
+    const QUrl target = transfer->redirection();
+    if (!error.isEmpty()) {
+        end(error);
+    } else if (transfer->status() >= 400) {
+        end(u"HTTP status %1"_s.arg(transfer->status()));
+    } else if (target.isEmpty() || request.body) {
+        answer.body = transfer->body();
+        end({});
+    } else if (!haveOneOrigin(target, request.url) || ++redirections > mostRedirections) {
+        end(u"the server redirects elsewhere, or without end"_s);
+    } else {
+        request.url = target;
+        send();
     }
 }
 
@@ -106,15 +74,9 @@ void HttpExchange::end(const QString &error)
     }
     deadline.stop();
     lookup.reset();
-    if (reply != nullptr) {
-        answer.status = statusOf(*reply);
-        reply->disconnect(&receiver);
-        reply->abort();
-    }
+    answer.status = transfer ? transfer->status() : 0;
     answer.error = error;
-    if (!error.isEmpty()) {
-        answer.body.clear();
-    }
+    transfer.reset();
     // Not from here: the callback may end this exchange, and with it whatever has just sent the signal.
     QMetaObject::invokeMethod(
         &receiver, [this] { deliver(); }, Qt::QueuedConnection);

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "online/HostLookup.h"
+#include "online/WebTransfer.h"
 
 #include <QByteArray>
-#include <QNetworkAccessManager>
 #include <QObject>
 #include <QString>
 #include <QTimer>
@@ -12,14 +12,6 @@
 #include <chrono>
 #include <functional>
 #include <optional>
-
-class QNetworkReply;
-
-/// What is asked of a web server.
-struct HttpRequest {
-    QUrl url;                       ///< http or https
-    std::optional<QByteArray> body; ///< with one it is a POST of UTF-8 text, without one a GET
-};
 
 /// Whether requests can be made of it: http or https, and a host.
 bool isWebAddress(const QUrl &url);
@@ -43,8 +35,7 @@ public:
     static constexpr qint64 largestBody = 1 << 20;
 
     /// Sends the request. Everything, the search for the host included, has to be done within the time-out. A GET is
-    /// redirected only to the same scheme, host and port, a POST never. Where the connection breaks before the answer
-    /// begins, the toolkit may send the request once more.
+    /// redirected only to the same scheme, host and port, a POST never.
     HttpExchange(HttpRequest request, Callback callback, std::chrono::milliseconds timeout = std::chrono::seconds(15));
     HttpExchange(const HttpExchange &) = delete;
     HttpExchange &operator=(const HttpExchange &) = delete;
@@ -52,7 +43,7 @@ public:
 
 private:
     void send();
-    void receive();
+    void takeAnswer(const QString &error);
     /// Stops everything and has the callback called soon; without an error the answer is whole.
     void end(const QString &error);
     void deliver();
@@ -61,8 +52,9 @@ private:
     Callback callback;
     HttpAnswer answer;
     std::optional<HostLookup> lookup;
-    QNetworkAccessManager manager;
-    QNetworkReply *reply = nullptr; ///< the manager's
+    HostAddresses addresses;
+    std::optional<WebTransfer> transfer;
+    int redirections = 0;
     QTimer deadline;
     bool hasEnded = false;
     QObject receiver; ///< of all signals; goes first, so that none finds the rest half gone

@@ -32,6 +32,14 @@ static void drip(QTcpSocket &client, const QByteArray & /*request*/)
     timer->start(1);
 }
 
+/// Headers without end, as fast as they are taken.
+static void flood(QTcpSocket &client, const QByteArray & /*request*/)
+{
+    const QByteArray lines = QByteArray("X-Line: 0123456789\r\n").repeated(1000);
+    QObject::connect(&client, &QTcpSocket::bytesWritten, &client, [&client, lines] { client.write(lines); });
+    client.write("HTTP/1.1 200 OK\r\n" + lines);
+}
+
 static HttpServer::Respond redirectingTo(const QByteArray &host)
 {
     return [host](QTcpSocket &client, const QByteArray &request) {
@@ -60,6 +68,7 @@ TEST(HttpExchange, GivesTheWholeBodyOrAReason)
         {HttpServer::saying(QByteArray(5000, '\xff')), false, 0},
         {HttpServer::silent, false, 0, 0, 200ms},
         {drip, false, 200, 0, 1500ms},
+        {flood, false, 200},
         {redirectingTo("127.0.0.1"), true, 200, 4},
         {redirectingTo("localhost"), false, 302},
     };

@@ -38,8 +38,8 @@ void CrashReportUpload::submit()
         waitForNetwork();
         return;
     }
-    lookup.emplace(target.host(), [this](const QString &error) {
-        if (!error.isEmpty()) {
+    lookup.emplace(target.host(), [this](const HostAddresses &addresses) {
+        if (!addresses.error.isEmpty()) {
             waitForNetwork();
         } else if (FileSystem::isTaken(path)) {
             send();

@@ -1,0 +1,250 @@
+#include "online/WebTransfer.h"
+
+#include <QMetaObject>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <cstddef>
+#include <curl/curl.h>
+#include <unordered_map>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t largestHeader = 256 << 10; // bytes, of all lines
+
+template<auto release>
+struct Release {
+    template<class Handle>
+    void operator()(Handle *handle) const
+    {
+        release(handle);
+    }
+};
+
+/// Lines that libcurl reads while a transfer lasts.
+class LineList {
+public:
+    void append(const QByteArray &line)
+    {
+        curl_slist *longer = curl_slist_append(lines.get(), line.constData());
+        if (longer != nullptr) { // the list's first line stays its address
+            lines.release();
+            lines.reset(longer);
+        }
+    }
+    curl_slist *get() const { return lines.get(); }
+
+private:
+    std::unique_ptr<curl_slist, Release<curl_slist_free_all>> lines;
+};
+
+/// Tells when a socket can be read or written. It may be let go from what it has called.
+class SocketWatch {
+public:
+    SocketWatch(curl_socket_t socket, const std::function<void(int events)> &ready) :
+        reading(notifier(socket, QSocketNotifier::Read)), writing(notifier(socket, QSocketNotifier::Write))
+    {
+        QObject::connect(reading.get(), &QSocketNotifier::activated, [ready] { ready(CURL_CSELECT_IN); });
+        QObject::connect(writing.get(), &QSocketNotifier::activated, [ready] { ready(CURL_CSELECT_OUT); });
+    }
+
+    /// `what` is a set of libcurl's CURL_POLL_ bits.
+    void listen(int what)
+    {
+        reading->setEnabled((what & CURL_POLL_IN) != 0);
+        writing->setEnabled((what & CURL_POLL_OUT) != 0);
+    }
+
+private:
+    struct DeleteLater {
+        void operator()(QSocketNotifier *notifier) const
+        {
+            notifier->setEnabled(false);
+            notifier->disconnect();
+            notifier->deleteLater();
+        }
+    };
+    using Notifier = std::unique_ptr<QSocketNotifier, DeleteLater>;
+
+    static Notifier notifier(curl_socket_t socket, QSocketNotifier::Type type)
+    {
+        return Notifier(std::make_unique<QSocketNotifier>(socket, type).release());
+    }
+
+    Notifier reading;
+    Notifier writing;
+};
+
+} // namespace
+
+/// libcurl's handles, and what they call.
+class WebTransfer::Carrier {
+public:
+    Carrier(const HttpRequest &request, const QByteArrayList &addresses, qsizetype largestBody, Callback callback) :
+        limit(largestBody), sent(request.body), ended(std::move(callback))
+    {
+        timer.setSingleShot(true);
+        timer.callOnTimeout([this] { proceed(CURL_SOCKET_TIMEOUT, 0); });
+        setUp(request.url.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveFragment), addresses);
+        curl_multi_setopt(multi.get(), CURLMOPT_SOCKETFUNCTION, &watchSocket);
+        curl_multi_setopt(multi.get(), CURLMOPT_SOCKETDATA, this);
+        curl_multi_setopt(multi.get(), CURLMOPT_TIMERFUNCTION, &setTimer);
+        curl_multi_setopt(multi.get(), CURLMOPT_TIMERDATA, this);
+        curl_multi_add_handle(multi.get(), easy.get());
+    }
+    ~Carrier() { curl_multi_remove_handle(multi.get(), easy.get()); }
+    Carrier(const Carrier &) = delete;
+    Carrier &operator=(const Carrier &) = delete;
+
+    int status() const
+    {
+        long code = 0;
+        curl_easy_getinfo(easy.get(), CURLINFO_RESPONSE_CODE, &code);
+        return static_cast<int>(code);
+    }
+
+    QUrl redirection() const
+    {
+        const char *address = nullptr;
+        curl_easy_getinfo(easy.get(), CURLINFO_REDIRECT_URL, &address);
+        return QUrl::fromEncoded(QByteArray(address));
+    }
+
+    QByteArray body() const { return received; }
+
+private:
+    template<class Value>
+    void set(CURLoption option, Value value)
+    {
+        curl_easy_setopt(easy.get(), option, value);
+    }
+
+    /// Says no more of the user and the machine than the request itself does.
+    void setUp(const QUrl &url, const QByteArrayList &addresses)
+    {
+        const int usualPort = url.scheme() == u"https" ? 443 : 80;
+        const QByteArray host = url.host(QUrl::FullyEncoded).toLatin1();
+        hosts.append(host + ':' + QByteArray::number(url.port(usualPort)) + ':' + addresses.join(','));
+        headers.append("Accept-Language: *");
+        headers.append("Accept-Encoding: identity"); // what is received is what counts against the limit
+        set(CURLOPT_URL, url.toEncoded().constData());
+        set(CURLOPT_RESOLVE, hosts.get());
+        set(CURLOPT_PROTOCOLS_STR, "http,https");
+        set(CURLOPT_USERAGENT, "Tessarine");
+        set(CURLOPT_PROXY, ""); // none, whatever the environment says
+        set(CURLOPT_NOSIGNAL, 1L);
+        set(CURLOPT_HEADERFUNCTION, &countHeader);
+        set(CURLOPT_HEADERDATA, this);
+        set(CURLOPT_WRITEFUNCTION, &take);
+        set(CURLOPT_WRITEDATA, this);
+        set(CURLOPT_ERRORBUFFER, reason);
+        if (sent) {
+            headers.append("Content-Type: text/plain; charset=utf-8");
+            headers.append("Expect:"); // not every server knows how to be asked first
+            set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(sent->size()));
+            set(CURLOPT_POSTFIELDS, sent->constData());
+        }
+        set(CURLOPT_HTTPHEADER, headers.get());
+    }
+
+    static int watchSocket(CURL * /*easy*/, curl_socket_t socket, int what, void *data, void * /*unused*/)
+    {
+        auto &self = *static_cast<Carrier *>(data);
+        if (what == CURL_POLL_REMOVE) {
+            self.watches.erase(socket);
+        } else {
+            self.watches.try_emplace(socket, socket, [&self, socket](int events) { self.proceed(socket, events); })
+                .first->second.listen(what);
+        }
+        return 0;
+    }
+
+    static int setTimer(CURLM * /*multi*/, long milliseconds, void *data)
+    {
+        auto &self = *static_cast<Carrier *>(data);
+        if (milliseconds < 0) {
+            self.timer.stop();
+        } else {
+            self.timer.start(std::chrono::milliseconds(milliseconds));
+        }
+        return 0;
+    }
+
+    static std::size_t countHeader(const char * /*line*/, std::size_t size, std::size_t count, void *data)
+    {
+        auto &self = *static_cast<Carrier *>(data);
+        self.headerSize += size * count;
+        return self.headerSize > largestHeader ? 0 : size * count; // anything but its size ends the transfer
+    }
+
+    static std::size_t take(const char *bytes, std::size_t size, std::size_t count, void *data)
+    {
+        auto &self = *static_cast<Carrier *>(data);
+        self.received.append(bytes, static_cast<qsizetype>(size * count));
+        return self.received.size() > self.limit ? 0 : size * count;
+    }
+
+    void proceed(curl_socket_t socket, int events)
+    {
+        int running = 0;
+        curl_multi_socket_action(multi.get(), socket, events, &running);
+        int left = 0;
+        const CURLMsg *message = curl_multi_info_read(multi.get(), &left);
+        if (message != nullptr && message->msg == CURLMSG_DONE) {
+            // Not from here: whoever hears of it may end the transfer, and libcurl's caller with it.
+            const QString error = errorOf(message->data.result);
+            QMetaObject::invokeMethod(
+                &timer, [this, error] { std::exchange(ended, nullptr)(error); }, Qt::QueuedConnection);
+        }
+    }
+
+    QString errorOf(CURLcode result) const
+    {
+        if (result == CURLE_OK) {
+            return {};
+        }
+        if (headerSize > largestHeader || received.size() > limit) {
+            return u"the answer is too large"_s;
+        }
+        return QString::fromUtf8(reason[0] != '\0' ? reason : curl_easy_strerror(result));
+    }
+
+    const qsizetype limit;
+    const std::optional<QByteArray> sent;
+    Callback ended;
+    QByteArray received;
+    std::size_t headerSize = 0;
+    char reason[CURL_ERROR_SIZE] = {};
+    LineList headers;
+    LineList hosts;
+    QTimer timer;
+    std::unordered_map<curl_socket_t, SocketWatch> watches;
+    const std::unique_ptr<CURLM, Release<curl_multi_cleanup>> multi{curl_multi_init()};
+    const std::unique_ptr<CURL, Release<curl_easy_cleanup>> easy{curl_easy_init()};
+};
+
+WebTransfer::WebTransfer(const HttpRequest &request, const QByteArrayList &addresses, qsizetype largestBody,
+                         Callback callback) :
+    carrier(std::make_unique<Carrier>(request, addresses, largestBody, std::move(callback)))
+{
+}
+
+WebTransfer::~WebTransfer() = default;
+
+int WebTransfer::status() const
+{
+    return carrier->status();
+}
+
+QUrl WebTransfer::redirection() const
+{
+    return carrier->redirection();
+}
+
+QByteArray WebTransfer::body() const
+{
+    return carrier->body();
+}
