@@ -128,7 +128,7 @@ int main(int argc, char **argv)
     }
     const QString &scratch = arguments.at(3);
     UserDefaults defaults(scratch + u"/settings.json");
-    DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), scratch);
+    DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), scratch, DefaultsSeed::OutputFolder::WhenWritten);
     FrameGrabber grabber(arguments.at(1), scratch);
     const PathBookmarks bookmarks;
     Silent silent;
