@@ -15,12 +15,18 @@
 #include <QFile>
 #include <QGuiApplication>
 
+#include <chrono>
+#include <condition_variable>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
+#include <mutex>
 #include <new>
+#include <pthread.h>
 #include <utility>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -64,6 +70,29 @@ void ignoreFailedWrites()
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
+/// Cancels the export, and interrupts the system call that blocks the worker's thread: again and again, since one that
+/// begins just after a signal would miss it. What no signal can wake, such as a network disk that has gone, is left
+/// behind after ten seconds.
+void cancelExport(CancelFlag &cancelled, pthread_t worker, const std::stop_token &ending)
+{
+    constexpr int wakingSignal = SIGURG; // does nothing else; the system ignores it where nobody waits for it
+    struct sigaction interruptCalls = {};
+    interruptCalls.sa_handler = [](int) {}; // and without SA_RESTART
+    sigaction(wakingSignal, &interruptCalls, nullptr);
+
+    cancelled = true;
+    const auto end = std::chrono::steady_clock::now() + 10s;
+    std::mutex mutex;
+    std::unique_lock lock(mutex);
+    std::condition_variable_any nothing;
+    do {
+        ::pthread_kill(worker, wakingSignal);
+        if (std::chrono::steady_clock::now() > end) {
+            std::_Exit(ExportCommand::Interrupted);
+        }
+    } while (!nothing.wait_for(lock, ending, 100ms, [&ending] { return ending.stop_requested(); }));
+}
+
 void makeAbsolute(ExportOptions &options)
 {
     for (QString &path : options.paths) {
@@ -80,7 +109,10 @@ int runExportFront(ExportOptions options, int argc, char **argv)
 {
     quietenLog();
     CancelFlag cancelled = false;
-    const InterruptSignals interrupts(cancelled);
+    const InterruptSignals interrupts(InterruptSignals::HeardBy::OtherThreads,
+                                      [&cancelled, worker = ::pthread_self()](const std::stop_token &ending) {
+                                          cancelExport(cancelled, worker, ending);
+                                      });
     Console console(stdout, stderr, options.quiet);
     const TemporaryFolder temporaryFolder(QDir::tempPath());
     if (temporaryFolder.error()) {

@@ -1,92 +1,115 @@
 #include "app/InterruptSignals.h"
 
-#include "app/InterruptHandler.h"
 #include "platform/threads/AlternateStack.h"
 
-#include <sys/eventfd.h>
-#include <sys/signalfd.h>
-
-#include <array>
-#include <cstdlib>
-#include <poll.h>
+#include <atomic>
+#include <cerrno>
+#include <chrono>
+#include <semaphore.h>
 #include <system_error>
+#include <utility>
 
 using namespace std::chrono_literals;
 
 namespace {
 
-/// What the work gets to end in good order.
-constexpr auto patience = 10s;
-/// How often a call that blocks the work is interrupted: one that begins just after a signal would miss it.
-constexpr int hurryInterval = 100; // milliseconds
-/// Interrupts system calls and does nothing else; the system ignores it where nobody waits for it.
-constexpr int hurrySignal = SIGURG;
-/// As the command line's, when it is interrupted and can still say so.
-constexpr int interruptedStatus = 130;
+using Clock = std::chrono::steady_clock;
+
+// A signal handler reaches nothing but globals.
+sem_t signalsToTell;
+std::atomic<Clock::rep> firstSignal{0}; ///< its time; 0 when there has been none
+static_assert(decltype(firstSignal)::is_always_lock_free);
+
+/// Whether a further signal, so long after the first one, is meant to end the process at once. A terminal that closes
+/// sends more than one SIGHUP, and programs that run others pass a signal on twice.
+bool insists(int signal, Clock::duration sinceFirst)
+{
+    return signal != SIGHUP && sinceFirst > 200ms;
+}
+
+/// Ends the process by the signal, as if it had never been caught.
+void die(int signal)
+{
+    sigset_t only = {};
+    ::sigemptyset(&only);
+    ::sigaddset(&only, signal);
+    std::signal(signal, SIG_DFL);
+    ::pthread_sigmask(SIG_UNBLOCK, &only, nullptr);
+    ::raise(signal);
+}
+
+void onSignal(int signal)
+{
+    const int errorBefore = errno;
+    const Clock::rep now = Clock::now().time_since_epoch().count();
+    Clock::rep first = 0;
+    if (!firstSignal.compare_exchange_strong(first, now) && insists(signal, Clock::duration(now - first))) {
+        die(signal);
+    }
+    ::sem_post(&signalsToTell);
+    errno = errorBefore;
+}
+
+bool isIgnored(int signal)
+{
+    struct sigaction current = {};
+    sigaction(signal, nullptr, &current);
+    return current.sa_handler == SIG_IGN; // nohup, or a shell's background job
+}
 
 } // namespace
 
-InterruptSignals::InterruptSignals(CancelFlag &flag) :
-    cancelled(flag),
-    interrupts(InterruptHandler::expectedInterrupts()),
-    worker(::pthread_self()),
-    signalFile(::signalfd(-1, &interrupts, SFD_CLOEXEC | SFD_NONBLOCK)),
-    ending(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
+InterruptSignals::InterruptSignals(HeardBy hearers, Reaction reaction) : react(std::move(reaction))
 {
-    struct sigaction interruptCalls = {};
-    interruptCalls.sa_handler = [](int) {}; // and without SA_RESTART
-    sigaction(hurrySignal, &interruptCalls, nullptr);
-    ::pthread_sigmask(SIG_BLOCK, &interrupts, &blockedBefore);
+    firstSignal = 0;
+    ::sem_init(&signalsToTell, 0, 0);
+    ::pthread_sigmask(SIG_SETMASK, nullptr, &maskBefore);
     try {
-        watcher = std::thread([this] { watch(); });
+        watcher = std::jthread([this](const std::stop_token &ending) { watch(ending); });
     } catch (const std::system_error &) {
-        ::pthread_sigmask(SIG_SETMASK, &blockedBefore, nullptr);
+        return;
+    }
+    sigset_t heard = {};
+    ::sigemptyset(&heard);
+    struct sigaction action = {};
+    action.sa_handler = onSignal;
+    action.sa_flags = SA_RESTART;
+    for (std::size_t index = 0; index < interrupts.size(); ++index) {
+        const int signal = interrupts[index];
+        const bool caught = !isIgnored(signal);
+        sigaction(signal, caught ? &action : nullptr, &actionsBefore[index]);
+        if (caught) {
+            ::sigaddset(&heard, signal);
+        }
+    }
+    if (hearers == HeardBy::OtherThreads) {
+        ::pthread_sigmask(SIG_BLOCK, &heard, nullptr);
     }
 }
 
 InterruptSignals::~InterruptSignals()
 {
-    if (watcher.joinable()) {
-        ::eventfd_write(ending.get(), 1);
-        watcher.join();
-        ::pthread_sigmask(SIG_SETMASK, &blockedBefore, nullptr);
-    }
-}
-
-void InterruptSignals::watch()
-{
-    const AlternateStack stack;
-    std::array<pollfd, 2> files = {{{ending.get(), POLLIN, 0}, {signalFile.get(), POLLIN, 0}}};
-    while (files[0].revents == 0) {
-        ::poll(files.data(), files.size(), cancelled ? hurryInterval : -1);
-        takeSignal();
-        if (cancelled && files[0].revents == 0) {
-            hurry();
-        }
-    }
-}
-
-void InterruptSignals::takeSignal()
-{
-    signalfd_siginfo signal = {};
-    if (::read(signalFile.get(), &signal, sizeof signal) != sizeof signal) {
+    if (!watcher.joinable()) {
         return;
     }
-    cancelled = true;
-    if (!cancelledAt) {
-        cancelledAt = std::chrono::steady_clock::now();
-    } else if (InterruptHandler::insists(static_cast<int>(signal.ssi_signo),
-                                         std::chrono::steady_clock::now() - *cancelledAt)) {
-        InterruptHandler::die(static_cast<int>(signal.ssi_signo));
+    watcher.request_stop();
+    ::sem_post(&signalsToTell);
+    watcher.join();
+    for (std::size_t index = 0; index < interrupts.size(); ++index) {
+        sigaction(interrupts[index], &actionsBefore[index], nullptr);
     }
+    ::pthread_sigmask(SIG_SETMASK, &maskBefore, nullptr);
 }
 
-/// Wakes the work where a system call blocks it. What no signal can wake, such as a network disk that has gone, is left
-/// behind in the end.
-void InterruptSignals::hurry() const
+void InterruptSignals::watch(const std::stop_token &ending) const
 {
-    ::pthread_kill(worker, hurrySignal);
-    if (cancelledAt && std::chrono::steady_clock::now() - *cancelledAt > patience) {
-        std::_Exit(interruptedStatus);
+    const AlternateStack stack;
+    for (;;) {
+        while (::sem_wait(&signalsToTell) != 0) { // a signal has interrupted it
+        }
+        if (ending.stop_requested()) {
+            return;
+        }
+        react(ending);
     }
 }

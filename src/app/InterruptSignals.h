@@ -1,36 +1,39 @@
 #pragma once
 
-#include "platform/files/FileDescriptor.h"
-#include "platform/threads/CancelFlag.h"
-
-#include <chrono>
+#include <array>
 #include <csignal>
-#include <optional>
-#include <pthread.h>
+#include <functional>
+#include <stop_token>
 #include <thread>
 
-/// While it lives, SIGINT, SIGTERM and SIGHUP set the cancel flag instead of ending the process; those that were
-/// ignored stay so. A thread of its own waits for them, so that whatever holds up the others, a second SIGINT or
-/// SIGTERM ends the process, and so does time. Made on the thread that does the work, before others are started; the
-/// flag must outlive it. Where no thread can be had the signals do what they always do.
+/// While it lives, SIGINT, SIGTERM and SIGHUP call a reaction instead of ending the process; those that were ignored
+/// stay so. A second SIGINT or SIGTERM ends the process, whatever hangs. Where no thread can be had the signals do what
+/// they always do. One at a time.
 class InterruptSignals {
 public:
-    explicit InterruptSignals(CancelFlag &flag);
+    /// Called after each signal on a thread of its own, one call after the other. It may take its time until `ending`
+    /// says that this object goes.
+    using Reaction = std::function<void(const std::stop_token &ending)>;
+
+    /// Which threads a signal may interrupt.
+    enum class HeardBy {
+        AnyThread,
+        /// Not the thread that makes this object, nor those and the processes that it starts from then on: the system
+        /// may give a signal to a thread that hangs, and it would wait there.
+        OtherThreads,
+    };
+
+    InterruptSignals(HeardBy hearers, Reaction reaction);
     ~InterruptSignals();
     InterruptSignals(const InterruptSignals &) = delete;
     InterruptSignals &operator=(const InterruptSignals &) = delete;
 
 private:
-    void watch();
-    void takeSignal();
-    void hurry() const;
+    void watch(const std::stop_token &ending) const;
 
-    CancelFlag &cancelled;
-    sigset_t interrupts = {};
-    sigset_t blockedBefore = {};
-    pthread_t worker;
-    FileDescriptor signalFile; ///< gives the signals that have come
-    FileDescriptor ending;     ///< readable when the thread is no longer needed
-    std::optional<std::chrono::steady_clock::time_point> cancelledAt;
-    std::thread watcher;
+    static constexpr std::array interrupts{SIGINT, SIGTERM, SIGHUP};
+    const Reaction react;
+    std::array<struct sigaction, interrupts.size()> actionsBefore{};
+    sigset_t maskBefore = {};
+    std::jthread watcher; ///< last: it uses what stands above
 };

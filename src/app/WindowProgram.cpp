@@ -2,8 +2,8 @@
 
 #include "Shared/FrameGrabber.h"
 #include "Shared/HostIdentity.h"
+#include "app/InterruptSignals.h"
 #include "app/ProgramSetup.h"
-#include "app/QuitSignals.h"
 #include "app/window/AppDelegate.h"
 #include "app/window/MacAppHelper.h"
 #include "online/ServiceUrl.h"
@@ -41,8 +41,12 @@ struct SeededDefaults : UserDefaults {
 
 /// What the window works with, and the delegate that builds it.
 struct WindowProgram::Parts {
-    explicit Parts(const QString &temporaryFolder) : grabber(ProgramSetup::toolPath(), temporaryFolder) {}
+    Parts(const QString &temporaryFolder, MainQueue &queue) :
+        mainQueue(queue), grabber(ProgramSetup::toolPath(), temporaryFolder)
+    {
+    }
 
+    MainQueue &mainQueue;
     const bool sandboxed = QFile::exists(sandboxMarker);
     const QDBusConnection bus = QDBusConnection::sessionBus();
     SeededDefaults defaults;
@@ -51,7 +55,6 @@ struct WindowProgram::Parts {
     const ServiceUrl service = ServiceUrl::ofThisProgram(bundle);
     FrameGrabber grabber;
     const std::unique_ptr<FolderBookmarks> bookmarks = FolderBookmarks::ofThisSystem(bus, sandboxMarker);
-    MainQueue mainQueue;
     MessageAlertPanel alert{mainQueue};
     FileOpenPanel openPanel{sandboxed};
     DesktopWorkspace workspace{mainQueue, bus, sandboxed};
@@ -89,14 +92,15 @@ bool WindowProgram::handOver(const QStringList &paths, const ActivationToken &to
 int WindowProgram::run(const QStringList &paths)
 {
     // Before the folder, which a signal would leave behind otherwise; what it asks for waits for the event loop.
-    const QuitSignals quitSignals([this] { quit(); });
+    const InterruptSignals interrupts(InterruptSignals::HeardBy::AnyThread, // as files are opened by programs it starts
+                                      [this](const auto &) { mainQueue.async([this] { quit(); }); });
     const TemporaryFolder temporaryFolder(QDir::tempPath());
     if (temporaryFolder.error()) {
         qCCritical(lcTessarine) << "no temporary folder:" << temporaryFolder.error().message().c_str();
         return 1;
     }
     ProgramSetup::warnOfMissingParts(ProgramSetup::toolPath());
-    parts = std::make_unique<Parts>(temporaryFolder.path());
+    parts = std::make_unique<Parts>(temporaryFolder.path(), mainQueue);
     parts->helper.awakeFromNib();
     parts->delegate.applicationDidFinishLaunching();
     for (const QString &path : paths) { // now that there is a window for the sheet to hang over

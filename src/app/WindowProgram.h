@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/window/DesktopService.h"
+#include "platform/threads/MainQueue.h"
 
 #include <QStringList>
 
@@ -29,6 +30,7 @@ private:
     void bringForward(const ActivationToken &click);
     void quit();
 
+    MainQueue mainQueue;
     DesktopService desktop; ///< what it is called for waits until the parts are there
     std::unique_ptr<Parts> parts;
 };
