@@ -5,7 +5,6 @@
 #include "platform/Log.h"
 #include "render/CollageCanvas.h"
 #include "render/MetadataText.h"
-#include "render/TileSource.h"
 
 #include <limits>
 
@@ -35,7 +34,7 @@ QImage CollagePainter::makeCanvas() const
     return QImage(place.pixelSize(), isOpaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
 }
 
-bool CollagePainter::paint(QPaintDevice &device, TileSource &source, const CancelFlag &cancelled) const
+bool CollagePainter::paint(QPaintDevice &device, const TileSource &pictureOf, const CancelFlag &cancelled) const
 {
     CollageCanvas canvas(device);
     canvas.clear(settings.backgroundColor);
@@ -45,18 +44,19 @@ bool CollagePainter::paint(QPaintDevice &device, TileSource &source, const Cance
             if (cancelled) {
                 return false;
             }
-            paintTile(canvas, source, row, column);
+            paintTile(canvas, pictureOf, row, column);
         }
     }
     return !cancelled;
 }
 
-void CollagePainter::paintTile(CollageCanvas &canvas, TileSource &source, std::int32_t row, std::int32_t column) const
+void CollagePainter::paintTile(CollageCanvas &canvas, const TileSource &pictureOf, std::int32_t row,
+                               std::int32_t column) const
 {
     const std::int64_t number = column + std::int64_t{settings.columeNumber} * row;
     const double seconds = place.tileTime(number);
     qCDebug(lcTessarine).noquote() << "-----" << number + 1 << ":" << GlobalFun::fixedText(seconds, 2);
-    const QImage image = source.picture(number, seconds);
+    const QImage image = pictureOf(number, seconds);
 
     // A shadow is never taken back: what one tile sets stays on for the frames and pictures that follow.
     if (settings.gridShadowed) {

@@ -8,14 +8,19 @@
 
 #include <QImage>
 
+#include <cstdint>
+#include <functional>
+
 class CollageCanvas;
 class QPaintDevice;
-class TileSource;
 
 /// Paints one movie's collage: background, text block, and tiles with frames, shadows and time stamps.
 /// Made for one collage; needs a QGuiApplication, may live on any thread.
 class CollagePainter {
 public:
+    /// Gives the picture for the tile (counted from 0) at `seconds` into the movie; null leaves the tile without one.
+    using TileSource = std::function<QImage(std::int64_t tile, double seconds)>;
+
     CollagePainter(const CollageSettings &settings, const CollageTextStyles &styles, const CollageTextItems &items,
                    const QString &metadata);
 
@@ -26,12 +31,12 @@ public:
     /// such a canvas cannot exist or there is no memory for it.
     QImage makeCanvas() const;
 
-    /// Paints on any device, asking the source for each tile's picture in reading order. False as soon as `cancelled`
+    /// Paints on any device, asking for each tile's picture in reading order. False as soon as `cancelled`
     /// is seen set, before the next tile.
-    bool paint(QPaintDevice &device, TileSource &source, const CancelFlag &cancelled) const;
+    bool paint(QPaintDevice &device, const TileSource &pictureOf, const CancelFlag &cancelled) const;
 
 private:
-    void paintTile(CollageCanvas &canvas, TileSource &source, std::int32_t row, std::int32_t column) const;
+    void paintTile(CollageCanvas &canvas, const TileSource &pictureOf, std::int32_t row, std::int32_t column) const;
     void paintStamp(CollageCanvas &canvas, const QRectF &picture, double seconds) const;
 
     CollageSettings settings;

@@ -17,8 +17,8 @@
 #include "render/MissingFrames.h"
 #include "render/MovieSource.h"
 #include "render/OutputFile.h"
-#include "render/TileSource.h"
 
+#include <functional>
 #include <new>
 #include <utility>
 
@@ -27,14 +27,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Grabs each tile's frame of one movie and reports it.
-class GrabbedTiles final : public TileSource {
+class GrabbedTiles {
 public:
     GrabbedTiles(const ExportServices &exportServices, ExportProgress first) :
         services(exportServices), report(std::move(first))
     {
     }
 
-    QImage picture(std::int64_t tile, double seconds) override
+    QImage picture(std::int64_t tile, double seconds)
     {
         grab(seconds);
         if (!services.bExportCanceled) {
@@ -155,7 +155,7 @@ QImage ExportJob::render(const KTMovieObject &movie, int index, ExportResult &re
     }
     const std::int64_t tiles = painter.layout().tileCount();
     GrabbedTiles source(services, {movie.filePath, index, services.aryItems.count(), 0, tiles, {}, {}});
-    painter.paint(canvas, source, services.bExportCanceled);
+    painter.paint(canvas, std::bind_front(&GrabbedTiles::picture, &source), services.bExportCanceled);
     source.missingFrames().tell(movie, result);
     return canvas;
 }

@@ -1,9 +1,8 @@
 #include "render/CollagePainter.h"
 
-#include "render/TileSource.h"
-
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -13,9 +12,9 @@ constexpr QRgb frame = qRgb(255, 255, 0);
 constexpr QRgb content = qRgb(200, 0, 0);
 
 /// Two by two tiles of 100 x 60 with frames of 4, gaps of 10 and a margin of 20; every picture one colour.
-struct CollagePainterTest : testing::Test, protected TileSource {
+struct CollagePainterTest : testing::Test {
     CollagePainterTest() { settings = {20.0, ground, 4.0, frame, 10.0, 10.0, 100.0, 60.0, 2, 2, 0.0, 30.0}; }
-    QImage picture(std::int64_t tile, double seconds) override
+    QImage picture(std::int64_t tile, double seconds)
     {
         times.push_back(seconds);
         QImage image(64, 48, QImage::Format_RGB32);
@@ -28,7 +27,8 @@ struct CollagePainterTest : testing::Test, protected TileSource {
         const CollagePainter painter(settings, {{Qt::white, font}, {Qt::black, font}}, items, metadata);
         QImage canvas = painter.makeCanvas();
         textHeight = static_cast<int>(painter.layout().textRect().height());
-        finished = !canvas.isNull() && painter.paint(canvas, *this, cancelled);
+        finished =
+            !canvas.isNull() && painter.paint(canvas, std::bind_front(&CollagePainterTest::picture, this), cancelled);
         return canvas;
     }
 

@@ -5,7 +5,7 @@
 #include "app/loading/RemainingTime.h"
 #include "platform/files/PathText.h"
 #include "platform/threads/AlternateStack.h"
-#include "platform/threads/DispatchQueue.h"
+#include "platform/threads/MainQueue.h"
 #include "platform/threads/SerialQueue.h"
 #include "prefs/TrustedFolders.h"
 #include "render/ExportJob.h"

@@ -14,9 +14,9 @@
 #include <thread>
 
 class AlertPanel;
-class DispatchQueue;
 class FrameGrabber;
 class KTMovieObject;
+class MainQueue;
 class MovieList;
 class SerialQueue;
 class TrustedFolders;
@@ -51,7 +51,7 @@ public:
         TrustedFolders &trustedFolders;
         AlertPanel &alert;
         Workspace &workspace;
-        DispatchQueue &mainQueue;
+        MainQueue &mainQueue;
     };
 
     MovieJobs(Services services, JobsView &view);

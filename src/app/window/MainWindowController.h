@@ -38,7 +38,7 @@ public:
         TrustedFolders &trustedFolders;
         NotificationCenter &notifications;
         Desktop desktop;
-        DispatchQueue &mainQueue;
+        MainQueue &mainQueue;
         QString home;
         bool experimental; ///< the remote flag: whether collages can go beside their movies
         std::function<void()> showPreferences;

@@ -4,7 +4,7 @@
 #include "platform/files/FileSystem.h"
 #include "platform/files/FileUri.h"
 #include "platform/files/PathText.h"
-#include "platform/threads/DispatchQueue.h"
+#include "platform/threads/MainQueue.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -34,7 +34,7 @@ QString folderOf(const QString &path)
 
 } // namespace
 
-DesktopWorkspace::DesktopWorkspace(DispatchQueue &queue, const QDBusConnection &bus, bool isSandboxed) :
+DesktopWorkspace::DesktopWorkspace(MainQueue &queue, const QDBusConnection &bus, bool isSandboxed) :
     mainQueue(queue), sessionBus(bus), sandboxed(isSandboxed)
 {
 }

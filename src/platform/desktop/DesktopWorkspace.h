@@ -8,7 +8,7 @@
 #include <functional>
 #include <memory>
 
-class DispatchQueue;
+class MainQueue;
 
 /// The user's desktop: opens files in the program for their type, shows them in the file browser. Made on the main
 /// thread, where its work is done, whichever thread asks; nothing waits for the desktop's answer.
@@ -16,7 +16,7 @@ class DesktopWorkspace final : public Workspace {
 public:
     /// `sandboxed`: outside programs are to be reached through portals. The queue is the main thread's and must outlive
     /// this; work of this object that still waits in it when this ends is not done.
-    DesktopWorkspace(DispatchQueue &mainQueue, const QDBusConnection &sessionBus, bool sandboxed);
+    DesktopWorkspace(MainQueue &mainQueue, const QDBusConnection &sessionBus, bool sandboxed);
 
     void openFile(const QString &path) override;
     /// Where there is no file browser that can select, the folder is opened.
@@ -29,7 +29,7 @@ private:
     /// Sends the call, and opens the folder of the path when it comes back as an error.
     void callOrOpenFolder(const QDBusMessage &message, const QString &path);
 
-    DispatchQueue &mainQueue;
+    MainQueue &mainQueue;
     QDBusConnection sessionBus;
     const bool sandboxed;
     QObject context; ///< answers are taken as long as this lives

@@ -1,21 +1,23 @@
 #pragma once
 
-#include "platform/threads/DispatchQueue.h"
-
 #include <QObject>
 
 #include <deque>
+#include <functional>
 #include <mutex>
 
-/// Work for the main thread, done by its event loop. Made on the main thread, and there it ends; what is still waiting
-/// then is dropped undone.
-class MainQueue final : public DispatchQueue, private QObject {
+/// Work for the main thread, done by its event loop in the order given. Made on the main thread, and there it ends;
+/// what is still waiting then is dropped undone.
+class MainQueue final : private QObject {
 public:
+    using Work = std::function<void()>;
+
     MainQueue() = default;
     MainQueue(const MainQueue &) = delete;
     MainQueue &operator=(const MainQueue &) = delete;
 
-    void async(Work work) override;
+    /// Puts the work, which must not throw, at the end of the queue and returns at once. On any thread.
+    void async(Work work);
 
 private:
     void customEvent(QEvent *event) override;

@@ -38,7 +38,7 @@ void SerialQueue::workOff()
     }
 }
 
-DispatchQueue::Work SerialQueue::next()
+SerialQueue::Work SerialQueue::next()
 {
     std::unique_lock lock(mutex);
     changed.wait(lock, [this] { return ending || !waiting.empty(); });

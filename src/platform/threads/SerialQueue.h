@@ -1,25 +1,27 @@
 #pragma once
 
-#include "platform/threads/DispatchQueue.h"
-
 #include <QString>
 
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <thread>
 
-/// A queue with a thread of its own.
-class SerialQueue final : public DispatchQueue {
+/// Takes work from any thread and does it on a thread of its own, one piece after the other in the order given.
+class SerialQueue {
 public:
+    using Work = std::function<void()>;
+
     /// The label names the thread for debuggers; the system keeps its first 15 bytes.
     explicit SerialQueue(const QString &label);
     /// Returns when all work is done, also what work in the queue adds meanwhile.
-    ~SerialQueue() override;
+    ~SerialQueue();
     SerialQueue(const SerialQueue &) = delete;
     SerialQueue &operator=(const SerialQueue &) = delete;
 
-    void async(Work work) override;
+    /// Puts the work, which must not throw, at the end of the queue and returns at once. On any thread.
+    void async(Work work);
 
 private:
     void workOff();

@@ -1,7 +1,7 @@
 #include "platform/widgets/MessageAlertPanel.h"
 
 #include "platform/Log.h"
-#include "platform/threads/DispatchQueue.h"
+#include "platform/threads/MainQueue.h"
 #include "platform/widgets/FrontWindow.h"
 
 #include <QApplication>
@@ -108,7 +108,7 @@ QMessageBox *makeBox(const QString &title, const QString &message, const QString
 
 } // namespace
 
-MessageAlertPanel::MessageAlertPanel(DispatchQueue &queue) : mainQueue(queue) {}
+MessageAlertPanel::MessageAlertPanel(MainQueue &queue) : mainQueue(queue) {}
 
 int MessageAlertPanel::run(const QString &title, const QString &message, const QStringList &buttons)
 {

@@ -2,13 +2,13 @@
 
 #include "platform/desktop/AlertPanel.h"
 
-class DispatchQueue;
+class MainQueue;
 
 /// Alerts as message boxes over the front window. Made on the main thread.
 class MessageAlertPanel final : public AlertPanel {
 public:
     /// The queue is the main thread's and must outlive this.
-    explicit MessageAlertPanel(DispatchQueue &mainQueue);
+    explicit MessageAlertPanel(MainQueue &mainQueue);
 
     /// When the question can no longer be answered, because its window or the queue has gone, the answer is the last
     /// button.
@@ -19,5 +19,5 @@ public:
     void tell(const QString &title, const QString &message, const QString &button) override;
 
 private:
-    DispatchQueue &mainQueue;
+    MainQueue &mainQueue;
 };

@@ -1,7 +1,7 @@
 #include "prefs/panes/VXTrustedPathViewCtl.h"
 
 #include "platform/desktop/OpenPanel.h"
-#include "platform/threads/DispatchQueue.h"
+#include "platform/threads/MainQueue.h"
 #include "platform/widgets/SymbolicIcon.h"
 #include "prefs/TrustedFolders.h"
 #include "prefs/panes/FolderTableModel.h"
@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-VXTrustedPathViewCtl::VXTrustedPathViewCtl(TrustedFolders &trustedFolders, OpenPanel &panel, DispatchQueue &queue) :
+VXTrustedPathViewCtl::VXTrustedPathViewCtl(TrustedFolders &trustedFolders, OpenPanel &panel, MainQueue &queue) :
     folders(trustedFolders), openPanel(panel), mainQueue(queue), model(std::make_unique<FolderTableModel>())
 {
     // The list may be changed on any thread, while folders are loaded for instance.

@@ -4,8 +4,8 @@
 
 #include <QStringList>
 
-class DispatchQueue;
 class FolderTableModel;
+class MainQueue;
 class OpenPanel;
 class TrustedFolders;
 namespace Ui {
@@ -17,7 +17,7 @@ class VXTrustedPathViewCtl;
 class VXTrustedPathViewCtl final : public PreferencePane {
 public:
     /// All must outlive this; the queue is the main thread's.
-    VXTrustedPathViewCtl(TrustedFolders &folders, OpenPanel &openPanel, DispatchQueue &mainQueue);
+    VXTrustedPathViewCtl(TrustedFolders &folders, OpenPanel &openPanel, MainQueue &mainQueue);
     ~VXTrustedPathViewCtl() override;
 
     QString identifier() const override;
@@ -41,7 +41,7 @@ private:
 
     TrustedFolders &folders;
     OpenPanel &openPanel;
-    DispatchQueue &mainQueue;
+    MainQueue &mainQueue;
     std::unique_ptr<Ui::VXTrustedPathViewCtl> ui;
     std::unique_ptr<FolderTableModel> model;
     std::shared_ptr<const bool> alive = std::make_shared<const bool>(true); ///< what comes later looks whether it is
