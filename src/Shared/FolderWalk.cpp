@@ -4,18 +4,12 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
-#include <dirent.h>
+#include <filesystem>
 #include <map>
-#include <memory>
 #include <utility>
 #include <vector>
 
 namespace {
-
-struct CloseFolder {
-    void operator()(DIR *folder) const { ::closedir(folder); }
-};
 
 struct Entry {
     QByteArray name;
@@ -39,15 +33,11 @@ struct Level {
 std::vector<Entry> entriesOf(const QByteArray &path)
 {
     std::vector<Entry> entries;
-    const std::unique_ptr<DIR, CloseFolder> folder(::opendir(path.constData()));
-    if (!folder) {
-        return entries;
-    }
-    while (const dirent *entry = ::readdir(folder.get())) {
-        const char *name = entry->d_name;
-        if (std::strcmp(name, ".") != 0 && std::strcmp(name, "..") != 0) {
-            entries.push_back({name, entry->d_type == DT_REG});
-        }
+    std::error_code end;
+    std::filesystem::directory_iterator entry(path.toStdString(), end);
+    for (; entry != std::filesystem::directory_iterator(); entry.increment(end)) {
+        const bool isPlainFile = !entry->is_symlink() && entry->is_regular_file();
+        entries.push_back({QByteArray::fromStdString(entry->path().filename().native()), isPlainFile});
     }
     return entries;
 }

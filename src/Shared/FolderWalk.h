@@ -9,6 +9,9 @@
 /// file system lists it. Links are followed; a folder inside itself (through a link) is not entered again, one that
 /// many ways lead to is entered 64 times at most, and what cannot be read or reached is passed over. Paths are bytes.
 /// Safe on any thread.
+///
+/// The system's own walks do not fit: those of the standard library enter folders inside themselves, and fts(3) asks
+/// for the status of every file of a folder before it gives the first, a quarter of a second for 20,000 files.
 namespace FolderWalk {
 
 /// Something that is no folder.

@@ -2,7 +2,8 @@
 
 #include "collage/CollageForm.h"
 #include "media/VXMediaInfoItem.h"
-#include "platform/store/StoredColor.h"
+#include "platform/store/ColorArchive.h"
+#include "platform/store/UserDefaults.h"
 
 namespace {
 
@@ -24,7 +25,7 @@ CollageSettings DefaultParameters::settingsOfNewMovie(const UserDefaults &defaul
         }
     }
     for (const CollageFields::Color &field : CollageFields::colors) {
-        settings.*field.member = storedColor(defaults, field.key, field.whenAbsent);
+        settings.*field.member = ColorArchive::storedColor(defaults, field.key, field.whenAbsent);
     }
     for (const CollageFields::Switch &field : CollageFields::switches) {
         if (!field.key.isEmpty()) {

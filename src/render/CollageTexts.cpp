@@ -1,14 +1,15 @@
 #include "render/CollageTexts.h"
 
 #include "Shared/PreferenceKeys.h"
-#include "platform/store/StoredColor.h"
+#include "platform/store/ColorArchive.h"
+#include "platform/store/UserDefaults.h"
 #include "render/TextBlock.h"
 
 CollageTextStyles CollageTextStyles::fromDefaults(const UserDefaults &defaults)
 {
     const QFont font = TextBlock::systemFont();
-    return {{storedColor(defaults, PreferenceKeys::metadataTextColor, Qt::white), font},
-            {storedColor(defaults, PreferenceKeys::gridTextColor, Qt::black), font}};
+    return {{ColorArchive::storedColor(defaults, PreferenceKeys::metadataTextColor, Qt::white), font},
+            {ColorArchive::storedColor(defaults, PreferenceKeys::gridTextColor, Qt::black), font}};
 }
 
 CollageTextItems CollageTextItems::fromDefaults(const UserDefaults &defaults)

@@ -1,7 +1,8 @@
 #include "prefs/panes/RBMetadataPrefViewCtl.h"
 
 #include "Shared/PreferenceKeys.h"
-#include "platform/store/StoredColor.h"
+#include "platform/store/ColorArchive.h"
+#include "platform/store/UserDefaults.h"
 #include "platform/threads/NotificationCenter.h"
 #include "platform/widgets/SymbolicIcon.h"
 #include "prefs/panes/TaggedItems.h"
@@ -52,9 +53,9 @@ void RBMetadataPrefViewCtl::awakeFromNib()
     }
     TaggedItems::select(*ui->pBtnCornor, defaults.int64Value(PreferenceKeys::gridTextPosition));
     if (defaults.contains(PreferenceKeys::metadataTextColor)) {
-        ui->colorWellText->setColor(storedColor(defaults, PreferenceKeys::metadataTextColor, Qt::white));
+        ui->colorWellText->setColor(ColorArchive::storedColor(defaults, PreferenceKeys::metadataTextColor, Qt::white));
     }
-    ui->colorWellGridText->setColor(storedColor(defaults, PreferenceKeys::gridTextColor, Qt::black));
+    ui->colorWellGridText->setColor(ColorArchive::storedColor(defaults, PreferenceKeys::gridTextColor, Qt::black));
 }
 
 bool RBMetadataPrefViewCtl::commitControls()

@@ -1,5 +1,6 @@
 #include "Shared/PreferenceKeys.h"
-#include "platform/store/StoredColor.h"
+#include "platform/store/ColorArchive.h"
+#include "platform/store/UserDefaults.h"
 #include "platform/threads/NotificationCenter.h"
 #include "platform/widgets/ColorWell.h"
 #include "prefs/panes/RBGeneralPreferViewCtl.h"
@@ -108,6 +109,6 @@ TEST_F(PanesTest, ColoursThatCannotBeReadShowWhiteAndBlackAndAreReplaced)
     control<ColorWell>(pane, "colorWellGridText").setColor(green);
     pane.commitEditing();
     const UserDefaults read(storePath);
-    EXPECT_EQ(storedColor(read, PreferenceKeys::metadataTextColor, Qt::red), QColor(Qt::white));
-    EXPECT_EQ(storedColor(read, PreferenceKeys::gridTextColor, Qt::red), green);
+    EXPECT_EQ(ColorArchive::storedColor(read, PreferenceKeys::metadataTextColor, Qt::red), QColor(Qt::white));
+    EXPECT_EQ(ColorArchive::storedColor(read, PreferenceKeys::gridTextColor, Qt::red), green);
 }
