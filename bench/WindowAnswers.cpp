@@ -44,28 +44,28 @@ class Heartbeat {
 public:
     Heartbeat()
     {
-        QObject::connect(&timer, &QTimer::timeout, [this] {
-            const qint64 wait = clock.restart();
-            longest = std::max(longest, wait);
+        QObject::connect(&timer_, &QTimer::timeout, [this] {
+            const qint64 wait = clock_.restart();
+            longest_ = std::max(longest_, wait);
             if (wait > wanted) {
-                std::printf("%26lld s: a wait of %lld ms\n", running.elapsed() / 1000, wait);
+                std::printf("%26lld s: a wait of %lld ms\n", running_.elapsed() / 1000, wait);
             }
         });
-        timer.setTimerType(Qt::PreciseTimer);
-        timer.start(1);
-        clock.start();
-        running.start();
+        timer_.setTimerType(Qt::PreciseTimer);
+        timer_.start(1);
+        clock_.start();
+        running_.start();
     }
     /// Milliseconds, since the last time.
-    qint64 takeLongest() { return std::exchange(longest, 0); }
+    qint64 takeLongest() { return std::exchange(longest_, 0); }
 
 private:
     static constexpr qint64 wanted = 50; // at most
 
-    QTimer timer;
-    QElapsedTimer clock;
-    QElapsedTimer running;
-    qint64 longest = 0;
+    QTimer timer_;
+    QElapsedTimer clock_;
+    QElapsedTimer running_;
+    qint64 longest_ = 0;
 };
 
 double residentMegabytes()

@@ -84,14 +84,14 @@ ChildProcess::ChildProcess(const QStringList &arguments)
     if (arguments.isEmpty() || ::pipe2(ends.data(), O_CLOEXEC) != 0) {
         return;
     }
-    output.reset(ends[0]);
+    output_.reset(ends[0]);
     const FileDescriptor outputs(ends[1]);
-    ::fcntl(output.get(), F_SETFL, O_NONBLOCK);
-    process = spawn(arguments, outputs.get());
-    ran = process > 0;
+    ::fcntl(output_.get(), F_SETFL, O_NONBLOCK);
+    process_ = spawn(arguments, outputs.get());
+    ran_ = process_ > 0;
     // The C library's own function for it does not link from C++ everywhere. Without the file, waiting wakes up later.
-    if (process > 0) {
-        end.reset(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
+    if (process_ > 0) {
+        end_.reset(static_cast<int>(::syscall(SYS_pidfd_open, process_, 0)));
     }
 }
 
@@ -109,7 +109,7 @@ void ChildProcess::wait(std::chrono::milliseconds time)
     if (!isRunning()) {
         return;
     }
-    std::array<pollfd, 2> files = {{{end.get(), POLLIN, 0}, {hearsOutput ? output.get() : -1, POLLIN, 0}}};
+    std::array<pollfd, 2> files = {{{end_.get(), POLLIN, 0}, {hearsOutput_ ? output_.get() : -1, POLLIN, 0}}};
     ::poll(files.data(), files.size(), static_cast<int>(time.count()));
     takeEnd();
 }
@@ -119,31 +119,31 @@ void ChildProcess::wait(std::chrono::milliseconds time)
 void ChildProcess::takeEnd()
 {
     siginfo_t info = {};
-    const int failed = ::waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOHANG | WNOWAIT);
+    const int failed = ::waitid(P_PID, static_cast<id_t>(process_), &info, WEXITED | WNOHANG | WNOWAIT);
     if (failed == 0 && info.si_pid == 0) {
         return;
     }
     sendSignal(SIGKILL);
     // It fails when somebody has told the system to take all dead processes itself.
-    if (::waitid(P_PID, static_cast<id_t>(process), &info, WEXITED) == 0) {
-        status = info.si_status;
+    if (::waitid(P_PID, static_cast<id_t>(process_), &info, WEXITED) == 0) {
+        status_ = info.si_status;
     }
-    process = 0;
+    process_ = 0;
 }
 
 std::optional<QByteArray> ChildProcess::readOutput()
 {
     static constexpr qsizetype pipeSize = 65536;
-    if (!output.isOpen() || !hearsOutput) {
+    if (!output_.isOpen() || !hearsOutput_) {
         return std::nullopt;
     }
     QByteArray chunk(pipeSize, Qt::Uninitialized);
-    const ssize_t size = ::read(output.get(), chunk.data(), static_cast<std::size_t>(chunk.size()));
+    const ssize_t size = ::read(output_.get(), chunk.data(), static_cast<std::size_t>(chunk.size()));
     if (size < 0) {
         return std::nullopt;
     }
     if (size == 0) {
-        output.reset();
+        output_.reset();
     }
     chunk.truncate(size);
     return chunk;
@@ -152,14 +152,14 @@ std::optional<QByteArray> ChildProcess::readOutput()
 void ChildProcess::sendSignal(int number) const
 {
     if (isRunning()) {
-        ::kill(-process, number);
+        ::kill(-process_, number);
     }
 }
 
 std::int64_t ChildProcess::processorTicks() const
 {
     static constexpr qsizetype userTime = 11; // of the fields behind the name, which stands in parentheses
-    const auto state = FileSystem::contentsOf(u"/proc/%1/stat"_s.arg(process));
+    const auto state = FileSystem::contentsOf(u"/proc/%1/stat"_s.arg(process_));
     if (!state) {
         return 0;
     }

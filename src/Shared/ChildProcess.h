@@ -24,11 +24,11 @@ public:
     ChildProcess &operator=(const ChildProcess &) = delete;
 
     /// As of the last wait(); turns false once and for good.
-    bool isRunning() const { return process > 0; }
+    bool isRunning() const { return process_ > 0; }
     /// Whether there was a program that could be run.
-    bool hasRun() const { return ran; }
+    bool hasRun() const { return ran_; }
     /// Its exit status, or the number of the signal that ended it. Nothing while it runs.
-    std::optional<int> exitStatus() const { return status; }
+    std::optional<int> exitStatus() const { return status_; }
 
     /// Waits until there is output, the output has ended, or the program has; at most for so long.
     void wait(std::chrono::milliseconds time);
@@ -37,7 +37,7 @@ public:
     /// that there is none now.
     std::optional<QByteArray> readOutput();
     /// Output is no longer waited for nor read.
-    void ignoreOutput() { hearsOutput = false; }
+    void ignoreOutput() { hearsOutput_ = false; }
 
     /// Sends a signal such as SIGTERM to the program and those that it has started.
     void sendSignal(int number) const;
@@ -48,10 +48,10 @@ public:
 private:
     void takeEnd();
 
-    pid_t process = 0;
-    FileDescriptor end; ///< becomes readable when the program has ended
-    FileDescriptor output;
-    bool hearsOutput = true;
-    bool ran = false;
-    std::optional<int> status;
+    pid_t process_ = 0;
+    FileDescriptor end_; ///< becomes readable when the program has ended
+    FileDescriptor output_;
+    bool hearsOutput_ = true;
+    bool ran_ = false;
+    std::optional<int> status_;
 };

@@ -57,19 +57,19 @@ QString problemOf(const QString &moviePath, const TaskWrapper &task, const QStri
 /// Passes on each new second of a tool's run.
 class Seconds final : public TaskController {
 public:
-    explicit Seconds(const FrameGrabber::Waiting &hearer) : waiting(hearer) {}
+    explicit Seconds(const FrameGrabber::Waiting &waiting) : waiting_(waiting) {}
 
     void processRuns(std::chrono::milliseconds time) override
     {
         const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
-        if (waiting && seconds > std::exchange(told, std::max(told, seconds))) {
-            waiting(seconds);
+        if (waiting_ && seconds > std::exchange(told_, std::max(told_, seconds))) {
+            waiting_(seconds);
         }
     }
 
 private:
-    const FrameGrabber::Waiting &waiting;
-    std::chrono::seconds told{1}; // the first second is nothing to tell of
+    const FrameGrabber::Waiting &waiting_;
+    std::chrono::seconds told_{1}; // the first second is nothing to tell of
 };
 
 QImage loadPicture(const QString &path)
@@ -81,10 +81,10 @@ QImage loadPicture(const QString &path)
 
 } // namespace
 
-FrameGrabber::FrameGrabber(QString toolPath, const QString &temporaryFolder, TaskLimits patience) :
-    tool(std::move(toolPath)),
-    pictureFile(GlobalFun::appendingPathComponent(temporaryFolder, u"x.jpg"_s)),
-    limits(patience)
+FrameGrabber::FrameGrabber(QString tool, const QString &temporaryFolder, TaskLimits limits) :
+    tool_(std::move(tool)),
+    pictureFile_(GlobalFun::appendingPathComponent(temporaryFolder, u"x.jpg"_s)),
+    limits_(limits)
 {
     QImageReader::setAllocationLimit(0); // a frame of an 8K movie needs more than the 128 MB that Qt allows
 }
@@ -92,31 +92,31 @@ FrameGrabber::FrameGrabber(QString toolPath, const QString &temporaryFolder, Tas
 GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled,
                                            const Waiting &waiting)
 {
-    const std::lock_guard lock(oneAtATime);
+    const std::lock_guard lock(oneAtATime_);
     if (cancelled) {
         return {};
     }
     if (wouldBlock(moviePath)) {
-        return {loadPicture(pictureFile), false, u"is not a regular file"_s, false};
+        return {loadPicture(pictureFile_), false, u"is not a regular file"_s, false};
     }
 
-    const auto before = FileSystem::status(pictureFile);
+    const auto before = FileSystem::status(pictureFile_);
     Seconds clock(waiting);
     TaskWrapper task(&clock,
-                     {tool, u"-ss"_s, GlobalFun::fixedText(seconds, 2), u"-i"_s, moviePath, u"-vframes"_s, u"1"_s,
-                      u"-y"_s, pictureFile},
-                     limits);
+                     {tool_, u"-ss"_s, GlobalFun::fixedText(seconds, 2), u"-i"_s, moviePath, u"-vframes"_s, u"1"_s,
+                      u"-y"_s, pictureFile_},
+                     limits_);
     task.startProcess();
     if (!task.waitUntilTaskExit(cancelled) || cancelled) {
         return {};
     }
     GrabbedFrame frame;
-    frame.picture = loadPicture(pictureFile);
-    frame.isNew = !isSameFile(before, FileSystem::status(pictureFile)) && task.brokenLimit().isEmpty();
+    frame.picture = loadPicture(pictureFile_);
+    frame.isNew = !isSameFile(before, FileSystem::status(pictureFile_)) && task.brokenLimit().isEmpty();
     frame.isNew = frame.isNew && !frame.picture.isNull();
     frame.hasHung = task.hasHung();
     if (!frame.isNew) {
-        frame.problem = problemOf(moviePath, task, tool);
+        frame.problem = problemOf(moviePath, task, tool_);
     }
     return frame;
 }

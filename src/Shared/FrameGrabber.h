@@ -26,7 +26,7 @@ public:
 
     /// `toolPath` is the tool to run; the frames pass through the file "x.jpg" in `temporaryFolder`, which should be
     /// this process's own. `patience` says when a tool that does not end is stopped.
-    FrameGrabber(QString toolPath, const QString &temporaryFolder, TaskLimits patience = {});
+    FrameGrabber(QString tool, const QString &temporaryFolder, TaskLimits limits = {});
 
     /// The frame shown at `seconds`. When the tool gives none, the previous grab's picture, whatever movie it was of.
     /// Setting `cancelled` stops the running tool; the result is then of no use. `waiting`, which may be empty, hears
@@ -38,8 +38,8 @@ public:
     static QString toolPathBeside(const QString &executablePath);
 
 private:
-    const QString tool;
-    const QString pictureFile;
-    const TaskLimits limits;
-    std::mutex oneAtATime;
+    const QString tool_;
+    const QString pictureFile_;
+    const TaskLimits limits_;
+    std::mutex oneAtATime_;
 };

@@ -25,8 +25,8 @@ QString inWords(std::chrono::milliseconds time)
 
 } // namespace
 
-TaskWrapper::TaskWrapper(TaskController *listener, QStringList commandLine, TaskLimits patience) :
-    controller(listener), arguments(std::move(commandLine)), limits(patience)
+TaskWrapper::TaskWrapper(TaskController *controller, QStringList arguments, TaskLimits limits) :
+    controller_(controller), arguments_(std::move(arguments)), limits_(limits)
 {
 }
 
@@ -34,7 +34,7 @@ TaskWrapper::~TaskWrapper()
 {
     qCDebug(lcTessarine, "Task dealloc");
     stopProcess();
-    controller = nullptr;
+    controller_ = nullptr;
     if (isRunning()) {
         demandEnd();
         waitUntilTaskExit();
@@ -46,18 +46,18 @@ void TaskWrapper::startProcess()
     if (isRunning()) {
         return;
     }
-    if (controller) {
-        controller->processStarted();
+    if (controller_) {
+        controller_->processStarted();
     }
-    sinceSignOfLife.start();
-    sinceStart.start();
-    task = std::make_unique<ChildProcess>(arguments);
+    sinceSignOfLife_.start();
+    sinceStart_.start();
+    task_ = std::make_unique<ChildProcess>(arguments_);
 }
 
 /// Takes one chunk of the output; false when there is none at hand.
 bool TaskWrapper::getData()
 {
-    const auto chunk = task->readOutput();
+    const auto chunk = task_->readOutput();
     if (!chunk) {
         return false;
     }
@@ -65,12 +65,12 @@ bool TaskWrapper::getData()
         stopProcess();
         return false;
     }
-    sinceSignOfLife.start();
-    outputBytes += chunk->size();
-    if (controller) {
-        controller->appendOutput(decoder(*chunk));
+    sinceSignOfLife_.start();
+    outputBytes_ += chunk->size();
+    if (controller_) {
+        controller_->appendOutput(decoder_(*chunk));
     }
-    if (outputBytes > limits.outputBytes) {
+    if (outputBytes_ > limits_.outputBytes) {
         breakLimit(u"printed messages without end"_s);
     }
     return true;
@@ -78,10 +78,10 @@ bool TaskWrapper::getData()
 
 void TaskWrapper::FFMpegDidTerminate()
 {
-    const int status = task->exitStatus().value_or(0);
+    const int status = task_->exitStatus().value_or(0);
     qCDebug(lcTessarine, "ffmpeg did finished:terminate status:%d", status);
-    if (controller) {
-        std::exchange(controller, nullptr)->launcherDidTerminatedWithCode(status);
+    if (controller_) {
+        std::exchange(controller_, nullptr)->launcherDidTerminatedWithCode(status);
     }
 }
 
@@ -99,7 +99,7 @@ bool TaskWrapper::waitUntilTaskExit(const CancelFlag &cancelled)
             wasCancelled = true;
             demandEnd();
         }
-        task->wait(lookInterval);
+        task_->wait(lookInterval);
         if (isRunning()) {
             getData();
             watch();
@@ -107,7 +107,7 @@ bool TaskWrapper::waitUntilTaskExit(const CancelFlag &cancelled)
         }
         while (getData()) {
         }
-        if (killTime.isForever()) { // what the tool has left running may hold its output open still
+        if (killTime_.isForever()) { // what the tool has left running may hold its output open still
             stopProcess();
         }
         FFMpegDidTerminate();
@@ -117,47 +117,47 @@ bool TaskWrapper::waitUntilTaskExit(const CancelFlag &cancelled)
 
 void TaskWrapper::suspend()
 {
-    isSuspended = true;
-    if (task) {
-        task->sendSignal(SIGSTOP);
+    isSuspended_ = true;
+    if (task_) {
+        task_->sendSignal(SIGSTOP);
     }
 }
 
 void TaskWrapper::resume()
 {
-    isSuspended = false;
-    if (task) {
-        task->sendSignal(SIGCONT);
+    isSuspended_ = false;
+    if (task_) {
+        task_->sendSignal(SIGCONT);
     }
 }
 
 void TaskWrapper::stopProcess()
 {
     qCDebug(lcTessarine, "stop process");
-    if (task) {
-        task->ignoreOutput();
-        task->sendSignal(SIGTERM);
-        killTime = std::min(killTime, QDeadlineTimer(limits.silence));
+    if (task_) {
+        task_->ignoreOutput();
+        task_->sendSignal(SIGTERM);
+        killTime_ = std::min(killTime_, QDeadlineTimer(limits_.silence));
     }
-    if (controller) {
-        controller->processFinished();
+    if (controller_) {
+        controller_->processFinished();
     }
 }
 
 /// Makes the tool end soon, even one that is suspended or does not want to.
 void TaskWrapper::demandEnd()
 {
-    if (killTime.isForever()) {
+    if (killTime_.isForever()) {
         stopProcess();
     }
-    task->sendSignal(SIGCONT);
-    killTime = std::min(killTime, QDeadlineTimer(graceTime));
+    task_->sendSignal(SIGCONT);
+    killTime_ = std::min(killTime_, QDeadlineTimer(graceTime));
 }
 
 void TaskWrapper::breakLimit(const QString &limit)
 {
-    if (broken.isEmpty()) {
-        broken = limit;
+    if (broken_.isEmpty()) {
+        broken_ = limit;
     }
     demandEnd();
 }
@@ -165,22 +165,22 @@ void TaskWrapper::breakLimit(const QString &limit)
 /// Ends a tool that will not end by itself.
 void TaskWrapper::watch()
 {
-    const std::int64_t ticks = task->processorTicks();
-    if (isSuspended || std::exchange(processorTicks, ticks) != ticks) {
-        sinceSignOfLife.start();
+    const std::int64_t ticks = task_->processorTicks();
+    if (isSuspended_ || std::exchange(processorTicks_, ticks) != ticks) {
+        sinceSignOfLife_.start();
     }
-    hung = hung || killTime.hasExpired();
-    if (sinceSignOfLife.hasExpired(limits.silence.count())) {
-        hung = true;
-        breakLimit(u"did nothing for %1"_s.arg(inWords(limits.silence)));
-    } else if (sinceStart.hasExpired(limits.wholeRun.count())) {
-        hung = true;
-        breakLimit(u"was not done after %1"_s.arg(inWords(limits.wholeRun)));
+    hung_ = hung_ || killTime_.hasExpired();
+    if (sinceSignOfLife_.hasExpired(limits_.silence.count())) {
+        hung_ = true;
+        breakLimit(u"did nothing for %1"_s.arg(inWords(limits_.silence)));
+    } else if (sinceStart_.hasExpired(limits_.wholeRun.count())) {
+        hung_ = true;
+        breakLimit(u"was not done after %1"_s.arg(inWords(limits_.wholeRun)));
     }
-    if (controller) {
-        controller->processRuns(std::chrono::milliseconds(sinceStart.elapsed()));
+    if (controller_) {
+        controller_->processRuns(std::chrono::milliseconds(sinceStart_.elapsed()));
     }
-    if (killTime.hasExpired()) {
-        task->sendSignal(SIGKILL);
+    if (killTime_.hasExpired()) {
+        task_->sendSignal(SIGKILL);
     }
 }

@@ -29,7 +29,7 @@ class TaskWrapper {
 public:
     /// `listener` may be null and must outlive this. Element 0 of `commandLine` is the program, by its path; all of it
     /// reaches the tool with the bytes that PathText gives.
-    TaskWrapper(TaskController *listener, QStringList commandLine, TaskLimits patience = {});
+    TaskWrapper(TaskController *controller, QStringList arguments, TaskLimits limits = {});
     ~TaskWrapper();
     TaskWrapper(const TaskWrapper &) = delete;
     TaskWrapper &operator=(const TaskWrapper &) = delete;
@@ -38,12 +38,12 @@ public:
     void startProcess();
 
     /// Whether there was a program to run.
-    bool hasRun() const { return task && task->hasRun(); }
+    bool hasRun() const { return task_ && task_->hasRun(); }
 
     /// The limit that it broke, for the user; empty when it has kept them all.
-    QString brokenLimit() const { return broken; }
+    QString brokenLimit() const { return broken_; }
     /// Whether another run like this would be as long in vain.
-    bool hasHung() const { return hung; }
+    bool hasHung() const { return hung_; }
 
     /// Waits until the tool has ended.
     void waitUntilTaskExit();
@@ -62,20 +62,20 @@ private:
     void demandEnd();
     void breakLimit(const QString &limit);
     void watch();
-    bool isRunning() const { return task && task->isRunning(); }
+    bool isRunning() const { return task_ && task_->isRunning(); }
 
-    TaskController *controller;
-    const QStringList arguments;
-    const TaskLimits limits;
-    std::unique_ptr<ChildProcess> task;
+    TaskController *controller_;
+    const QStringList arguments_;
+    const TaskLimits limits_;
+    std::unique_ptr<ChildProcess> task_;
 
-    QStringDecoder decoder{QStringDecoder::Utf8};
-    std::int64_t outputBytes = 0;
-    std::int64_t processorTicks = 0;
-    bool isSuspended = false;
-    bool hung = false;
-    QString broken;
-    QElapsedTimer sinceStart;
-    QElapsedTimer sinceSignOfLife;
-    QDeadlineTimer killTime{QDeadlineTimer::Forever};
+    QStringDecoder decoder_{QStringDecoder::Utf8};
+    std::int64_t outputBytes_ = 0;
+    std::int64_t processorTicks_ = 0;
+    bool isSuspended_ = false;
+    bool hung_ = false;
+    QString broken_;
+    QElapsedTimer sinceStart_;
+    QElapsedTimer sinceSignOfLife_;
+    QDeadlineTimer killTime_{QDeadlineTimer::Forever};
 };

@@ -59,13 +59,13 @@ bool isIgnored(int signal)
 
 } // namespace
 
-InterruptSignals::InterruptSignals(HeardBy hearers, Reaction reaction) : react(std::move(reaction))
+InterruptSignals::InterruptSignals(HeardBy hearers, Reaction react) : react_(std::move(react))
 {
     firstSignal = 0;
     ::sem_init(&signalsToTell, 0, 0);
-    ::pthread_sigmask(SIG_SETMASK, nullptr, &maskBefore);
+    ::pthread_sigmask(SIG_SETMASK, nullptr, &maskBefore_);
     try {
-        watcher = std::jthread([this](const std::stop_token &ending) { watch(ending); });
+        watcher_ = std::jthread([this](const std::stop_token &ending) { watch(ending); });
     } catch (const std::system_error &) {
         return;
     }
@@ -77,7 +77,7 @@ InterruptSignals::InterruptSignals(HeardBy hearers, Reaction reaction) : react(s
     for (std::size_t index = 0; index < interrupts.size(); ++index) {
         const int signal = interrupts[index];
         const bool caught = !isIgnored(signal);
-        sigaction(signal, caught ? &action : nullptr, &actionsBefore[index]);
+        sigaction(signal, caught ? &action : nullptr, &actionsBefore_[index]);
         if (caught) {
             ::sigaddset(&heard, signal);
         }
@@ -89,16 +89,16 @@ InterruptSignals::InterruptSignals(HeardBy hearers, Reaction reaction) : react(s
 
 InterruptSignals::~InterruptSignals()
 {
-    if (!watcher.joinable()) {
+    if (!watcher_.joinable()) {
         return;
     }
-    watcher.request_stop();
+    watcher_.request_stop();
     ::sem_post(&signalsToTell);
-    watcher.join();
+    watcher_.join();
     for (std::size_t index = 0; index < interrupts.size(); ++index) {
-        sigaction(interrupts[index], &actionsBefore[index], nullptr);
+        sigaction(interrupts[index], &actionsBefore_[index], nullptr);
     }
-    ::pthread_sigmask(SIG_SETMASK, &maskBefore, nullptr);
+    ::pthread_sigmask(SIG_SETMASK, &maskBefore_, nullptr);
 }
 
 void InterruptSignals::watch(const std::stop_token &ending) const
@@ -110,6 +110,6 @@ void InterruptSignals::watch(const std::stop_token &ending) const
         if (ending.stop_requested()) {
             return;
         }
-        react(ending);
+        react_(ending);
     }
 }

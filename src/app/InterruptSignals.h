@@ -23,7 +23,7 @@ public:
         OtherThreads,
     };
 
-    InterruptSignals(HeardBy hearers, Reaction reaction);
+    InterruptSignals(HeardBy hearers, Reaction react);
     ~InterruptSignals();
     InterruptSignals(const InterruptSignals &) = delete;
     InterruptSignals &operator=(const InterruptSignals &) = delete;
@@ -32,8 +32,8 @@ private:
     void watch(const std::stop_token &ending) const;
 
     static constexpr std::array interrupts{SIGINT, SIGTERM, SIGHUP};
-    const Reaction react;
-    std::array<struct sigaction, interrupts.size()> actionsBefore{};
-    sigset_t maskBefore = {};
-    std::jthread watcher; ///< last: it uses what stands above
+    const Reaction react_;
+    std::array<struct sigaction, interrupts.size()> actionsBefore_{};
+    sigset_t maskBefore_ = {};
+    std::jthread watcher_; ///< last: it uses what stands above
 };

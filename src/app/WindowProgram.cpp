@@ -69,9 +69,9 @@ struct WindowProgram::Parts {
 };
 
 WindowProgram::WindowProgram(const QString &identifier) :
-    desktop(QDBusConnection::sessionBus(), identifier,
-            {[this](const QStringList &paths, const ActivationToken &click) { open(paths, click); },
-             [this](const ActivationToken &click) { bringForward(click); }})
+    desktop_(QDBusConnection::sessionBus(), identifier,
+             {[this](const QStringList &paths, const ActivationToken &click) { open(paths, click); },
+              [this](const ActivationToken &click) { bringForward(click); }})
 {
 }
 
@@ -79,12 +79,12 @@ WindowProgram::~WindowProgram() = default;
 
 bool WindowProgram::handOver(const QStringList &paths, const ActivationToken &token)
 {
-    if (desktop.start(paths, token) == DesktopService::Outcome::HandedOver) {
+    if (desktop_.start(paths, token) == DesktopService::Outcome::HandedOver) {
         return true;
     }
     // On Wayland a window gets the keyboard only so; on X11 the toolkit has seen to it.
     if (QGuiApplication::platformName() != u"xcb" && !token.platformData().isEmpty()) {
-        desktop.Activate(token.platformData());
+        desktop_.Activate(token.platformData());
     }
     return false;
 }
@@ -93,29 +93,29 @@ int WindowProgram::run(const QStringList &paths)
 {
     // Before the folder, which a signal would leave behind otherwise; what it asks for waits for the event loop.
     const InterruptSignals interrupts(InterruptSignals::HeardBy::AnyThread, // as files are opened by programs it starts
-                                      [this](const auto &) { mainQueue.async([this] { quit(); }); });
+                                      [this](const auto &) { mainQueue_.async([this] { quit(); }); });
     const TemporaryFolder temporaryFolder(QDir::tempPath());
     if (temporaryFolder.error()) {
         qCCritical(lcTessarine) << "no temporary folder:" << temporaryFolder.error().message().c_str();
         return 1;
     }
     ProgramSetup::warnOfMissingParts(ProgramSetup::toolPath());
-    parts = std::make_unique<Parts>(temporaryFolder.path(), mainQueue);
-    parts->helper.awakeFromNib();
-    parts->delegate.applicationDidFinishLaunching();
+    parts_ = std::make_unique<Parts>(temporaryFolder.path(), mainQueue_);
+    parts_->helper.awakeFromNib();
+    parts_->delegate.applicationDidFinishLaunching();
     for (const QString &path : paths) { // now that there is a window for the sheet to hang over
-        parts->delegate.openFile(path);
+        parts_->delegate.openFile(path);
     }
-    desktop.setReady();
+    desktop_.setReady();
     int status = 0;
     {
-        const BlockedCloseButton closeButton(*parts->delegate.mainWindow().windowHandle(), [this] { quit(); });
+        const BlockedCloseButton closeButton(*parts_->delegate.mainWindow().windowHandle(), [this] { quit(); });
         const FocusWatch focusWatch;
         status = QApplication::exec();
-        desktop.stop(); // a start from now on is on its own
-        parts->delegate.applicationWillTerminate();
+        desktop_.stop(); // a start from now on is on its own
+        parts_->delegate.applicationWillTerminate();
     }
-    parts.reset();
+    parts_.reset();
     return status;
 }
 
@@ -123,16 +123,16 @@ void WindowProgram::open(const QStringList &paths, const ActivationToken &click)
 {
     bringForward(click); // first: Wayland brings nothing forward that it has not shown yet, like the sheet
     for (const QString &path : paths) {
-        parts->delegate.openFile(path);
+        parts_->delegate.openFile(path);
     }
 }
 
 void WindowProgram::bringForward(const ActivationToken &click)
 {
-    parts->delegate.mainWindow().bringForward(click);
+    parts_->delegate.mainWindow().bringForward(click);
 }
 
 void WindowProgram::quit()
 {
-    parts->delegate.mainWindow().quit();
+    parts_->delegate.mainWindow().quit();
 }

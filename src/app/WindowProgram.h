@@ -30,7 +30,7 @@ private:
     void bringForward(const ActivationToken &click);
     void quit();
 
-    MainQueue mainQueue;
-    DesktopService desktop; ///< what it is called for waits until the parts are there
-    std::unique_ptr<Parts> parts;
+    MainQueue mainQueue_;
+    DesktopService desktop_; ///< what it is called for waits until the parts are there
+    std::unique_ptr<Parts> parts_;
 };

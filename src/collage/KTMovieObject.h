@@ -25,8 +25,8 @@ public:
     void setImgPreview(const QImage &image);
 
 private:
-    mutable std::mutex guard;
-    CollageSettings collage;
-    QImage thumbnail;
-    QImage preview;
+    mutable std::mutex guard_;
+    CollageSettings collage_;
+    QImage thumbnail_;
+    QImage preview_;
 };

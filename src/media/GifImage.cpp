@@ -15,31 +15,31 @@ class MemoryFile {
 public:
     MemoryFile()
     {
-        if (avio_open_dyn_buf(&io) < 0) {
-            io = nullptr;
+        if (avio_open_dyn_buf(&io_) < 0) {
+            io_ = nullptr;
         }
     }
     ~MemoryFile() { close(); }
     MemoryFile(const MemoryFile &) = delete;
     MemoryFile &operator=(const MemoryFile &) = delete;
 
-    AVIOContext *get() const { return io; }
+    AVIOContext *get() const { return io_; }
 
     /// Ends the file and gives its bytes; none when writing them failed.
     QByteArray close()
     {
-        if (!io) {
+        if (!io_) {
             return {};
         }
-        const bool failed = io->error < 0;
+        const bool failed = io_->error < 0;
         std::uint8_t *bytes = nullptr;
-        const int size = avio_close_dyn_buf(std::exchange(io, nullptr), &bytes);
+        const int size = avio_close_dyn_buf(std::exchange(io_, nullptr), &bytes);
         const std::unique_ptr<std::uint8_t, decltype(&av_free)> owner(bytes, &av_free);
         return failed ? QByteArray() : QByteArray(reinterpret_cast<const char *>(bytes), size);
     }
 
 private:
-    AVIOContext *io = nullptr;
+    AVIOContext *io_ = nullptr;
 };
 
 CodecContext openEncoder(int width, int height)

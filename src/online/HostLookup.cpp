@@ -57,35 +57,35 @@ struct HostLookup::Question {
     }
 };
 
-HostLookup::HostLookup(const QString &host, Callback callback) :
-    question(std::make_shared<Question>()), found(std::move(callback))
+HostLookup::HostLookup(const QString &host, Callback found) :
+    question_(std::make_shared<Question>()), found_(std::move(found))
 {
-    question->host = QUrl::toAce(host);
-    if (question->host.isEmpty()) {
-        question->host = host.toUtf8(); // an address
+    question_->host = QUrl::toAce(host);
+    if (question_->host.isEmpty()) {
+        question_->host = host.toUtf8(); // an address
     }
-    question->asker = this;
+    question_->asker = this;
     try {
-        std::thread([shared = question] {
+        std::thread([shared = question_] {
             const AlternateStack stack;
             shared->answer(addressesOf(shared->host));
         }).detach();
     } catch (const std::system_error &refusal) {
-        question->answer({QString::fromLocal8Bit(refusal.what()), {}});
+        question_->answer({QString::fromLocal8Bit(refusal.what()), {}});
     }
 }
 
 HostLookup::~HostLookup()
 {
-    const std::scoped_lock lock(question->mutex);
-    question->asker = nullptr;
+    const std::scoped_lock lock(question_->mutex);
+    question_->asker = nullptr;
 }
 
 void HostLookup::customEvent(QEvent * /*event*/)
 {
-    const Callback callback = std::exchange(found, nullptr);
-    std::unique_lock lock(question->mutex);
-    const HostAddresses addresses = question->addresses;
+    const Callback callback = std::exchange(found_, nullptr);
+    std::unique_lock lock(question_->mutex);
+    const HostAddresses addresses = question_->addresses;
     lock.unlock();
     callback(addresses); // last: it may end this
 }

@@ -23,7 +23,7 @@ public:
     using Callback = std::function<void(const HostAddresses &addresses)>;
 
     /// Starts the search for a name as it stands in a URL, or for an address.
-    HostLookup(const QString &host, Callback callback);
+    HostLookup(const QString &host, Callback found);
     /// The callback is not called any more.
     ~HostLookup() override;
     HostLookup(const HostLookup &) = delete;
@@ -34,6 +34,6 @@ private:
 
     void customEvent(QEvent *event) override;
 
-    std::shared_ptr<Question> question; ///< shared with the thread
-    Callback found;
+    std::shared_ptr<Question> question_; ///< shared with the thread
+    Callback found_;
 };

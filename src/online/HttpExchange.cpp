@@ -22,19 +22,19 @@ bool isWebAddress(const QUrl &url)
     return url.isValid() && !url.host().isEmpty() && (url.scheme() == u"http"_s || url.scheme() == u"https"_s);
 }
 
-HttpExchange::HttpExchange(HttpRequest wanted, Callback wantsAnswer, std::chrono::milliseconds timeout) :
-    request(std::move(wanted)), callback(std::move(wantsAnswer))
+HttpExchange::HttpExchange(HttpRequest request, Callback callback, std::chrono::milliseconds timeout) :
+    request_(std::move(request)), callback_(std::move(callback))
 {
-    deadline.setSingleShot(true);
-    QObject::connect(&deadline, &QTimer::timeout, &receiver, [this] { end(u"no answer in time"_s); });
-    deadline.start(timeout);
-    if (!isWebAddress(request.url)) {
-        end(u"not a web address: "_s + request.url.toDisplayString());
+    deadline_.setSingleShot(true);
+    QObject::connect(&deadline_, &QTimer::timeout, &receiver_, [this] { end(u"no answer in time"_s); });
+    deadline_.start(timeout);
+    if (!isWebAddress(request_.url)) {
+        end(u"not a web address: "_s + request_.url.toDisplayString());
         return;
     }
-    lookup.emplace(request.url.host(), [this](const HostAddresses &found) {
+    lookup_.emplace(request_.url.host(), [this](const HostAddresses &found) {
         if (found.error.isEmpty()) {
-            addresses = found;
+            addresses_ = found;
             send();
         } else {
             end(found.error);
@@ -46,44 +46,44 @@ HttpExchange::~HttpExchange() = default;
 
 void HttpExchange::send()
 {
-    transfer.emplace(request, addresses.items, largestBody, [this](const QString &error) { takeAnswer(error); });
+    transfer_.emplace(request_, addresses_.items, largestBody, [this](const QString &error) { takeAnswer(error); });
 }
 
 void HttpExchange::takeAnswer(const QString &error)
 {
-    const QUrl target = transfer->redirection();
+    const QUrl target = transfer_->redirection();
     if (!error.isEmpty()) {
         end(error);
-    } else if (transfer->status() >= 400) {
-        end(u"HTTP status %1"_s.arg(transfer->status()));
-    } else if (target.isEmpty() || request.body) {
-        answer.body = transfer->body();
+    } else if (transfer_->status() >= 400) {
+        end(u"HTTP status %1"_s.arg(transfer_->status()));
+    } else if (target.isEmpty() || request_.body) {
+        answer_.body = transfer_->body();
         end({});
-    } else if (!haveOneOrigin(target, request.url) || ++redirections > mostRedirections) {
+    } else if (!haveOneOrigin(target, request_.url) || ++redirections_ > mostRedirections) {
         end(u"the server redirects elsewhere, or without end"_s);
     } else {
-        request.url = target;
+        request_.url = target;
         send();
     }
 }
 
 void HttpExchange::end(const QString &error)
 {
-    if (std::exchange(hasEnded, true)) {
+    if (std::exchange(hasEnded_, true)) {
         return;
     }
-    deadline.stop();
-    lookup.reset();
-    answer.status = transfer ? transfer->status() : 0;
-    answer.error = error;
-    transfer.reset();
+    deadline_.stop();
+    lookup_.reset();
+    answer_.status = transfer_ ? transfer_->status() : 0;
+    answer_.error = error;
+    transfer_.reset();
     // Not from here: the callback may end this exchange, and with it whatever has just sent the signal.
     QMetaObject::invokeMethod(
-        &receiver, [this] { deliver(); }, Qt::QueuedConnection);
+        &receiver_, [this] { deliver(); }, Qt::QueuedConnection);
 }
 
 void HttpExchange::deliver()
 {
-    const HttpAnswer result = std::move(answer);
-    std::exchange(callback, nullptr)(result);
+    const HttpAnswer result = std::move(answer_);
+    std::exchange(callback_, nullptr)(result);
 }

@@ -48,14 +48,14 @@ private:
     void end(const QString &error);
     void deliver();
 
-    HttpRequest request;
-    Callback callback;
-    HttpAnswer answer;
-    std::optional<HostLookup> lookup;
-    HostAddresses addresses;
-    std::optional<WebTransfer> transfer;
-    int redirections = 0;
-    QTimer deadline;
-    bool hasEnded = false;
-    QObject receiver; ///< of all signals; goes first, so that none finds the rest half gone
+    HttpRequest request_;
+    Callback callback_;
+    HttpAnswer answer_;
+    std::optional<HostLookup> lookup_;
+    HostAddresses addresses_;
+    std::optional<WebTransfer> transfer_;
+    int redirections_ = 0;
+    QTimer deadline_;
+    bool hasEnded_ = false;
+    QObject receiver_; ///< of all signals; goes first, so that none finds the rest half gone
 };

@@ -26,13 +26,13 @@ FileDescriptor networkEvents()
 
 } // namespace
 
-NetworkWatch::NetworkWatch(NotificationCenter &notifications) :
-    center(notifications), socket(networkEvents()), notifier(QSocketNotifier::Read)
+NetworkWatch::NetworkWatch(NotificationCenter &center) :
+    center_(center), socket_(networkEvents()), notifier_(QSocketNotifier::Read)
 {
-    if (socket.isOpen()) {
-        QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [this] { takeMessages(); });
-        notifier.setSocket(socket.get());
-        notifier.setEnabled(true);
+    if (socket_.isOpen()) {
+        QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] { takeMessages(); });
+        notifier_.setSocket(socket_.get());
+        notifier_.setEnabled(true);
     }
 }
 
@@ -40,7 +40,7 @@ void NetworkWatch::takeMessages()
 {
     // What exactly has changed does not matter, nor does a message that was lost because there were too many.
     std::array<char, 8192> message{};
-    for (int taken = 0; taken < 64 && ::recv(socket.get(), message.data(), message.size(), 0) > 0; ++taken) {
+    for (int taken = 0; taken < 64 && ::recv(socket_.get(), message.data(), message.size(), 0) > 0; ++taken) {
     }
-    center.post(changed);
+    center_.post(changed);
 }

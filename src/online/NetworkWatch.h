@@ -16,14 +16,14 @@ public:
 
     /// Posts `changed` in the centre, which must outlive this, until it ends. Where the kernel tells nothing there is a
     /// line in the log and never a post.
-    explicit NetworkWatch(NotificationCenter &notifications);
+    explicit NetworkWatch(NotificationCenter &center);
     NetworkWatch(const NetworkWatch &) = delete;
     NetworkWatch &operator=(const NetworkWatch &) = delete;
 
 private:
     void takeMessages();
 
-    NotificationCenter &center;
-    FileDescriptor socket;
-    QSocketNotifier notifier;
+    NotificationCenter &center_;
+    FileDescriptor socket_;
+    QSocketNotifier notifier_;
 };

@@ -20,13 +20,13 @@ ServiceUrl ServiceUrl::ofThisProgram(const Bundle &bundle)
 
 QUrl ServiceUrl::page(const QString &path, const QString &query) const
 {
-    if (base.isEmpty()) {
+    if (base_.isEmpty()) {
         return {};
     }
-    const QString slash = base.endsWith(u'/') ? QString() : u"/"_s;
-    const QString address = base + slash + path + u'?' + query;
+    const QString slash = base_.endsWith(u'/') ? QString() : u"/"_s;
+    const QString address = base_ + slash + path + u'?' + query;
     QUrl url(address, QUrl::StrictMode);
-    if (!isWebAddress(QUrl(base, QUrl::StrictMode)) || !isWebAddress(url)) {
+    if (!isWebAddress(QUrl(base_, QUrl::StrictMode)) || !isWebAddress(url)) {
         // Quoted, since what makes it invalid may be a line break.
         qCWarning(lcTessarine) << "nothing is sent, this is no web address:" << address;
         url.clear();

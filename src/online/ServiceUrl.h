@@ -9,7 +9,7 @@ class Bundle;
 class ServiceUrl {
 public:
     ServiceUrl() = default;
-    explicit ServiceUrl(const QString &baseUrl) : base(baseUrl.trimmed()) {}
+    explicit ServiceUrl(const QString &baseUrl) : base_(baseUrl.trimmed()) {}
     /// What the environment variable TESSARINE_SERVICE_URL says, if it is there, else the bundle's "ServiceURL".
     static ServiceUrl ofThisProgram(const Bundle &bundle);
 
@@ -18,5 +18,5 @@ public:
     QUrl page(const QString &path, const QString &query) const;
 
 private:
-    QString base;
+    QString base_;
 };

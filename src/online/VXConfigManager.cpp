@@ -25,32 +25,32 @@ bool isOn(const QJsonValue &flag)
 
 } // namespace
 
-VXConfigManager::VXConfigManager(UserDefaults &store) : defaults(store) {}
+VXConfigManager::VXConfigManager(UserDefaults &defaults) : defaults_(defaults) {}
 
 VXConfigManager::~VXConfigManager() = default;
 
 bool VXConfigManager::supportVOB() const
 {
-    defaults.boolValue(PreferenceKeys::supportVob);
+    defaults_.boolValue(PreferenceKeys::supportVob);
     return true;
 }
 
 void VXConfigManager::setSupportVOB(bool supported)
 {
-    defaults.setBool(PreferenceKeys::supportVob, supported);
-    defaults.synchronize();
+    defaults_.setBool(PreferenceKeys::supportVob, supported);
+    defaults_.synchronize();
 }
 
 bool VXConfigManager::experimental() const
 {
-    defaults.boolValue(PreferenceKeys::experimental);
+    defaults_.boolValue(PreferenceKeys::experimental);
     return true;
 }
 
 void VXConfigManager::setExperimental(bool experimental)
 {
-    defaults.setBool(PreferenceKeys::experimental, experimental);
-    defaults.synchronize();
+    defaults_.setBool(PreferenceKeys::experimental, experimental);
+    defaults_.synchronize();
 }
 
 void VXConfigManager::getOnlineConfig(const ServiceUrl &service, const Bundle &bundle,
@@ -60,7 +60,7 @@ void VXConfigManager::getOnlineConfig(const ServiceUrl &service, const Bundle &b
                           bundle.identifier() + u"&sysver=" + GlobalFun::getSystemVersionString() + u"&appstore=0";
     const QUrl url = service.page(u"common_task/getconfig.php"_s, query);
     if (!url.isEmpty()) {
-        request = std::make_unique<HttpExchange>(
+        request_ = std::make_unique<HttpExchange>(
             HttpRequest{url, {}}, [this](const HttpAnswer &answer) { takeAnswer(answer); }, timeout);
     }
 }

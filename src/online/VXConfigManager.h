@@ -13,7 +13,7 @@ struct HttpAnswer;
 /// moment. Safe on any thread, but for getOnlineConfig. What the program does not call belongs to the vocabulary.
 class VXConfigManager {
 public:
-    explicit VXConfigManager(UserDefaults &store);
+    explicit VXConfigManager(UserDefaults &defaults);
     /// A request that still runs is aborted.
     ~VXConfigManager();
     VXConfigManager(const VXConfigManager &) = delete;
@@ -37,6 +37,6 @@ public:
 private:
     void takeAnswer(const HttpAnswer &answer);
 
-    UserDefaults &defaults;
-    std::unique_ptr<HttpExchange> request;
+    UserDefaults &defaults_;
+    std::unique_ptr<HttpExchange> request_;
 };

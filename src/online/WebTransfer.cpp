@@ -29,33 +29,33 @@ class LineList {
 public:
     void append(const QByteArray &line)
     {
-        curl_slist *longer = curl_slist_append(lines.get(), line.constData());
+        curl_slist *longer = curl_slist_append(lines_.get(), line.constData());
         if (longer != nullptr) { // the list's first line stays its address
-            lines.release();
-            lines.reset(longer);
+            lines_.release();
+            lines_.reset(longer);
         }
     }
-    curl_slist *get() const { return lines.get(); }
+    curl_slist *get() const { return lines_.get(); }
 
 private:
-    std::unique_ptr<curl_slist, Release<curl_slist_free_all>> lines;
+    std::unique_ptr<curl_slist, Release<curl_slist_free_all>> lines_;
 };
 
 /// Tells when a socket can be read or written. It may be let go from what it has called.
 class SocketWatch {
 public:
     SocketWatch(curl_socket_t socket, const std::function<void(int events)> &ready) :
-        reading(notifier(socket, QSocketNotifier::Read)), writing(notifier(socket, QSocketNotifier::Write))
+        reading_(notifier(socket, QSocketNotifier::Read)), writing_(notifier(socket, QSocketNotifier::Write))
     {
-        QObject::connect(reading.get(), &QSocketNotifier::activated, [ready] { ready(CURL_CSELECT_IN); });
-        QObject::connect(writing.get(), &QSocketNotifier::activated, [ready] { ready(CURL_CSELECT_OUT); });
+        QObject::connect(reading_.get(), &QSocketNotifier::activated, [ready] { ready(CURL_CSELECT_IN); });
+        QObject::connect(writing_.get(), &QSocketNotifier::activated, [ready] { ready(CURL_CSELECT_OUT); });
     }
 
     /// `what` is a set of libcurl's CURL_POLL_ bits.
     void listen(int what)
     {
-        reading->setEnabled((what & CURL_POLL_IN) != 0);
-        writing->setEnabled((what & CURL_POLL_OUT) != 0);
+        reading_->setEnabled((what & CURL_POLL_IN) != 0);
+        writing_->setEnabled((what & CURL_POLL_OUT) != 0);
     }
 
 private:
@@ -74,8 +74,8 @@ private:
         return Notifier(std::make_unique<QSocketNotifier>(socket, type).release());
     }
 
-    Notifier reading;
-    Notifier writing;
+    Notifier reading_;
+    Notifier writing_;
 };
 
 } // namespace
@@ -83,43 +83,43 @@ private:
 /// libcurl's handles, and what they call.
 class WebTransfer::Carrier {
 public:
-    Carrier(const HttpRequest &request, const QByteArrayList &addresses, qsizetype largestBody, Callback callback) :
-        limit(largestBody), sent(request.body), ended(std::move(callback))
+    Carrier(const HttpRequest &request, const QByteArrayList &addresses, qsizetype limit, Callback ended) :
+        limit_(limit), sent_(request.body), ended_(std::move(ended))
     {
-        timer.setSingleShot(true);
-        timer.callOnTimeout([this] { proceed(CURL_SOCKET_TIMEOUT, 0); });
+        timer_.setSingleShot(true);
+        timer_.callOnTimeout([this] { proceed(CURL_SOCKET_TIMEOUT, 0); });
         setUp(request.url.adjusted(QUrl::RemoveUserInfo | QUrl::RemoveFragment), addresses);
-        curl_multi_setopt(multi.get(), CURLMOPT_SOCKETFUNCTION, &watchSocket);
-        curl_multi_setopt(multi.get(), CURLMOPT_SOCKETDATA, this);
-        curl_multi_setopt(multi.get(), CURLMOPT_TIMERFUNCTION, &setTimer);
-        curl_multi_setopt(multi.get(), CURLMOPT_TIMERDATA, this);
-        curl_multi_add_handle(multi.get(), easy.get());
+        curl_multi_setopt(multi_.get(), CURLMOPT_SOCKETFUNCTION, &watchSocket);
+        curl_multi_setopt(multi_.get(), CURLMOPT_SOCKETDATA, this);
+        curl_multi_setopt(multi_.get(), CURLMOPT_TIMERFUNCTION, &setTimer);
+        curl_multi_setopt(multi_.get(), CURLMOPT_TIMERDATA, this);
+        curl_multi_add_handle(multi_.get(), easy_.get());
     }
-    ~Carrier() { curl_multi_remove_handle(multi.get(), easy.get()); }
+    ~Carrier() { curl_multi_remove_handle(multi_.get(), easy_.get()); }
     Carrier(const Carrier &) = delete;
     Carrier &operator=(const Carrier &) = delete;
 
     int status() const
     {
         long code = 0;
-        curl_easy_getinfo(easy.get(), CURLINFO_RESPONSE_CODE, &code);
+        curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &code);
         return static_cast<int>(code);
     }
 
     QUrl redirection() const
     {
         const char *address = nullptr;
-        curl_easy_getinfo(easy.get(), CURLINFO_REDIRECT_URL, &address);
+        curl_easy_getinfo(easy_.get(), CURLINFO_REDIRECT_URL, &address);
         return QUrl::fromEncoded(QByteArray(address));
     }
 
-    QByteArray body() const { return received; }
+    QByteArray body() const { return received_; }
 
 private:
     template<class Value>
     void set(CURLoption option, Value value)
     {
-        curl_easy_setopt(easy.get(), option, value);
+        curl_easy_setopt(easy_.get(), option, value);
     }
 
     /// Says no more of the user and the machine than the request itself does.
@@ -127,11 +127,11 @@ private:
     {
         const int usualPort = url.scheme() == u"https" ? 443 : 80;
         const QByteArray host = url.host(QUrl::FullyEncoded).toLatin1();
-        hosts.append(host + ':' + QByteArray::number(url.port(usualPort)) + ':' + addresses.join(','));
-        headers.append("Accept-Language: *");
-        headers.append("Accept-Encoding: identity"); // what is received is what counts against the limit
+        hosts_.append(host + ':' + QByteArray::number(url.port(usualPort)) + ':' + addresses.join(','));
+        headers_.append("Accept-Language: *");
+        headers_.append("Accept-Encoding: identity"); // what is received is what counts against the limit
         set(CURLOPT_URL, url.toEncoded().constData());
-        set(CURLOPT_RESOLVE, hosts.get());
+        set(CURLOPT_RESOLVE, hosts_.get());
         set(CURLOPT_PROTOCOLS_STR, "http,https");
         set(CURLOPT_USERAGENT, "Tessarine");
         set(CURLOPT_PROXY, ""); // none, whatever the environment says
@@ -140,23 +140,23 @@ private:
         set(CURLOPT_HEADERDATA, this);
         set(CURLOPT_WRITEFUNCTION, &take);
         set(CURLOPT_WRITEDATA, this);
-        set(CURLOPT_ERRORBUFFER, reason);
-        if (sent) {
-            headers.append("Content-Type: text/plain; charset=utf-8");
-            headers.append("Expect:"); // not every server knows how to be asked first
-            set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(sent->size()));
-            set(CURLOPT_POSTFIELDS, sent->constData());
+        set(CURLOPT_ERRORBUFFER, reason_);
+        if (sent_) {
+            headers_.append("Content-Type: text/plain; charset=utf-8");
+            headers_.append("Expect:"); // not every server knows how to be asked first
+            set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(sent_->size()));
+            set(CURLOPT_POSTFIELDS, sent_->constData());
         }
-        set(CURLOPT_HTTPHEADER, headers.get());
+        set(CURLOPT_HTTPHEADER, headers_.get());
     }
 
     static int watchSocket(CURL * /*easy*/, curl_socket_t socket, int what, void *data, void * /*unused*/)
     {
         auto &self = *static_cast<Carrier *>(data);
         if (what == CURL_POLL_REMOVE) {
-            self.watches.erase(socket);
+            self.watches_.erase(socket);
         } else {
-            self.watches.try_emplace(socket, socket, [&self, socket](int events) { self.proceed(socket, events); })
+            self.watches_.try_emplace(socket, socket, [&self, socket](int events) { self.proceed(socket, events); })
                 .first->second.listen(what);
         }
         return 0;
@@ -166,9 +166,9 @@ private:
     {
         auto &self = *static_cast<Carrier *>(data);
         if (milliseconds < 0) {
-            self.timer.stop();
+            self.timer_.stop();
         } else {
-            self.timer.start(std::chrono::milliseconds(milliseconds));
+            self.timer_.start(std::chrono::milliseconds(milliseconds));
         }
         return 0;
     }
@@ -176,28 +176,28 @@ private:
     static std::size_t countHeader(const char * /*line*/, std::size_t size, std::size_t count, void *data)
     {
         auto &self = *static_cast<Carrier *>(data);
-        self.headerSize += size * count;
-        return self.headerSize > largestHeader ? 0 : size * count; // anything but its size ends the transfer
+        self.headerSize_ += size * count;
+        return self.headerSize_ > largestHeader ? 0 : size * count; // anything but its size ends the transfer
     }
 
     static std::size_t take(const char *bytes, std::size_t size, std::size_t count, void *data)
     {
         auto &self = *static_cast<Carrier *>(data);
-        self.received.append(bytes, static_cast<qsizetype>(size * count));
-        return self.received.size() > self.limit ? 0 : size * count;
+        self.received_.append(bytes, static_cast<qsizetype>(size * count));
+        return self.received_.size() > self.limit_ ? 0 : size * count;
     }
 
     void proceed(curl_socket_t socket, int events)
     {
         int running = 0;
-        curl_multi_socket_action(multi.get(), socket, events, &running);
+        curl_multi_socket_action(multi_.get(), socket, events, &running);
         int left = 0;
-        const CURLMsg *message = curl_multi_info_read(multi.get(), &left);
+        const CURLMsg *message = curl_multi_info_read(multi_.get(), &left);
         if (message != nullptr && message->msg == CURLMSG_DONE) {
             // Not from here: whoever hears of it may end the transfer, and libcurl's caller with it.
             const QString error = errorOf(message->data.result);
             QMetaObject::invokeMethod(
-                &timer, [this, error] { std::exchange(ended, nullptr)(error); }, Qt::QueuedConnection);
+                &timer_, [this, error] { std::exchange(ended_, nullptr)(error); }, Qt::QueuedConnection);
         }
     }
 
@@ -206,29 +206,29 @@ private:
         if (result == CURLE_OK) {
             return {};
         }
-        if (headerSize > largestHeader || received.size() > limit) {
+        if (headerSize_ > largestHeader || received_.size() > limit_) {
             return u"the answer is too large"_s;
         }
-        return QString::fromUtf8(reason[0] != '\0' ? reason : curl_easy_strerror(result));
+        return QString::fromUtf8(reason_[0] != '\0' ? reason_ : curl_easy_strerror(result));
     }
 
-    const qsizetype limit;
-    const std::optional<QByteArray> sent;
-    Callback ended;
-    QByteArray received;
-    std::size_t headerSize = 0;
-    char reason[CURL_ERROR_SIZE] = {};
-    LineList headers;
-    LineList hosts;
-    QTimer timer;
-    std::unordered_map<curl_socket_t, SocketWatch> watches;
-    const std::unique_ptr<CURLM, Release<curl_multi_cleanup>> multi{curl_multi_init()};
-    const std::unique_ptr<CURL, Release<curl_easy_cleanup>> easy{curl_easy_init()};
+    const qsizetype limit_;
+    const std::optional<QByteArray> sent_;
+    Callback ended_;
+    QByteArray received_;
+    std::size_t headerSize_ = 0;
+    char reason_[CURL_ERROR_SIZE] = {};
+    LineList headers_;
+    LineList hosts_;
+    QTimer timer_;
+    std::unordered_map<curl_socket_t, SocketWatch> watches_;
+    const std::unique_ptr<CURLM, Release<curl_multi_cleanup>> multi_{curl_multi_init()};
+    const std::unique_ptr<CURL, Release<curl_easy_cleanup>> easy_{curl_easy_init()};
 };
 
 WebTransfer::WebTransfer(const HttpRequest &request, const QByteArrayList &addresses, qsizetype largestBody,
                          Callback callback) :
-    carrier(std::make_unique<Carrier>(request, addresses, largestBody, std::move(callback)))
+    carrier_(std::make_unique<Carrier>(request, addresses, largestBody, std::move(callback)))
 {
 }
 
@@ -236,15 +236,15 @@ WebTransfer::~WebTransfer() = default;
 
 int WebTransfer::status() const
 {
-    return carrier->status();
+    return carrier_->status();
 }
 
 QUrl WebTransfer::redirection() const
 {
-    return carrier->redirection();
+    return carrier_->redirection();
 }
 
 QByteArray WebTransfer::body() const
 {
-    return carrier->body();
+    return carrier_->body();
 }

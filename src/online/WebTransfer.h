@@ -35,5 +35,5 @@ public:
 
 private:
     class Carrier;
-    const std::unique_ptr<Carrier> carrier;
+    const std::unique_ptr<Carrier> carrier_;
 };

@@ -12,20 +12,20 @@
 
 using namespace Qt::StringLiterals;
 
-TrustedFolders::TrustedFolders(UserDefaults &store, const FolderBookmarks &folderBookmarks) :
-    defaults(store), bookmarks(folderBookmarks)
+TrustedFolders::TrustedFolders(UserDefaults &defaults, const FolderBookmarks &bookmarks) :
+    defaults_(defaults), bookmarks_(bookmarks)
 {
 }
 
 QStringList TrustedFolders::items() const
 {
-    const std::scoped_lock lock(mutex);
+    const std::scoped_lock lock(mutex_);
     return aryItems;
 }
 
 void TrustedFolders::load()
 {
-    const auto entries = defaults.arrayValue(PreferenceKeys::bookmarks);
+    const auto entries = defaults_.arrayValue(PreferenceKeys::bookmarks);
     if (!entries) {
         return;
     }
@@ -39,12 +39,12 @@ void TrustedFolders::load()
 
 void TrustedFolders::loadBookmark(const QByteArray &data)
 {
-    const auto folder = bookmarks.resolve(data);
+    const auto folder = bookmarks_.resolve(data);
     if (!folder || folder->isStale) {
         return;
     }
     {
-        const std::scoped_lock lock(mutex);
+        const std::scoped_lock lock(mutex_);
         if (!append(folder->path)) {
             return;
         }
@@ -69,24 +69,24 @@ void TrustedFolders::addToBookmarkWithURL(const QString &path)
         return;
     }
     {
-        const std::scoped_lock lock(mutex);
+        const std::scoped_lock lock(mutex_);
         if (!append(path)) {
             return;
         }
-        QVariantList entries = defaults.arrayValue(PreferenceKeys::bookmarks).value_or(QVariantList());
-        if (const auto data = bookmarks.BookmarkDataForURL(path)) {
+        QVariantList entries = defaults_.arrayValue(PreferenceKeys::bookmarks).value_or(QVariantList());
+        if (const auto data = bookmarks_.BookmarkDataForURL(path)) {
             entries << *data;
         }
-        defaults.setArray(PreferenceKeys::bookmarks, entries);
+        defaults_.setArray(PreferenceKeys::bookmarks, entries);
     }
-    defaults.synchronize();
+    defaults_.synchronize();
     tellChanged();
 }
 
 void TrustedFolders::removeRows(const QList<int> &rows)
 {
     {
-        const std::scoped_lock lock(mutex);
+        const std::scoped_lock lock(mutex_);
         QStringList kept;
         for (int row = 0; row < aryItems.size(); ++row) {
             if (!rows.contains(row)) {
@@ -101,30 +101,30 @@ void TrustedFolders::removeRows(const QList<int> &rows)
 void TrustedFolders::commit()
 {
     {
-        const std::scoped_lock lock(mutex);
+        const std::scoped_lock lock(mutex_);
         QVariantList entries;
         for (const QString &path : std::as_const(aryItems)) {
             const bool isThere = FileHelper::fileExistsWithPath(path);
-            const auto data = isThere ? bookmarks.BookmarkDataForURL(path) : std::nullopt;
+            const auto data = isThere ? bookmarks_.BookmarkDataForURL(path) : std::nullopt;
             if (data) {
                 entries << *data;
             }
         }
-        defaults.setArray(PreferenceKeys::bookmarks, entries);
+        defaults_.setArray(PreferenceKeys::bookmarks, entries);
     }
-    defaults.synchronize();
+    defaults_.synchronize();
 }
 
 void TrustedFolders::setChangedHandler(std::function<void()> handler)
 {
-    const std::scoped_lock lock(handlerMutex);
-    changed = std::move(handler);
+    const std::scoped_lock lock(handlerMutex_);
+    changed_ = std::move(handler);
 }
 
 void TrustedFolders::tellChanged()
 {
-    const std::scoped_lock lock(handlerMutex);
-    if (changed) {
-        changed();
+    const std::scoped_lock lock(handlerMutex_);
+    if (changed_) {
+        changed_();
     }
 }

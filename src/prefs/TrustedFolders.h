@@ -39,10 +39,10 @@ private:
     void loadBookmark(const QByteArray &data);
     void tellChanged();
 
-    UserDefaults &defaults;
-    const FolderBookmarks &bookmarks;
-    mutable std::mutex mutex; ///< guards the list, and the store's array while that is read and written
+    UserDefaults &defaults_;
+    const FolderBookmarks &bookmarks_;
+    mutable std::mutex mutex_; ///< guards the list, and the store's array while that is read and written
     QStringList aryItems;
-    std::mutex handlerMutex;
-    std::function<void()> changed;
+    std::mutex handlerMutex_;
+    std::function<void()> changed_;
 };

@@ -25,27 +25,27 @@ QRectF stretchedFrom(const QRectF &source, const QRectF &whole, const QRectF &pa
 } // namespace
 
 CollageCanvas::CollageCanvas(QPaintDevice &device) :
-    painter(&device),
-    reachable(QRectF(0, 0, device.width(), device.height()).adjusted(-margin, -margin, margin, margin))
+    painter_(&device),
+    reachable_(QRectF(0, 0, device.width(), device.height()).adjusted(-margin, -margin, margin, margin))
 {
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform);
 }
 
 void CollageCanvas::setShadow(const Shadow &shadow)
 {
-    current = shadow;
+    current_ = shadow;
 }
 
 void CollageCanvas::clear(const QColor &color)
 {
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(reachable, color);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter_.setCompositionMode(QPainter::CompositionMode_Source);
+    painter_.fillRect(reachable_, color);
+    painter_.setCompositionMode(QPainter::CompositionMode_SourceOver);
 }
 
 void CollageCanvas::castShadow(const QRect &object, double opacity)
 {
-    if (!current) {
+    if (!current_) {
         return;
     }
     QRegion visible(ShadowCasting::shadowBounds(object));
@@ -53,52 +53,52 @@ void CollageCanvas::castShadow(const QRect &object, double opacity)
         visible -= object; // what the object itself will cover
     }
     for (const QRect &part : visible) {
-        painter.drawImage(part.topLeft(), ShadowCasting::ofRect(object, opacity, *current, part));
+        painter_.drawImage(part.topLeft(), ShadowCasting::ofRect(object, opacity, *current_, part));
     }
 }
 
 void CollageCanvas::fillRect(const QRectF &rect, const QColor &color)
 {
-    const QRect pixels = snapped(rect & reachable);
+    const QRect pixels = snapped(rect & reachable_);
     if (pixels.isEmpty()) {
         return;
     }
     castShadow(pixels, color.alphaF());
-    painter.fillRect(pixels, color);
+    painter_.fillRect(pixels, color);
 }
 
 void CollageCanvas::drawImage(const QRectF &rect, const QImage &image)
 {
-    const QRect pixels = snapped(rect & reachable);
+    const QRect pixels = snapped(rect & reachable_);
     if (pixels.isEmpty() || image.isNull()) {
         return;
     }
     castShadow(pixels, 1.0);
-    if (reachable.contains(rect)) {
-        painter.drawImage(pixels.topLeft(),
-                          allocated(image.scaled(pixels.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
+    if (reachable_.contains(rect)) {
+        painter_.drawImage(pixels.topLeft(),
+                           allocated(image.scaled(pixels.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)));
     } else {
-        painter.drawImage(QRectF(pixels), image, stretchedFrom(image.rect(), rect, pixels));
+        painter_.drawImage(QRectF(pixels), image, stretchedFrom(image.rect(), rect, pixels));
     }
 }
 
 void CollageCanvas::drawText(QPointF topLeft, const TextBlock &text, const QColor &color)
 {
     const QSize size = text.size().toSize();
-    if (size.isEmpty() || !reachable.intersects({topLeft, text.size()})) {
+    if (size.isEmpty() || !reachable_.intersects({topLeft, text.size()})) {
         return;
     }
     const QPoint corner = topLeft.toPoint();
-    if (current) {
+    if (current_) {
         QImage drawing = allocated(QImage(size, QImage::Format_ARGB32_Premultiplied));
         drawing.fill(Qt::transparent);
         QPainter drawingPainter(&drawing);
         drawingPainter.setPen(color);
         text.draw(drawingPainter, {});
         drawingPainter.end();
-        painter.drawImage(ShadowCasting::shadowBounds({corner, size}).topLeft(),
-                          ShadowCasting::ofDrawing(drawing, *current));
+        painter_.drawImage(ShadowCasting::shadowBounds({corner, size}).topLeft(),
+                           ShadowCasting::ofDrawing(drawing, *current_));
     }
-    painter.setPen(color);
-    text.draw(painter, corner);
+    painter_.setPen(color);
+    text.draw(painter_, corner);
 }

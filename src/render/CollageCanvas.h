@@ -31,7 +31,7 @@ private:
 
     static constexpr double margin = 2.0 * ShadowCasting::reach;
 
-    QPainter painter;
-    QRectF reachable; // the device and what can cast a shadow into it; what lies outside is never computed
-    std::optional<Shadow> current;
+    QPainter painter_;
+    QRectF reachable_; // the device and what can cast a shadow into it; what lies outside is never computed
+    std::optional<Shadow> current_;
 };

@@ -30,24 +30,24 @@ bool isPossibleSide(double pixels)
 
 } // namespace
 
-CollageLayout::CollageLayout(const CollageSettings &collage) : settings(collage) {}
+CollageLayout::CollageLayout(const CollageSettings &settings) : settings_(settings) {}
 
 CollageLayout CollageLayout::withText(QSizeF measured) const
 {
-    CollageLayout layout(settings);
-    layout.text = measured;
+    CollageLayout layout(settings_);
+    layout.text_ = measured;
     return layout;
 }
 
 QSizeF CollageLayout::textBox() const
 {
-    return {extent(settings.columeNumber, settings.gridWidth, settings.columeSpace, settings.borderWidth),
-            extent(settings.rowNumber, settings.gridHeight, settings.rowSpace, settings.borderWidth)};
+    return {extent(settings_.columeNumber, settings_.gridWidth, settings_.columeSpace, settings_.borderWidth),
+            extent(settings_.rowNumber, settings_.gridHeight, settings_.rowSpace, settings_.borderWidth)};
 }
 
 QSizeF CollageLayout::canvasSize() const
 {
-    return textBox() + QSizeF(0.0, text.height());
+    return textBox() + QSizeF(0.0, text_.height());
 }
 
 QSize CollageLayout::pixelSize() const
@@ -69,19 +69,19 @@ bool CollageLayout::isPossible() const
 
 QRectF CollageLayout::textRect() const
 {
-    return {QPointF(settings.borderWidth, settings.borderWidth), text};
+    return {QPointF(settings_.borderWidth, settings_.borderWidth), text_};
 }
 
 QRectF CollageLayout::tileRect(std::int32_t row, std::int32_t column) const
 {
-    return {settings.borderWidth + column * (settings.gridWidth + settings.columeSpace),
-            text.height() + settings.borderWidth + row * (settings.gridHeight + settings.rowSpace), settings.gridWidth,
-            settings.gridHeight};
+    return {settings_.borderWidth + column * (settings_.gridWidth + settings_.columeSpace),
+            text_.height() + settings_.borderWidth + row * (settings_.gridHeight + settings_.rowSpace),
+            settings_.gridWidth, settings_.gridHeight};
 }
 
 QRectF CollageLayout::pictureRect(const QRectF &tile) const
 {
-    const double frame = settings.gridBorderWidth;
+    const double frame = settings_.gridBorderWidth;
     return tile.adjusted(frame, frame, -frame, -frame);
 }
 
@@ -96,16 +96,16 @@ QPointF CollageLayout::stampPoint(const QRectF &picture, std::int64_t position)
 
 std::int64_t CollageLayout::tileCount() const
 {
-    if (settings.rowNumber <= 0 || settings.columeNumber <= 0) {
+    if (settings_.rowNumber <= 0 || settings_.columeNumber <= 0) {
         return 0;
     }
-    return std::int64_t{settings.rowNumber} * settings.columeNumber;
+    return std::int64_t{settings_.rowNumber} * settings_.columeNumber;
 }
 
 double CollageLayout::tileTime(std::int64_t tile) const
 {
     const std::int64_t count = tileCount();
     const double divisor = count >= 2 ? static_cast<double>(count - 1) : 2.0;
-    const double step = (settings.endPoint - settings.startPoint) / divisor;
-    return settings.startPoint + static_cast<double>(tile) * step;
+    const double step = (settings_.endPoint - settings_.startPoint) / divisor;
+    return settings_.startPoint + static_cast<double>(tile) * step;
 }

@@ -42,6 +42,6 @@ public:
     double tileTime(std::int64_t tile) const;
 
 private:
-    CollageSettings settings;
-    QSizeF text{0.0, 0.0};
+    CollageSettings settings_;
+    QSizeF text_{0.0, 0.0};
 };

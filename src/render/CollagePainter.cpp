@@ -15,32 +15,32 @@ constexpr int opaque = 255;
 
 } // namespace
 
-CollagePainter::CollagePainter(const CollageSettings &collage, const CollageTextStyles &textStyles,
-                               const CollageTextItems &textItems, const QString &metadata) :
-    settings(collage),
-    styles(textStyles),
-    items(textItems),
-    text(metadata, styles.metadata.font, CollageLayout(settings).textBox()),
-    place(CollageLayout(settings).withText(text.size()))
+CollagePainter::CollagePainter(const CollageSettings &settings, const CollageTextStyles &styles,
+                               const CollageTextItems &items, const QString &metadata) :
+    settings_(settings),
+    styles_(styles),
+    items_(items),
+    text_(metadata, styles_.metadata.font, CollageLayout(settings_).textBox()),
+    place_(CollageLayout(settings_).withText(text_.size()))
 {
 }
 
 QImage CollagePainter::makeCanvas() const
 {
-    if (!place.isPossible()) {
+    if (!place_.isPossible()) {
         return {};
     }
-    const bool isOpaque = settings.backgroundColor.alpha() == opaque;
-    return QImage(place.pixelSize(), isOpaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+    const bool isOpaque = settings_.backgroundColor.alpha() == opaque;
+    return QImage(place_.pixelSize(), isOpaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
 }
 
 bool CollagePainter::paint(QPaintDevice &device, const TileSource &pictureOf, const CancelFlag &cancelled) const
 {
     CollageCanvas canvas(device);
-    canvas.clear(settings.backgroundColor);
-    canvas.drawText(place.textRect().topLeft(), text, styles.metadata.color);
-    for (std::int32_t row = 0; row < settings.rowNumber; ++row) {
-        for (std::int32_t column = 0; column < settings.columeNumber; ++column) {
+    canvas.clear(settings_.backgroundColor);
+    canvas.drawText(place_.textRect().topLeft(), text_, styles_.metadata.color);
+    for (std::int32_t row = 0; row < settings_.rowNumber; ++row) {
+        for (std::int32_t column = 0; column < settings_.columeNumber; ++column) {
             if (cancelled) {
                 return false;
             }
@@ -53,29 +53,29 @@ bool CollagePainter::paint(QPaintDevice &device, const TileSource &pictureOf, co
 void CollagePainter::paintTile(CollageCanvas &canvas, const TileSource &pictureOf, std::int32_t row,
                                std::int32_t column) const
 {
-    const std::int64_t number = column + std::int64_t{settings.columeNumber} * row;
-    const double seconds = place.tileTime(number);
+    const std::int64_t number = column + std::int64_t{settings_.columeNumber} * row;
+    const double seconds = place_.tileTime(number);
     qCDebug(lcTessarine).noquote() << "-----" << number + 1 << ":" << GlobalFun::fixedText(seconds, 2);
     const QImage image = pictureOf(number, seconds);
 
     // A shadow is never taken back: what one tile sets stays on for the frames and pictures that follow.
-    if (settings.gridShadowed) {
+    if (settings_.gridShadowed) {
         canvas.setShadow({QColor(128, 128, 128)});
     }
-    const QRectF tile = place.tileRect(row, column);
-    if (settings.gridBorderWidth > 0.0) {
-        canvas.fillRect(tile, settings.gridBorderColor);
+    const QRectF tile = place_.tileRect(row, column);
+    if (settings_.gridBorderWidth > 0.0) {
+        canvas.fillRect(tile, settings_.gridBorderColor);
     }
-    const QRectF picture = place.pictureRect(tile);
+    const QRectF picture = place_.pictureRect(tile);
     canvas.drawImage(picture, image);
-    if (holds(items.metadataBits, MetadataItem::TimeStamp)) {
+    if (holds(items_.metadataBits, MetadataItem::TimeStamp)) {
         paintStamp(canvas, picture, seconds);
     }
 }
 
 void CollagePainter::paintStamp(CollageCanvas &canvas, const QRectF &picture, double seconds) const
 {
-    const TextBlock stamp(GlobalFun::getTimeStringBySecond(seconds), styles.timeStamp.font, unlimited);
+    const TextBlock stamp(GlobalFun::getTimeStringBySecond(seconds), styles_.timeStamp.font, unlimited);
     canvas.setShadow({Qt::white});
-    canvas.drawText(CollageLayout::stampPoint(picture, items.stampPosition), stamp, styles.timeStamp.color);
+    canvas.drawText(CollageLayout::stampPoint(picture, items_.stampPosition), stamp, styles_.timeStamp.color);
 }

@@ -25,7 +25,7 @@ public:
                    const QString &metadata);
 
     /// Where everything goes, text block included.
-    const CollageLayout &layout() const { return place; }
+    const CollageLayout &layout() const { return place_; }
 
     /// An image of the collage's size to paint on: without an alpha channel where the background is opaque. Null when
     /// such a canvas cannot exist or there is no memory for it.
@@ -39,9 +39,9 @@ private:
     void paintTile(CollageCanvas &canvas, const TileSource &pictureOf, std::int32_t row, std::int32_t column) const;
     void paintStamp(CollageCanvas &canvas, const QRectF &picture, double seconds) const;
 
-    CollageSettings settings;
-    CollageTextStyles styles;
-    CollageTextItems items;
-    TextBlock text;
-    CollageLayout place;
+    CollageSettings settings_;
+    CollageTextStyles styles_;
+    CollageTextItems items_;
+    TextBlock text_;
+    CollageLayout place_;
 };

@@ -77,25 +77,25 @@ Run visibleRun(const Axis &axis, double low, double high)
 /// Paints the tiles of one preview.
 class TilePainter {
 public:
-    TilePainter(QPainter &target, const QRectF &previewBounds, const CollageSettings &collage,
-                const CollageLayout &place, const Scale &previewScale, const QImage &picture) :
-        painter(target),
-        bounds(previewBounds),
-        settings(collage),
-        layout(place),
-        scale(previewScale),
-        placeholder(picture)
+    TilePainter(QPainter &painter, const QRectF &bounds, const CollageSettings &settings, const CollageLayout &layout,
+                const Scale &scale, const QImage &placeholder) :
+        painter_(painter),
+        bounds_(bounds),
+        settings_(settings),
+        layout_(layout),
+        scale_(scale),
+        placeholder_(placeholder)
     {
     }
 
     void paint() const
     {
-        const QRectF first = scale.map(layout.tileRect(0, 0));
-        const QRectF second = scale.map(layout.tileRect(1, 1));
-        const Run rows = visibleRun({first.y(), second.y() - first.y(), first.height(), settings.rowNumber},
-                                    bounds.top(), bounds.bottom());
-        const Run columns = visibleRun({first.x(), second.x() - first.x(), first.width(), settings.columeNumber},
-                                       bounds.left(), bounds.right());
+        const QRectF first = scale_.map(layout_.tileRect(0, 0));
+        const QRectF second = scale_.map(layout_.tileRect(1, 1));
+        const Run rows = visibleRun({first.y(), second.y() - first.y(), first.height(), settings_.rowNumber},
+                                    bounds_.top(), bounds_.bottom());
+        const Run columns = visibleRun({first.x(), second.x() - first.x(), first.width(), settings_.columeNumber},
+                                       bounds_.left(), bounds_.right());
         for (std::int64_t row = rows.first; row <= rows.last; row += rows.step) {
             for (std::int64_t column = columns.first; column <= columns.last; column += columns.step) {
                 QRectF tile = tileRect(row, column);
@@ -110,31 +110,31 @@ public:
 private:
     QRectF tileRect(std::int64_t row, std::int64_t column) const
     {
-        return layout.tileRect(static_cast<std::int32_t>(row), static_cast<std::int32_t>(column));
+        return layout_.tileRect(static_cast<std::int32_t>(row), static_cast<std::int32_t>(column));
     }
 
     void paintTile(const QRectF &tile) const
     {
-        QRectF rect = scale.map(tile);
-        if (settings.gridBorderWidth > 0.0) {
-            fill(painter, bounds, rect, settings.gridBorderColor);
-            rect = scale.map(layout.pictureRect(tile));
+        QRectF rect = scale_.map(tile);
+        if (settings_.gridBorderWidth > 0.0) {
+            fill(painter_, bounds_, rect, settings_.gridBorderColor);
+            rect = scale_.map(layout_.pictureRect(tile));
         }
-        fill(painter, bounds, rect, tileGrey);
+        fill(painter_, bounds_, rect, tileGrey);
         if (rect.width() > placeholderSide && rect.height() > placeholderSide) {
             const QPointF corner = rect.center() - QPointF(placeholderSide, placeholderSide) * 0.5;
-            if (corner.x() > bounds.left() && corner.y() > bounds.top() && bounds.contains(corner)) {
-                painter.drawImage(corner, placeholder);
+            if (corner.x() > bounds_.left() && corner.y() > bounds_.top() && bounds_.contains(corner)) {
+                painter_.drawImage(corner, placeholder_);
             }
         }
     }
 
-    QPainter &painter;
-    const QRectF bounds;
-    const CollageSettings &settings;
-    const CollageLayout &layout;
-    const Scale scale;
-    const QImage &placeholder;
+    QPainter &painter_;
+    const QRectF bounds_;
+    const CollageSettings &settings_;
+    const CollageLayout &layout_;
+    const Scale scale_;
+    const QImage &placeholder_;
 };
 
 } // namespace

@@ -29,45 +29,45 @@ namespace {
 /// Grabs each tile's frame of one movie and reports it.
 class GrabbedTiles {
 public:
-    GrabbedTiles(const ExportServices &exportServices, ExportProgress first) :
-        services(exportServices), report(std::move(first))
+    GrabbedTiles(const ExportServices &services, ExportProgress report) :
+        services_(services), report_(std::move(report))
     {
     }
 
     QImage picture(std::int64_t tile, double seconds)
     {
         grab(seconds);
-        if (!services.bExportCanceled) {
-            missing.add(seconds, frame);
-            report.tile = tile + 1;
-            report.picture = frame.picture;
-            services.observer.updateProgress(report);
+        if (!services_.bExportCanceled) {
+            missing_.add(seconds, frame_);
+            report_.tile = tile + 1;
+            report_.picture = frame_.picture;
+            services_.observer.updateProgress(report_);
         }
-        return frame.picture;
+        return frame_.picture;
     }
 
-    const MissingFrames &missingFrames() const { return missing; }
+    const MissingFrames &missingFrames() const { return missing_; }
 
 private:
     /// A movie at which the tool hangs costs its patience once, not at every tile.
     void grab(double seconds)
     {
-        if (frame.hasHung) {
-            frame.isNew = false;
+        if (frame_.hasHung) {
+            frame_.isNew = false;
             return;
         }
-        frame = services.grabber.createThumbnail(report.filePath, seconds, services.bExportCanceled,
-                                                 [this](std::chrono::seconds time) {
-                                                     ExportProgress waiting = report;
-                                                     waiting.waited = time;
-                                                     services.observer.updateProgress(waiting);
-                                                 });
+        frame_ = services_.grabber.createThumbnail(report_.filePath, seconds, services_.bExportCanceled,
+                                                   [this](std::chrono::seconds time) {
+                                                       ExportProgress waiting = report_;
+                                                       waiting.waited = time;
+                                                       services_.observer.updateProgress(waiting);
+                                                   });
     }
 
-    const ExportServices &services;
-    ExportProgress report;
-    GrabbedFrame frame;
-    MissingFrames missing;
+    const ExportServices &services_;
+    ExportProgress report_;
+    GrabbedFrame frame_;
+    MissingFrames missing_;
 };
 
 void fail(ExportResult &result, const QString &reason)
@@ -84,24 +84,24 @@ QString impossibleCanvas(const CollageLayout &layout)
 
 } // namespace
 
-ExportJob::ExportJob(ExportServices exportServices) :
-    services(std::move(exportServices)), styles(CollageTextStyles::fromDefaults(services.defaults))
+ExportJob::ExportJob(ExportServices services) :
+    services_(std::move(services)), styles_(CollageTextStyles::fromDefaults(services_.defaults))
 {
 }
 
 void ExportJob::run()
 {
-    if (progress != State::Ready) {
+    if (progress_ != State::Ready) {
         return;
     }
-    progress = State::Running;
-    for (int index = 0; index < services.aryItems.count() && !services.bExportCanceled; ++index) {
-        if (const auto movie = services.aryItems.movieAt(index)) {
+    progress_ = State::Running;
+    for (int index = 0; index < services_.aryItems.count() && !services_.bExportCanceled; ++index) {
+        if (const auto movie = services_.aryItems.movieAt(index)) {
             exportOrFail(*movie, index);
         }
     }
-    progress = State::Finished;
-    services.observer.exportEnded();
+    progress_ = State::Finished;
+    services_.observer.exportEnded();
 }
 
 /// Memory that runs out costs this movie only.
@@ -120,10 +120,10 @@ void ExportJob::exportOrFail(const KTMovieObject &movie, int index)
 void ExportJob::exportMovie(const KTMovieObject &movie, int index, ExportResult &result)
 {
     const QImage canvas = render(movie, index, result);
-    if (services.bExportCanceled) {
+    if (services_.bExportCanceled) {
         return;
     }
-    const std::int64_t format = services.defaults.int64Value(PreferenceKeys::outputFormat);
+    const std::int64_t format = services_.defaults.int64Value(PreferenceKeys::outputFormat);
     const std::optional<QString> extension = OutputFile::extensionForFormat(format);
     if (!extension) {
         fail(result, u"no image format has the number %1"_s.arg(format));
@@ -146,16 +146,16 @@ void ExportJob::exportMovie(const KTMovieObject &movie, int index, ExportResult 
 
 QImage ExportJob::render(const KTMovieObject &movie, int index, ExportResult &result)
 {
-    const CollageTextItems items = CollageTextItems::fromDefaults(services.defaults);
-    const CollagePainter painter(movie.settings(), styles, items, getMetaStrWithObject(movie, items.metadataBits));
+    const CollageTextItems items = CollageTextItems::fromDefaults(services_.defaults);
+    const CollagePainter painter(movie.settings(), styles_, items, getMetaStrWithObject(movie, items.metadataBits));
     QImage canvas = painter.makeCanvas();
     if (canvas.isNull()) {
         fail(result, impossibleCanvas(painter.layout()));
         return canvas;
     }
     const std::int64_t tiles = painter.layout().tileCount();
-    GrabbedTiles source(services, {movie.filePath, index, services.aryItems.count(), 0, tiles, {}, {}});
-    painter.paint(canvas, std::bind_front(&GrabbedTiles::picture, &source), services.bExportCanceled);
+    GrabbedTiles source(services_, {movie.filePath, index, services_.aryItems.count(), 0, tiles, {}, {}});
+    painter.paint(canvas, std::bind_front(&GrabbedTiles::picture, &source), services_.bExportCanceled);
     source.missingFrames().tell(movie, result);
     return canvas;
 }
@@ -169,7 +169,7 @@ bool ExportJob::mayBeWritten(const QString &path, ExportResult &result)
     }
     const QString message = u"The output path %1 is not writable,Please set up the priviledge at the Finder"_s.arg(
         PathText::forDisplay(folder));
-    if (services.alert.run(u"Alert!"_s, message, {u"Continue"_s}) != 0) {
+    if (services_.alert.run(u"Alert!"_s, message, {u"Continue"_s}) != 0) {
         return true;
     }
     fail(result, message);
@@ -178,9 +178,9 @@ bool ExportJob::mayBeWritten(const QString &path, ExportResult &result)
 
 QString ExportJob::folderFor(const KTMovieObject &movie) const
 {
-    return services.defaults.boolValue(PreferenceKeys::sameAsOrigin)
+    return services_.defaults.boolValue(PreferenceKeys::sameAsOrigin)
                ? GlobalFun::deletingLastPathComponent(movie.filePath)
-               : services.outputFolder();
+               : services_.outputFolder();
 }
 
 QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, QString path, ExportResult &result)
@@ -189,12 +189,12 @@ QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, QStri
     if (canvas.isNull()) {
         return path; // the result says so
     }
-    if (const QString folder = GlobalFun::deletingLastPathComponent(path); folder != tidyFolder) {
+    if (const QString folder = GlobalFun::deletingLastPathComponent(path); folder != tidyFolder_) {
         NewFile::removeLeftovers(folder);
-        tidyFolder = folder;
+        tidyFolder_ = folder;
     }
     const QString extension = GlobalFun::pathExtension(path);
-    NewFile file(path, services.bExportCanceled);
+    NewFile file(path, services_.bExportCanceled);
     const bool encoded = !file.error() && GlobalFun::writeRepresentationOfType(canvas, extension, file);
     if (file.error() == std::errc::operation_canceled) {
         return {};
@@ -223,18 +223,18 @@ void ExportJob::tell(const ExportResult &result)
         qCInfo(lcTessarine).noquote() << (isWritten ? "image of" : "no image of")
                                       << PathText::forDisplay(result.filePath) << ":" << result.reason;
     }
-    services.observer.movieEnded(result);
+    services_.observer.movieEnded(result);
 }
 
 void ExportJob::runAfterExportActions(const QString &path)
 {
-    if (services.defaults.boolValue(PreferenceKeys::openAfterFinish)) {
-        services.workspace.openFile(path);
+    if (services_.defaults.boolValue(PreferenceKeys::openAfterFinish)) {
+        services_.workspace.openFile(path);
     }
-    if (services.defaults.boolValue(PreferenceKeys::revealInFinder)) {
-        services.workspace.revealFile(path);
+    if (services_.defaults.boolValue(PreferenceKeys::revealInFinder)) {
+        services_.workspace.revealFile(path);
     }
-    if (services.defaults.boolValue(PreferenceKeys::clearAfterFinish)) {
-        services.aryItems.removeAll();
+    if (services_.defaults.boolValue(PreferenceKeys::clearAfterFinish)) {
+        services_.aryItems.removeAll();
     }
 }

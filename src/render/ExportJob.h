@@ -43,7 +43,7 @@ public:
     /// call does nothing.
     void run();
 
-    State state() const { return progress; }
+    State state() const { return progress_; }
 
 private:
     void exportOrFail(const KTMovieObject &movie, int index);
@@ -56,8 +56,8 @@ private:
     void tell(const ExportResult &result);
     void runAfterExportActions(const QString &path);
 
-    ExportServices services;
-    CollageTextStyles styles;
-    State progress = State::Ready;
-    QString tidyFolder; ///< where nothing is left of earlier runs
+    ExportServices services_;
+    CollageTextStyles styles_;
+    State progress_ = State::Ready;
+    QString tidyFolder_; ///< where nothing is left of earlier runs
 };

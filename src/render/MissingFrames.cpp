@@ -22,43 +22,43 @@ bool isRangeOutside(const KTMovieObject &movie)
 
 void MissingFrames::add(double seconds, const GrabbedFrame &frame)
 {
-    ++tiles;
+    ++tiles_;
     if (frame.isNew) {
-        isTail = false;
+        isTail_ = false;
         return;
     }
-    if (problem.isEmpty()) {
-        problem = frame.problem;
+    if (problem_.isEmpty()) {
+        problem_ = frame.problem;
     }
-    if (missing++ == 0) {
-        firstTime = seconds;
-        isTail = true;
+    if (missing_++ == 0) {
+        firstTime_ = seconds;
+        isTail_ = true;
     }
-    lastTime = seconds;
+    lastTime_ = seconds;
 }
 
 void MissingFrames::tell(const KTMovieObject &movie, ExportResult &result) const
 {
-    result.tileCount = tiles;
-    result.missingFrames = missing;
-    if (tiles > 0 && missing == 0) {
+    result.tileCount = tiles_;
+    result.missingFrames = missing_;
+    if (tiles_ > 0 && missing_ == 0) {
         return;
     }
     result.kind = ExportResult::Kind::Incomplete;
-    if (tiles == 0) {
+    if (tiles_ == 0) {
         result.reason = u"its collage has no rows or no columns"_s;
         return;
     }
-    result.isRangeOutside = problem.isEmpty() && isRangeOutside(movie);
+    result.isRangeOutside = problem_.isEmpty() && isRangeOutside(movie);
     const QString cause = likelyCause(movie);
-    result.reason = u"%1 of %2 frames could not be grabbed"_s.arg(missing).arg(tiles) +
+    result.reason = u"%1 of %2 frames could not be grabbed"_s.arg(missing_).arg(tiles_) +
                     (cause.isEmpty() ? QString() : u": " + cause);
 }
 
 QString MissingFrames::likelyCause(const KTMovieObject &movie) const
 {
-    if (!problem.isEmpty()) {
-        return problem;
+    if (!problem_.isEmpty()) {
+        return problem_;
     }
     const QString length = GlobalFun::getTimeStringBySecond(movie.duration);
     if (isRangeOutside(movie)) {
@@ -67,11 +67,11 @@ QString MissingFrames::likelyCause(const KTMovieObject &movie) const
             GlobalFun::getTimeStringBySecond(range.startPoint), GlobalFun::getTimeStringBySecond(range.endPoint),
             length);
     }
-    const QString first = GlobalFun::getTimeStringBySecond(firstTime);
-    if (firstTime < 1.0 && lastTime < 1.0) {
+    const QString first = GlobalFun::getTimeStringBySecond(firstTime_);
+    if (firstTime_ < 1.0 && lastTime_ < 1.0) {
         return u"no picture can be reached at %1, does it begin later?"_s.arg(first);
     }
-    if (isTail && movie.duration > 0.0) {
+    if (isTail_ && movie.duration > 0.0) {
         return u"no picture from %1 on, is its length of %2 wrong?"_s.arg(first, length);
     }
     return u"no picture at %1, is it damaged there?"_s.arg(first);

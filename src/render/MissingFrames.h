@@ -20,10 +20,10 @@ public:
 private:
     QString likelyCause(const KTMovieObject &movie) const;
 
-    std::int64_t tiles = 0;
-    std::int64_t missing = 0;
-    QString problem; ///< what the grabber says is the matter
-    double firstTime = 0.0;
-    double lastTime = 0.0;
-    bool isTail = false; ///< from the first one on, all are missing
+    std::int64_t tiles_ = 0;
+    std::int64_t missing_ = 0;
+    QString problem_; ///< what the grabber says is the matter
+    double firstTime_ = 0.0;
+    double lastTime_ = 0.0;
+    bool isTail_ = false; ///< from the first one on, all are missing
 };

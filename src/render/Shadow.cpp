@@ -72,23 +72,23 @@ QRgb *rowOf(QImage &image, int y)
 /// A grid of coverage values, 0 to 1, that reads 0 outside itself.
 class Coverage {
 public:
-    explicit Coverage(QSize area) :
-        size(area), values(static_cast<std::size_t>(area.width()) * static_cast<std::size_t>(area.height()))
+    explicit Coverage(QSize size) :
+        size_(size), values_(static_cast<std::size_t>(size.width()) * static_cast<std::size_t>(size.height()))
     {
     }
 
     double at(int x, int y) const
     {
-        return x >= 0 && y >= 0 && x < size.width() && y < size.height() ? values[index(x, y)] : 0.0;
+        return x >= 0 && y >= 0 && x < size_.width() && y < size_.height() ? values_[index(x, y)] : 0.0;
     }
-    double &operator()(int x, int y) { return values[index(x, y)]; }
+    double &operator()(int x, int y) { return values_[index(x, y)]; }
 
     /// Blurred along the direction (1, 0) or (0, 1).
     Coverage blurred(QPoint direction) const
     {
-        Coverage result(size);
-        for (int y = 0; y < size.height(); ++y) {
-            for (int x = 0; x < size.width(); ++x) {
+        Coverage result(size_);
+        for (int y = 0; y < size_.height(); ++y) {
+            for (int x = 0; x < size_.width(); ++x) {
                 for (int tap = 0; tap < taps; ++tap) {
                     const QPoint source = QPoint(x, y) + direction * (tap - ShadowCasting::reach);
                     result(x, y) += kernel()[static_cast<std::size_t>(tap)] * at(source.x(), source.y());
@@ -101,11 +101,11 @@ public:
 private:
     std::size_t index(int x, int y) const
     {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(size.width()) + static_cast<std::size_t>(x);
+        return static_cast<std::size_t>(y) * static_cast<std::size_t>(size_.width()) + static_cast<std::size_t>(x);
     }
 
-    QSize size;
-    std::vector<double> values;
+    QSize size_;
+    std::vector<double> values_;
 };
 
 } // namespace

@@ -22,34 +22,34 @@ QString withLineSeparators(QString text)
 
 } // namespace
 
-TextBlock::TextBlock(const QString &text, const QFont &font, QSizeF box) : layout(withLineSeparators(text), font)
+TextBlock::TextBlock(const QString &text, const QFont &font, QSizeF box) : layout_(withLineSeparators(text), font)
 {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setTextOption(option);
-    layout.setCacheEnabled(true);
-    if (layout.text().isEmpty() || !(box.width() > 0.0)) { // a NaN width is none either
+    layout_.setTextOption(option);
+    layout_.setCacheEnabled(true);
+    if (layout_.text().isEmpty() || !(box.width() > 0.0)) { // a NaN width is none either
         return;
     }
-    layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    layout_.beginLayout();
+    for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
         line.setLineWidth(std::min(box.width(), widestLine));
         // Whole pixels keep every line as sharp as the first.
         const double height = std::ceil(line.height());
-        if (used.height() + height > box.height()) {
+        if (used_.height() + height > box.height()) {
             break;
         }
-        line.setPosition({0.0, used.height()});
-        used = {std::max(used.width(), std::ceil(line.naturalTextWidth())), used.height() + height};
-        ++lines;
+        line.setPosition({0.0, used_.height()});
+        used_ = {std::max(used_.width(), std::ceil(line.naturalTextWidth())), used_.height() + height};
+        ++lines_;
     }
-    layout.endLayout();
+    layout_.endLayout();
 }
 
 void TextBlock::draw(QPainter &painter, QPointF origin) const
 {
-    for (int index = 0; index < lines; ++index) {
-        layout.lineAt(index).draw(&painter, origin);
+    for (int index = 0; index < lines_; ++index) {
+        layout_.lineAt(index).draw(&painter, origin);
     }
 }
 

@@ -16,7 +16,7 @@ public:
     TextBlock(const QString &text, const QFont &font, QSizeF box);
 
     /// The room that the lines use, in whole pixels; 0 × 0 for the empty text.
-    QSizeF size() const { return used; }
+    QSizeF size() const { return used_; }
 
     /// Draws the lines with the painter's pen, the block's top left at `origin`.
     void draw(QPainter &painter, QPointF origin) const;
@@ -25,7 +25,7 @@ public:
     static QFont systemFont();
 
 private:
-    QTextLayout layout;
-    int lines = 0; // those that fit
-    QSizeF used{0.0, 0.0};
+    QTextLayout layout_;
+    int lines_ = 0; // those that fit
+    QSizeF used_{0.0, 0.0};
 };

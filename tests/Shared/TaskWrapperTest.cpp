@@ -45,14 +45,14 @@ protected:
     /// Runs a script to its end.
     bool run(const QByteArray &script, const TaskLimits &limits = {})
     {
-        TaskWrapper task(&recorder, {scriptedTool(folder, "tool", script)}, limits);
+        TaskWrapper task(&recorder_, {scriptedTool(folder_, "tool", script)}, limits);
         task.startProcess();
-        return task.waitUntilTaskExit(cancelled);
+        return task.waitUntilTaskExit(cancelled_);
     }
 
-    ScratchFolder folder;
-    Recorder recorder;
-    CancelFlag cancelled{false};
+    ScratchFolder folder_;
+    Recorder recorder_;
+    CancelFlag cancelled_{false};
 };
 
 TEST_F(TaskWrapperTest, TellsOfAToolsLifeInOrder)
@@ -67,22 +67,22 @@ TEST_F(TaskWrapperTest, TellsOfAToolsLifeInOrder)
         {"trap 'exit 7' TERM; exec >&- 2>&-; while :; do :; done", {"started", "finished", "ended 7"}, ""},
     };
     for (const auto &[script, events, output] : cases) {
-        recorder = {};
+        recorder_ = {};
         EXPECT_TRUE(run(script)) << script;
-        EXPECT_EQ(recorder.events, events) << script;
-        EXPECT_EQ(recorder.output, QString::fromUtf8(output));
+        EXPECT_EQ(recorder_.events, events) << script;
+        EXPECT_EQ(recorder_.output, QString::fromUtf8(output));
     }
 }
 
 TEST_F(TaskWrapperTest, EndsAtOnceWhenTheToolCannotBeRun)
 {
-    folder.write("no-program", "text");
+    folder_.write("no-program", "text");
     for (const QByteArray name : {"missing", "no-program", ""}) {
-        recorder = {};
-        TaskWrapper task(&recorder, {folder.path(name)});
+        recorder_ = {};
+        TaskWrapper task(&recorder_, {folder_.path(name)});
         task.startProcess();
-        EXPECT_TRUE(task.waitUntilTaskExit(cancelled));
-        EXPECT_THAT(recorder.events, ElementsAre("started"));
+        EXPECT_TRUE(task.waitUntilTaskExit(cancelled_));
+        EXPECT_THAT(recorder_.events, ElementsAre("started"));
     }
     TaskWrapper nothing(nullptr, {});
     nothing.startProcess();
@@ -100,11 +100,11 @@ TEST_F(TaskWrapperTest, StopsTheToolWhenCancelled)
         {"echo ready; kill -STOP $$; sleep 1000", "ended 15"},
     };
     for (const auto &[script, end] : cases) {
-        recorder = {};
-        cancelled = false;
-        recorder.onOutput = [this] { cancelled = true; };
+        recorder_ = {};
+        cancelled_ = false;
+        recorder_.onOutput = [this] { cancelled_ = true; };
         EXPECT_FALSE(run(script));
-        EXPECT_THAT(recorder.events, ElementsAre("started", "output", "finished", end)) << script;
+        EXPECT_THAT(recorder_.events, ElementsAre("started", "output", "finished", end)) << script;
     }
 }
 
@@ -119,10 +119,10 @@ TEST_F(TaskWrapperTest, StopsAToolThatWillNeverEnd)
         {"trap '' TERM; while :; do echo flood; done", {.outputBytes = 1 << 16}, "ended 9"},
     };
     for (const auto &[script, limits, end] : cases) {
-        recorder = {};
+        recorder_ = {};
         EXPECT_TRUE(run(script, limits)) << script;
-        EXPECT_EQ(recorder.events.back(), end) << script;
-        EXPECT_LE(recorder.output.size(), limits.outputBytes + (1 << 20));
+        EXPECT_EQ(recorder_.events.back(), end) << script;
+        EXPECT_LE(recorder_.output.size(), limits.outputBytes + (1 << 20));
     }
 }
 
@@ -131,17 +131,17 @@ TEST_F(TaskWrapperTest, LeavesABusyToolAlone)
     // Each stays silent for longer than the limit, the one at work, the other telling of it.
     for (const char *script : {"i=0; while [ $i -lt 1000000 ]; do i=$((i+1)); done; echo done",
                                "for i in 1 2 3 4 5; do sleep 0.2; echo $i; done; echo done"}) {
-        recorder = {};
+        recorder_ = {};
         EXPECT_TRUE(run(script, {.silence = 700ms}));
-        EXPECT_TRUE(recorder.output.endsWith(u"done\n")) << script;
-        EXPECT_EQ(recorder.events.back(), "ended 0");
+        EXPECT_TRUE(recorder_.output.endsWith(u"done\n")) << script;
+        EXPECT_EQ(recorder_.events.back(), "ended 0");
     }
 }
 
 TEST_F(TaskWrapperTest, NeverLeavesAProcessBehind)
 {
     for (const char *script : {"exec sleep 1000", "trap '' TERM; while :; do :; done", "exit 0"}) {
-        const QString tool = scriptedTool(folder, "tool", script);
+        const QString tool = scriptedTool(folder_, "tool", script);
         for (const bool suspended : {false, true}) {
             TaskWrapper task(nullptr, {tool});
             task.startProcess();

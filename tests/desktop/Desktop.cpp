@@ -5,14 +5,14 @@ using namespace Qt::StringLiterals;
 Desktop::Desktop()
 {
     for (const char *name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORMTHEME", "QT_SCALE_FACTOR", "LANGUAGE"}) {
-        environment.remove(QString::fromLatin1(name));
+        environment_.remove(QString::fromLatin1(name));
     }
     folder.makeFolder("run");
     folder.setMode(0700, "run");
     const std::pair<const char *, QString> variables[] = {
         {"QT_QPA_PLATFORM", u"xcb"_s},
         {"LC_ALL", u"C.UTF-8"_s},
-        {"DISPLAY", screen.display()},
+        {"DISPLAY", screen_.display()},
         {"DBUS_SESSION_BUS_ADDRESS", bus.address()},
         {"HOME", folder.path()},
         {"XDG_CONFIG_HOME", folder.path("config")},
@@ -27,7 +27,7 @@ Desktop::Desktop()
 
 void Desktop::start(QProcess &program, const QString &path, const QStringList &arguments) const
 {
-    program.setProcessEnvironment(environment);
+    program.setProcessEnvironment(environment_);
     program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     program.start(path, arguments);
     EXPECT_TRUE(program.waitForStarted()) << path.toStdString();
@@ -59,7 +59,7 @@ void Desktop::click(QPoint point) const
 void Desktop::grab(const QString &window, const QString &imagePath) const
 {
     const QString options = u"-v error -y -f x11grab -draw_mouse 0 -window_id %1 -i %2 -frames:v 1"_s;
-    run(u"ffmpeg"_s, options.arg(window, screen.display()).split(u' ') + QStringList(imagePath));
+    run(u"ffmpeg"_s, options.arg(window, screen_.display()).split(u' ') + QStringList(imagePath));
 }
 
 QString Desktop::run(const QString &tool, const QStringList &arguments) const

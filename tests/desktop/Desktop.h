@@ -17,7 +17,7 @@ public:
     Desktop();
 
     /// A variable of the environment that programs start in from now on.
-    void setVariable(const QString &name, const QString &value) { environment.insert(name, value); }
+    void setVariable(const QString &name, const QString &value) { environment_.insert(name, value); }
     /// Starts the program as a desktop would; its errors go to the test's.
     void start(QProcess &program, const QString &path, const QStringList &arguments) const;
 
@@ -39,11 +39,11 @@ private:
     std::optional<QString> tryRun(const QString &tool, const QStringList &arguments) const;
 
     /// Tells programs that a screen reader listens on the session bus, so that they describe themselves there.
-    const FakeService accessibility{bus,
-                                    "org.a11y.Bus",
-                                    "/org/a11y/bus",
-                                    {{QStringLiteral("GetAddress"), bus.address()},
-                                     {QStringLiteral("Get"), QVariant::fromValue(QDBusVariant(true))}}};
-    const XServer screen;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const FakeService accessibility_{bus,
+                                     "org.a11y.Bus",
+                                     "/org/a11y/bus",
+                                     {{QStringLiteral("GetAddress"), bus.address()},
+                                      {QStringLiteral("Get"), QVariant::fromValue(QDBusVariant(true))}}};
+    const XServer screen_;
+    QProcessEnvironment environment_ = QProcessEnvironment::systemEnvironment();
 };

@@ -76,19 +76,16 @@ std::optional<Object> findBelow(const QDBusConnection &bus, const Node &node, co
 
 } // namespace
 
-ScreenReader::ScreenReader(QDBusConnection accessibilityBus, qint64 programId) :
-    bus(std::move(accessibilityBus)), program(programId)
-{
-}
+ScreenReader::ScreenReader(QDBusConnection bus, qint64 program) : bus_(std::move(bus)), program_(program) {}
 
 std::optional<Object> ScreenReader::find(const Filter &isWanted) const
 {
-    const QStringList names = bus.interface()->registeredServiceNames();
+    const QStringList names = bus_.interface()->registeredServiceNames();
     for (const QString &name : names) { // the program has connections that lead nowhere, too
         const Node root{.owner = name};
-        if (name.startsWith(u':') && bus.interface()->servicePid(name).value() == program &&
-            nameOf(bus, root).isValid()) {
-            return findBelow(bus, root, isWanted);
+        if (name.startsWith(u':') && bus_.interface()->servicePid(name).value() == program_ &&
+            nameOf(bus_, root).isValid()) {
+            return findBelow(bus_, root, isWanted);
         }
     }
     return {};

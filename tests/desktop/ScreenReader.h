@@ -17,7 +17,7 @@ public:
     };
     using Filter = std::function<bool(const Object &)>;
 
-    ScreenReader(QDBusConnection accessibilityBus, qint64 programId);
+    ScreenReader(QDBusConnection bus, qint64 program);
 
     /// Waits for a showing object and answers it; fails the test when none comes.
     Object await(const Filter &isWanted) const;
@@ -29,6 +29,6 @@ private:
     /// The first showing object of which this is true, parents before their children; nothing when there is none now.
     std::optional<Object> find(const Filter &isWanted) const;
 
-    QDBusConnection bus;
-    qint64 program;
+    QDBusConnection bus_;
+    qint64 program_;
 };

@@ -10,24 +10,24 @@ public:
     /// Returns when windows can be shown; fails the test when they cannot.
     XServer()
     {
-        server.start(u"Xvfb"_qs, u"-displayfd 1 -noreset -nolisten tcp -screen 0 2560x1600x24"_qs.split(u' '));
-        name = u':' + QString::fromLatin1(nextLine(server));
-        EXPECT_NE(name, u":") << "Xvfb does not start: " << server.readAllStandardError().constData();
+        server_.start(u"Xvfb"_qs, u"-displayfd 1 -noreset -nolisten tcp -screen 0 2560x1600x24"_qs.split(u' '));
+        name_ = u':' + QString::fromLatin1(nextLine(server_));
+        EXPECT_NE(name_, u":") << "Xvfb does not start: " << server_.readAllStandardError().constData();
 
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"DISPLAY"_qs, name);
-        windowManager.setProcessEnvironment(environment);
+        environment.insert(u"DISPLAY"_qs, name_);
+        windowManager_.setProcessEnvironment(environment);
         // It runs this command once it manages the windows.
-        windowManager.start(u"openbox"_qs, {u"--sm-disable"_qs, u"--startup"_qs, u"echo ready"_qs});
-        QByteArray line = nextLine(windowManager);
+        windowManager_.start(u"openbox"_qs, {u"--sm-disable"_qs, u"--startup"_qs, u"echo ready"_qs});
+        QByteArray line = nextLine(windowManager_);
         while (!line.isEmpty() && line != "ready") { // it complains of missing menus
-            line = nextLine(windowManager);
+            line = nextLine(windowManager_);
         }
         EXPECT_EQ(line, "ready") << "openbox does not start";
     }
     ~XServer()
     {
-        for (QProcess *program : {&windowManager, &server}) {
+        for (QProcess *program : {&windowManager_, &server_}) {
             program->terminate();
             program->waitForFinished();
         }
@@ -35,10 +35,10 @@ public:
     Q_DISABLE_COPY(XServer)
 
     /// Its name, for the variable DISPLAY.
-    QString display() const { return name; }
+    QString display() const { return name_; }
 
 private:
-    QProcess server;
-    QProcess windowManager;
-    QString name;
+    QProcess server_;
+    QProcess windowManager_;
+    QString name_;
 };

@@ -8,12 +8,12 @@
 /// A stream whose text a test can read back.
 class CapturedStream {
 public:
-    std::FILE *stream() const { return file.get(); }
+    std::FILE *stream() const { return file_.get(); }
     QByteArray contents() const
     {
-        std::rewind(file.get());
+        std::rewind(file_.get());
         QByteArray bytes(1 << 16, '\0');
-        bytes.resize(static_cast<qsizetype>(std::fread(bytes.data(), 1, 1 << 16, file.get())));
+        bytes.resize(static_cast<qsizetype>(std::fread(bytes.data(), 1, 1 << 16, file_.get())));
         return bytes;
     }
     QByteArrayList lines() const
@@ -23,5 +23,5 @@ public:
     }
 
 private:
-    std::unique_ptr<std::FILE, int (*)(std::FILE *)> file{std::tmpfile(), std::fclose};
+    std::unique_ptr<std::FILE, int (*)(std::FILE *)> file_{std::tmpfile(), std::fclose};
 };

@@ -13,62 +13,62 @@
 class FakeService final : private QDBusVirtualObject {
 public:
     FakeService(const SessionBus &sessionBus, const char *name, const char *objectPath,
-                const QVariantMap &answersByMember = {}) :
-        answers(answersByMember), path(QString::fromLatin1(objectPath)), bus(sessionBus.connect())
+                const QVariantMap &answers = {}) :
+        answers_(answers), path_(QString::fromLatin1(objectPath)), bus_(sessionBus.connect())
     {
-        moveToThread(&thread);
-        thread.start();
-        EXPECT_TRUE(bus.registerVirtualObject(path, this));
-        EXPECT_TRUE(bus.registerService(QString::fromLatin1(name)));
+        moveToThread(&thread_);
+        thread_.start();
+        EXPECT_TRUE(bus_.registerVirtualObject(path_, this));
+        EXPECT_TRUE(bus_.registerService(QString::fromLatin1(name)));
     }
     ~FakeService() override
     {
-        bus.unregisterObject(path);
-        thread.quit();
-        thread.wait();
-        const std::scoped_lock lock(mutex); // ThreadSanitizer does not see the wait
+        bus_.unregisterObject(path_);
+        thread_.quit();
+        thread_.wait();
+        const std::scoped_lock lock(mutex_); // ThreadSanitizer does not see the wait
     }
 
     QList<QDBusMessage> calls() const
     {
-        const std::scoped_lock lock(mutex);
-        return received;
+        const std::scoped_lock lock(mutex_);
+        return received_;
     }
 
 private:
     QString introspect(const QString & /*ofPath*/) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
     {
-        const std::scoped_lock lock(mutex);
-        received.append(message);
-        const QVariant answer = answers.value(message.member());
+        const std::scoped_lock lock(mutex_);
+        received_.append(message);
+        const QVariant answer = answers_.value(message.member());
         return connection.send(answer.isValid() ? message.createReply(answer) : message.createReply());
     }
 
-    const QVariantMap answers;
-    const QString path;
-    mutable std::mutex mutex;
-    QList<QDBusMessage> received;
-    QThread thread;
-    QDBusConnection bus;
+    const QVariantMap answers_;
+    const QString path_;
+    mutable std::mutex mutex_;
+    QList<QDBusMessage> received_;
+    QThread thread_;
+    QDBusConnection bus_;
 };
 
 /// Another program on a test's bus that has frozen: it takes calls and never answers.
 class FrozenService final {
 public:
     FrozenService(const SessionBus &sessionBus, const char *name, const char *objectPath) :
-        path(QString::fromLatin1(objectPath)), bus(sessionBus.connect())
+        path_(QString::fromLatin1(objectPath)), bus_(sessionBus.connect())
     {
-        object.moveToThread(&neverStarted);
-        EXPECT_TRUE(bus.registerObject(path, &object, QDBusConnection::ExportAllSlots));
-        EXPECT_TRUE(bus.registerService(QString::fromLatin1(name)));
+        object_.moveToThread(&neverStarted_);
+        EXPECT_TRUE(bus_.registerObject(path_, &object_, QDBusConnection::ExportAllSlots));
+        EXPECT_TRUE(bus_.registerService(QString::fromLatin1(name)));
     }
-    ~FrozenService() { bus.unregisterObject(path); }
+    ~FrozenService() { bus_.unregisterObject(path_); }
     Q_DISABLE_COPY(FrozenService)
 
 private:
-    const QString path;
-    QThread neverStarted;
-    QObject object;
-    QDBusConnection bus;
+    const QString path_;
+    QThread neverStarted_;
+    QObject object_;
+    QDBusConnection bus_;
 };

@@ -15,16 +15,16 @@ class ScratchFolder {
 public:
     ScratchFolder()
     {
-        root = (std::filesystem::temp_directory_path() / "tessarine-test-XXXXXX").c_str();
-        if (!::mkdtemp(root.data())) {
+        root_ = (std::filesystem::temp_directory_path() / "tessarine-test-XXXXXX").c_str();
+        if (!::mkdtemp(root_.data())) {
             std::abort();
         }
-        std::filesystem::permissions(root.toStdString(), std::filesystem::perms(0755));
+        std::filesystem::permissions(root_.toStdString(), std::filesystem::perms(0755));
     }
     ~ScratchFolder()
     {
         std::error_code ignored;
-        std::filesystem::remove_all(root.toStdString(), ignored);
+        std::filesystem::remove_all(root_.toStdString(), ignored);
     }
     ScratchFolder(const ScratchFolder &) = delete;
     ScratchFolder &operator=(const ScratchFolder &) = delete;
@@ -32,7 +32,7 @@ public:
     /// The bytes of a path in the folder, or of the folder itself.
     QByteArray bytes(const QByteArray &name = {}) const
     {
-        return name.isEmpty() ? root : QByteArray(root).append('/').append(name);
+        return name.isEmpty() ? root_ : QByteArray(root_).append('/').append(name);
     }
     QString path(const QByteArray &name = {}) const { return PathText::fromBytes(bytes(name)); }
 
@@ -85,5 +85,5 @@ public:
     }
 
 private:
-    QByteArray root;
+    QByteArray root_;
 };

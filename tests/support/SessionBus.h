@@ -26,48 +26,48 @@ class SessionBus {
 public:
     SessionBus()
     {
-        configuration.open();
-        configuration.write("<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><auth>EXTERNAL</auth>"
-                            "<policy context=\"default\"><allow send_destination=\"*\"/><allow eavesdrop=\"true\"/>"
-                            "<allow own=\"*\"/></policy></busconfig>");
-        configuration.close();
+        configuration_.open();
+        configuration_.write("<busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen><auth>EXTERNAL</auth>"
+                             "<policy context=\"default\"><allow send_destination=\"*\"/><allow eavesdrop=\"true\"/>"
+                             "<allow own=\"*\"/></policy></busconfig>");
+        configuration_.close();
         // Not by QProcess: once that has started a program, ThreadSanitizer sees no lock of this thread any more.
         const QByteArray command = "exec dbus-daemon --nofork --print-address=1 --print-pid=1 --config-file=" +
-                                   configuration.fileName().toUtf8();
-        daemon.reset(::popen(command.constData(), "re"));
-        busAddress = QString::fromLatin1(nextLine());
-        daemonId = nextLine().toInt();
-        EXPECT_FALSE(busAddress.isEmpty()) << "dbus-daemon does not start";
+                                   configuration_.fileName().toUtf8();
+        daemon_.reset(::popen(command.constData(), "re"));
+        busAddress_ = QString::fromLatin1(nextLine());
+        daemonId_ = nextLine().toInt();
+        EXPECT_FALSE(busAddress_.isEmpty()) << "dbus-daemon does not start";
     }
     ~SessionBus()
     {
-        while (connections > 0) {
-            QDBusConnection::disconnectFromBus(busAddress + QString::number(--connections));
+        while (connections_ > 0) {
+            QDBusConnection::disconnectFromBus(busAddress_ + QString::number(--connections_));
         }
-        if (daemonId > 0) {
-            ::kill(daemonId, SIGTERM); // and the stream's end waits for it
+        if (daemonId_ > 0) {
+            ::kill(daemonId_, SIGTERM); // and the stream's end waits for it
         }
     }
     SessionBus(const SessionBus &) = delete;
     SessionBus &operator=(const SessionBus &) = delete;
 
-    QString address() const { return busAddress; }
+    QString address() const { return busAddress_; }
     /// A new connection, as another program would have; closed with the bus. On any thread.
     QDBusConnection connect() const
     {
-        return QDBusConnection::connectToBus(busAddress, busAddress + QString::number(connections++));
+        return QDBusConnection::connectToBus(busAddress_, busAddress_ + QString::number(connections_++));
     }
 
 private:
     QByteArray nextLine() const
     {
         std::array<char, 1024> line{};
-        return QByteArray(std::fgets(line.data(), line.size(), daemon.get())).trimmed();
+        return QByteArray(std::fgets(line.data(), line.size(), daemon_.get())).trimmed();
     }
 
-    QTemporaryFile configuration;
-    std::unique_ptr<std::FILE, int (*)(std::FILE *)> daemon{nullptr, ::pclose};
-    pid_t daemonId = 0;
-    QString busAddress; ///< like no other bus's
-    mutable std::atomic<int> connections = 0;
+    QTemporaryFile configuration_;
+    std::unique_ptr<std::FILE, int (*)(std::FILE *)> daemon_{nullptr, ::pclose};
+    pid_t daemonId_ = 0;
+    QString busAddress_; ///< like no other bus's
+    mutable std::atomic<int> connections_ = 0;
 };

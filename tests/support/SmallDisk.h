@@ -8,18 +8,18 @@
 /// A disk of a few KiB over a folder, for as long as this lives. Only root can have one, and not everywhere.
 class SmallDisk {
 public:
-    SmallDisk(const QByteArray &folder, int kibibytes) : path(folder)
+    SmallDisk(const QByteArray &path, int kibibytes) : path_(path)
     {
         const QByteArray options = "size=" + QByteArray::number(kibibytes) + 'k';
-        mounted = ::mount("none", path.constData(), "tmpfs", 0, options.constData()) == 0;
+        mounted_ = ::mount("none", path_.constData(), "tmpfs", 0, options.constData()) == 0;
     }
-    ~SmallDisk() { EXPECT_TRUE(!mounted || ::umount(path.constData()) == 0); }
+    ~SmallDisk() { EXPECT_TRUE(!mounted_ || ::umount(path_.constData()) == 0); }
     SmallDisk(const SmallDisk &) = delete;
     SmallDisk &operator=(const SmallDisk &) = delete;
 
-    bool isMounted() const { return mounted; }
+    bool isMounted() const { return mounted_; }
 
 private:
-    QByteArray path;
-    bool mounted = false;
+    QByteArray path_;
+    bool mounted_ = false;
 };

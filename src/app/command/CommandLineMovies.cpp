@@ -4,40 +4,36 @@
 
 #include <utility>
 
-CommandLineMovies::CommandLineMovies(QStringList paths, MovieLoader movieLoader, ClipRange range, Events movieEvents,
-                                     const CancelFlag &cancelFlag) :
-    candidates(std::move(paths)),
-    loader(movieLoader),
-    clip(range),
-    events(std::move(movieEvents)),
-    cancelled(cancelFlag)
+CommandLineMovies::CommandLineMovies(QStringList candidates, MovieLoader loader, ClipRange clip, Events events,
+                                     const CancelFlag &cancelled) :
+    candidates_(std::move(candidates)), loader_(loader), clip_(clip), events_(std::move(events)), cancelled_(cancelled)
 {
 }
 
 int CommandLineMovies::count()
 {
-    return static_cast<int>(candidates.size());
+    return static_cast<int>(candidates_.size());
 }
 
 std::shared_ptr<KTMovieObject> CommandLineMovies::movieAt(int index)
 {
-    const QString &path = candidates.at(index);
-    events.loading(path, index);
-    const MovieLoader::Result result = loader.load(path, cancelled);
+    const QString &path = candidates_.at(index);
+    events_.loading(path, index);
+    const MovieLoader::Result result = loader_.load(path, cancelled_);
     if (!result.movie) {
-        if (!cancelled) {
-            events.unreadable(path, result.problem);
+        if (!cancelled_) {
+            events_.unreadable(path, result.problem);
         }
         return nullptr;
     }
     CollageSettings settings = result.movie->settings();
-    settings.startPoint = clip.start.value_or(settings.startPoint);
-    settings.endPoint = clip.end.value_or(settings.endPoint);
+    settings.startPoint = clip_.start.value_or(settings.startPoint);
+    settings.endPoint = clip_.end.value_or(settings.endPoint);
     result.movie->setSettings(settings);
     return result.movie;
 }
 
 void CommandLineMovies::removeAll()
 {
-    candidates.clear();
+    candidates_.clear();
 }

@@ -35,9 +35,9 @@ public:
     void removeAll() override;
 
 private:
-    QStringList candidates;
-    MovieLoader loader;
-    ClipRange clip;
-    Events events;
-    const CancelFlag &cancelled;
+    QStringList candidates_;
+    MovieLoader loader_;
+    ClipRange clip_;
+    Events events_;
+    const CancelFlag &cancelled_;
 };

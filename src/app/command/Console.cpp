@@ -88,8 +88,8 @@ QString stateText(const ExportProgress &progress, const QString &remaining)
 
 } // namespace
 
-Console::Console(std::FILE *resultStream, std::FILE *messageStream, bool isQuiet) :
-    results(resultStream), messages(messageStream), quiet(isQuiet), isTerminal(isatty(fileno(messageStream)) == 1)
+Console::Console(std::FILE *results, std::FILE *messages, bool quiet) :
+    results_(results), messages_(messages), quiet_(quiet), isTerminal_(isatty(fileno(messages)) == 1)
 {
 }
 
@@ -101,16 +101,16 @@ Console::~Console()
 bool Console::printResult(const QString &path)
 {
     clearBar();
-    const QByteArray line = isatty(fileno(results)) == 1 ? quotedForShell(path) : PathText::toBytes(path);
-    const bool printed = std::fprintf(results, "%s\n", line.constData()) >= 0;
-    return (std::fflush(results) == 0 && printed) || errno == EPIPE;
+    const QByteArray line = isatty(fileno(results_)) == 1 ? quotedForShell(path) : PathText::toBytes(path);
+    const bool printed = std::fprintf(results_, "%s\n", line.constData()) >= 0;
+    return (std::fflush(results_) == 0 && printed) || errno == EPIPE;
 }
 
 void Console::printMessage(const QString &text)
 {
     clearBar();
-    std::fprintf(messages, "tessarine: %s\n", PathText::toBytes(text).constData());
-    std::fflush(messages);
+    std::fprintf(messages_, "tessarine: %s\n", PathText::toBytes(text).constData());
+    std::fflush(messages_);
 }
 
 void Console::printMessage(const QString &path, const QString &reason)
@@ -120,43 +120,43 @@ void Console::printMessage(const QString &path, const QString &reason)
 
 void Console::showProgress(const ExportProgress &progress)
 {
-    if (quiet) {
+    if (quiet_) {
         return;
     }
-    if (isTerminal) {
+    if (isTerminal_) {
         showBar(progress);
         return;
     }
-    if (std::exchange(lastMovie, progress.movie) != progress.movie) {
+    if (std::exchange(lastMovie_, progress.movie) != progress.movie) {
         printProgress(movieNumber(progress) + u": " + movieName(progress));
     }
-    if (progress.waited >= longWait && std::exchange(lastMovieWaitedFor, progress.movie) != progress.movie) {
+    if (progress.waited >= longWait && std::exchange(lastMovieWaitedFor_, progress.movie) != progress.movie) {
         printProgress(movieNumber(progress) + u": " + waitingText(progress));
     }
 }
 
 void Console::printProgress(const QString &text)
 {
-    std::fprintf(messages, "%s\n", qUtf8Printable(text));
-    std::fflush(messages);
+    std::fprintf(messages_, "%s\n", qUtf8Printable(text));
+    std::fflush(messages_);
 }
 
 void Console::showBar(const ExportProgress &progress)
 {
     const double done = fractionDone(progress);
-    const QString line = bar(done) + u' ' + movieNumber(progress) + u", " + stateText(progress, estimate.after(done)) +
+    const QString line = bar(done) + u' ' + movieNumber(progress) + u", " + stateText(progress, estimate_.after(done)) +
                          u"  " + movieName(progress);
     // One column stays free: some terminals wrap when the last one is written.
-    std::fprintf(messages, "\r%s\x1b[K", qUtf8Printable(line.left(widthOf(messages) - 1)));
-    std::fflush(messages);
-    barShown = true;
+    std::fprintf(messages_, "\r%s\x1b[K", qUtf8Printable(line.left(widthOf(messages_) - 1)));
+    std::fflush(messages_);
+    barShown_ = true;
 }
 
 void Console::clearBar()
 {
-    if (barShown) {
-        std::fprintf(messages, "\r\x1b[K");
-        std::fflush(messages);
-        barShown = false;
+    if (barShown_) {
+        std::fprintf(messages_, "\r\x1b[K");
+        std::fflush(messages_);
+        barShown_ = false;
     }
 }

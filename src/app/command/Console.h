@@ -35,12 +35,12 @@ private:
     void printProgress(const QString &text);
     void clearBar();
 
-    std::FILE *results;
-    std::FILE *messages;
-    bool quiet;
-    bool isTerminal;
-    bool barShown = false;
-    int lastMovie = -1;
-    int lastMovieWaitedFor = -1;
-    RemainingTime estimate;
+    std::FILE *results_;
+    std::FILE *messages_;
+    bool quiet_;
+    bool isTerminal_;
+    bool barShown_ = false;
+    int lastMovie_ = -1;
+    int lastMovieWaitedFor_ = -1;
+    RemainingTime estimate_;
 };

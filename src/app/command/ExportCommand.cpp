@@ -45,8 +45,8 @@ constexpr std::array afterExportKeys{PreferenceKeys::openAfterFinish, Preference
 
 } // namespace
 
-ExportCommand::ExportCommand(ExportOptions exportOptions, Services exportServices) :
-    options(std::move(exportOptions)), services(std::move(exportServices))
+ExportCommand::ExportCommand(ExportOptions options, Services services) :
+    options_(std::move(options)), services_(std::move(services))
 {
 }
 
@@ -61,38 +61,38 @@ ExportCommand::Status ExportCommand::run()
             updateProgress({path, index, count, 0, 0, {}, {}});
         };
         events.unreadable = [this](const QString &path, const QString &reason) { report(path, reason); };
-        CommandLineMovies movies(candidates, MovieLoader(services.defaults), {options.start, options.end},
-                                 std::move(events), services.cancelled);
+        CommandLineMovies movies(candidates, MovieLoader(services_.defaults), {options_.start, options_.end},
+                                 std::move(events), services_.cancelled);
         NobodyToAsk alert;
         NoDesktop workspace;
-        ExportJob({movies, services.grabber, services.defaults, alert, workspace, *this,
-                   [this] { return outputFolder(); }, services.cancelled})
+        ExportJob({movies, services_.grabber, services_.defaults, alert, workspace, *this,
+                   [this] { return outputFolder(); }, services_.cancelled})
             .run();
     }
-    if (services.cancelled) {
+    if (services_.cancelled) {
         return Interrupted;
     }
-    if (isRangeWrong) {
+    if (isRangeWrong_) {
         return WrongUsage;
     }
-    return someFailed ? SomeFailed : AllWritten;
+    return someFailed_ ? SomeFailed : AllWritten;
 }
 
 void ExportCommand::layOptionsOverDefaults()
 {
     // The window never takes this over from an earlier run either.
-    services.defaults.setVolatile(PreferenceKeys::sameAsOrigin, false);
-    for (const SettingOption &setting : options.settings) {
-        services.defaults.setVolatile(setting.key, setting.value);
-        if (setting.key == PreferenceKeys::outputFolder && !options.outputFolder) {
-            options.outputFolder = setting.value.toString();
+    services_.defaults.setVolatile(PreferenceKeys::sameAsOrigin, false);
+    for (const SettingOption &setting : options_.settings) {
+        services_.defaults.setVolatile(setting.key, setting.value);
+        if (setting.key == PreferenceKeys::outputFolder && !options_.outputFolder) {
+            options_.outputFolder = setting.value.toString();
         }
     }
-    if (options.beside) {
-        services.defaults.setVolatile(PreferenceKeys::sameAsOrigin, true);
+    if (options_.beside) {
+        services_.defaults.setVolatile(PreferenceKeys::sameAsOrigin, true);
     }
     for (const QLatin1StringView key : afterExportKeys) {
-        services.defaults.setVolatile(key, false);
+        services_.defaults.setVolatile(key, false);
     }
 }
 
@@ -101,67 +101,68 @@ QStringList ExportCommand::findCandidates()
     MovieCandidates::Events events;
     events.unreadable = [this](const QString &path, const QString &error) { report(path, error); };
     events.linkedTooOften = [this](const QString &path) {
-        services.console.printMessage(path, u"is not searched again, too many links lead to it"_s);
+        services_.console.printMessage(path, u"is not searched again, too many links lead to it"_s);
     };
     events.vobRefused = [this](const QString &path) {
         report(path, u"single .vob files are taken only with --set AppSupportVob=true"_s);
     };
     events.emptyFolder = [this](const QString &path) {
-        if (!services.cancelled) {
+        if (!services_.cancelled) {
             report(path, u"no movies in this folder"_s);
         }
     };
-    const QStringList formats = GlobalFun::getSupportedFmts(VXConfigManager(services.defaults));
-    return MovieCandidates::expand(options.paths, formats, services.defaults.boolValue(PreferenceKeys::appSupportVob),
-                                   events, services.cancelled);
+    const QStringList formats = GlobalFun::getSupportedFmts(VXConfigManager(services_.defaults));
+    return MovieCandidates::expand(options_.paths, formats, services_.defaults.boolValue(PreferenceKeys::appSupportVob),
+                                   events, services_.cancelled);
 }
 
 bool ExportCommand::prepareGivenFolder()
 {
-    if (!options.outputFolder) {
+    if (!options_.outputFolder) {
         return true; // made when the first image is there to be written
     }
-    if (GlobalFun::MakeSureFolderExsist(*options.outputFolder) && OutputFile::isWritableFolder(*options.outputFolder)) {
+    if (GlobalFun::MakeSureFolderExsist(*options_.outputFolder) &&
+        OutputFile::isWritableFolder(*options_.outputFolder)) {
         return true;
     }
-    report(*options.outputFolder, u"images cannot be written into this folder"_s);
+    report(*options_.outputFolder, u"images cannot be written into this folder"_s);
     return false;
 }
 
 QString ExportCommand::outputFolder() const
 {
-    if (options.outputFolder) {
-        return *options.outputFolder;
+    if (options_.outputFolder) {
+        return *options_.outputFolder;
     }
-    QString chosen = services.defaults.textValue(PreferenceKeys::outputFolder);
+    QString chosen = services_.defaults.textValue(PreferenceKeys::outputFolder);
     if (FileSystem::isFolder(chosen)) {
         return chosen;
     }
     // A chosen folder that is gone, on a disk that is not plugged in perhaps, is not made again somewhere else.
-    QString fallback = DefaultsSeed::outputFolderUnder(services.home);
+    QString fallback = DefaultsSeed::outputFolderUnder(services_.home);
     GlobalFun::MakeSureFolderExsist(fallback);
     return fallback;
 }
 
 void ExportCommand::report(const QString &path, const QString &reason)
 {
-    services.console.printMessage(path, reason);
-    someFailed = true;
+    services_.console.printMessage(path, reason);
+    someFailed_ = true;
 }
 
 void ExportCommand::updateProgress(const ExportProgress &progress)
 {
-    services.console.showProgress(progress);
+    services_.console.showProgress(progress);
 }
 
 void ExportCommand::movieEnded(const ExportResult &result)
 {
-    if (!result.imagePath.isEmpty() && !services.console.printResult(result.imagePath)) {
+    if (!result.imagePath.isEmpty() && !services_.console.printResult(result.imagePath)) {
         const std::error_code error(errno, std::generic_category());
         report(result.imagePath, u"is written, but cannot be told: "_s + QString::fromStdString(error.message()));
     }
     if (!result.reason.isEmpty()) {
         report(result.filePath, result.reason);
     }
-    isRangeWrong = isRangeWrong || (result.isRangeOutside && (options.start || options.end));
+    isRangeWrong_ = isRangeWrong_ || (result.isRangeOutside && (options_.start || options_.end));
 }

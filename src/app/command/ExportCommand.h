@@ -38,8 +38,8 @@ private:
     void movieEnded(const ExportResult &result) override;
     void exportEnded() override {}
 
-    ExportOptions options;
-    Services services;
-    bool someFailed = false;
-    bool isRangeWrong = false;
+    ExportOptions options_;
+    Services services_;
+    bool someFailed_ = false;
+    bool isRangeWrong_ = false;
 };

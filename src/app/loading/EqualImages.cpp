@@ -10,13 +10,13 @@ constexpr std::size_t mostKnown = 16;
 
 QImage EqualImages::shared(const QImage &image)
 {
-    const auto found = std::ranges::find(known, image);
-    if (found != known.end()) {
+    const auto found = std::ranges::find(known_, image);
+    if (found != known_.end()) {
         return *found;
     }
-    known.push_front(image);
-    if (known.size() > mostKnown) {
-        known.pop_back();
+    known_.push_front(image);
+    if (known_.size() > mostKnown) {
+        known_.pop_back();
     }
     return image;
 }

@@ -12,5 +12,5 @@ public:
     QImage shared(const QImage &image);
 
 private:
-    std::deque<QImage> known;
+    std::deque<QImage> known_;
 };

@@ -4,20 +4,20 @@
 
 void JobSequence::add(Start start)
 {
-    if (running) {
-        waiting.push_back(std::move(start));
+    if (running_) {
+        waiting_.push_back(std::move(start));
         return;
     }
-    running = true;
+    running_ = true;
     start();
 }
 
 void JobSequence::finished()
 {
-    running = false;
-    if (!waiting.empty()) {
-        Start next = std::move(waiting.front());
-        waiting.pop_front();
+    running_ = false;
+    if (!waiting_.empty()) {
+        Start next = std::move(waiting_.front());
+        waiting_.pop_front();
         add(std::move(next));
     }
 }

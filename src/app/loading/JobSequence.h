@@ -15,11 +15,11 @@ public:
     /// The running job has ended: starts the next one.
     void finished();
     /// Forgets the jobs that have not started.
-    void dropWaiting() { waiting.clear(); }
+    void dropWaiting() { waiting_.clear(); }
 
-    bool isRunning() const { return running; }
+    bool isRunning() const { return running_; }
 
 private:
-    std::deque<Start> waiting;
-    bool running = false;
+    std::deque<Start> waiting_;
+    bool running_ = false;
 };

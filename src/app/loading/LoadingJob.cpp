@@ -33,31 +33,32 @@ QImage fitted(const QImage &picture, qreal devicePixelRatio)
 
 } // namespace
 
-LoadingJob::LoadingJob(Services jobServices) : services(std::move(jobServices)), loader(services.defaults) {}
+LoadingJob::LoadingJob(Services services) : services_(std::move(services)), loader_(services_.defaults) {}
 
 void LoadingJob::add(const QStringList &paths, int indexToInsert)
 {
-    const std::scoped_lock lock(guard);
-    added.push_back({paths, indexToInsert});
+    const std::scoped_lock lock(guard_);
+    added_.push_back({paths, indexToInsert});
 }
 
 bool LoadingJob::hasMore() const
 {
-    const std::scoped_lock lock(guard);
-    return !added.empty();
+    const std::scoped_lock lock(guard_);
+    return !added_.empty();
 }
 
 void LoadingJob::loadMediasThread()
 {
-    for (;; ++next) {
+    for (;; ++next_) {
         takeUp();
-        if (services.bLoadingCanceled || next == candidates.size()) {
+        if (services_.bLoadingCanceled || next_ == candidates_.size()) {
             break;
         }
-        services.observer.loading(static_cast<int>(next), static_cast<int>(candidates.size()), candidates[next].path);
-        loadMovie(candidates[next]);
+        services_.observer.loading(static_cast<int>(next_), static_cast<int>(candidates_.size()),
+                                   candidates_[next_].path);
+        loadMovie(candidates_[next_]);
     }
-    services.observer.loadingEnded();
+    services_.observer.loadingEnded();
 }
 
 /// Before each movie, so that the count that is shown is that of all that has been handed over.
@@ -65,13 +66,13 @@ void LoadingJob::takeUp()
 {
     std::vector<Handover> taken;
     {
-        const std::scoped_lock lock(guard);
-        taken.swap(added);
+        const std::scoped_lock lock(guard_);
+        taken.swap(added_);
     }
     for (const Handover &each : taken) {
         const QStringList paths = findCandidates(each.paths);
         for (const QString &path : paths) {
-            candidates.push_back({path, each.indexToInsert});
+            candidates_.push_back({path, each.indexToInsert});
         }
     }
 }
@@ -85,32 +86,33 @@ QStringList LoadingJob::findCandidates(const QStringList &paths) const
     events.linkedTooOften = [](const QString &path) {
         qCWarning(lcTessarine).noquote() << "too many links lead to" << PathText::forDisplay(path);
     };
-    events.folder = [this](const QString &path) { services.observer.folderFound(path); };
-    return MovieCandidates::expand(paths, GlobalFun::getSupportedFmts(VXConfigManager(services.defaults)),
-                                   services.defaults.boolValue(PreferenceKeys::appSupportVob), events,
-                                   services.bLoadingCanceled);
+    events.folder = [this](const QString &path) { services_.observer.folderFound(path); };
+    return MovieCandidates::expand(paths, GlobalFun::getSupportedFmts(VXConfigManager(services_.defaults)),
+                                   services_.defaults.boolValue(PreferenceKeys::appSupportVob), events,
+                                   services_.bLoadingCanceled);
 }
 
 QImage LoadingJob::preview(const KTMovieObject &movie) const
 {
-    const QString facts = getMetaStrWithObject(movie, services.defaults.int32Value(PreferenceKeys::metadataText));
-    return renderCollagePreview(listPreviewSize, services.devicePixelRatio, movie.settings(), facts,
-                                previewPlaceholder(services.devicePixelRatio));
+    const QString facts = getMetaStrWithObject(movie, services_.defaults.int32Value(PreferenceKeys::metadataText));
+    return renderCollagePreview(listPreviewSize, services_.devicePixelRatio, movie.settings(), facts,
+                                previewPlaceholder(services_.devicePixelRatio));
 }
 
 void LoadingJob::loadMovie(const Candidate &candidate) const
 try {
-    const auto movie = loader.load(candidate.path, services.bMovieDropped).movie;
+    const auto movie = loader_.load(candidate.path, services_.bMovieDropped).movie;
     if (!movie) {
         return;
     }
-    const GrabbedFrame frame = services.grabber.createThumbnail(candidate.path, thumbnailTime, services.bMovieDropped);
-    if (services.bMovieDropped) {
+    const GrabbedFrame frame =
+        services_.grabber.createThumbnail(candidate.path, thumbnailTime, services_.bMovieDropped);
+    if (services_.bMovieDropped) {
         return; // there is no thumbnail, or none of this movie
     }
-    movie->setImgThumbnail(fitted(frame.picture, services.devicePixelRatio));
-    movie->setImgPreview(services.previews.shared(preview(*movie)));
-    services.observer.loaded(movie, candidate.indexToInsert);
+    movie->setImgThumbnail(fitted(frame.picture, services_.devicePixelRatio));
+    movie->setImgPreview(services_.previews.shared(preview(*movie)));
+    services_.observer.loaded(movie, candidate.indexToInsert);
 } catch (const std::bad_alloc &) { // this movie's frames are too large for the memory there is
     qCWarning(lcTessarine).noquote() << "error: not enough memory for" << PathText::forDisplay(candidate.path);
 }

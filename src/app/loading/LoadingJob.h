@@ -71,10 +71,10 @@ private:
     QImage preview(const KTMovieObject &movie) const;
     void loadMovie(const Candidate &candidate) const;
 
-    Services services;
-    MovieLoader loader;
-    std::vector<Candidate> candidates; ///< of all walks; the loading thread's
-    std::size_t next = 0;
-    mutable std::mutex guard; ///< of the one below
-    std::vector<Handover> added;
+    Services services_;
+    MovieLoader loader_;
+    std::vector<Candidate> candidates_; ///< of all walks; the loading thread's
+    std::size_t next_ = 0;
+    mutable std::mutex guard_; ///< of the one below
+    std::vector<Handover> added_;
 };

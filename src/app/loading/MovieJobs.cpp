@@ -36,110 +36,110 @@ QString waitingText(const ExportProgress &progress)
 /// A batch, and what it tells on its thread to the list and to the main thread.
 class MovieJobs::Loading final : public LoadingObserver, public std::enable_shared_from_this<Loading> {
 public:
-    explicit Loading(MovieJobs &movieJobs) :
-        jobs(movieJobs),
-        job({jobs.services.defaults, jobs.services.grabber, jobs.previews, qGuiApp->devicePixelRatio(), *this,
-             jobs.bLoadingCanceled, jobs.bMovieDropped})
+    explicit Loading(MovieJobs &jobs) :
+        jobs_(jobs),
+        job_({jobs_.services_.defaults, jobs_.services_.grabber, jobs_.previews_, qGuiApp->devicePixelRatio(), *this,
+              jobs_.bLoadingCanceled, jobs_.bMovieDropped})
     {
     }
 
-    void add(const QStringList &paths, int indexToInsert) { job.add(paths, indexToInsert); }
+    void add(const QStringList &paths, int indexToInsert) { job_.add(paths, indexToInsert); }
     void start()
     {
-        jobs.view.jobStarted(JobsView::Kind::Loading, u"Loading..."_s);
-        jobs.bLoadingCanceled = false;
-        jobs.bMovieDropped = false;
-        jobs.cancelPatience.stop();
-        estimate = {};
+        jobs_.view_.jobStarted(JobsView::Kind::Loading, u"Loading..."_s);
+        jobs_.bLoadingCanceled = false;
+        jobs_.bMovieDropped = false;
+        jobs_.cancelPatience_.stop();
+        estimate_ = {};
         walk();
     }
 
 private:
     void walk()
     {
-        jobs.loadingThread = std::jthread([self = shared_from_this()] {
+        jobs_.loadingThread_ = std::jthread([self = shared_from_this()] {
             const AlternateStack stack;
-            self->job.loadMediasThread();
+            self->job_.loadMediasThread();
         });
     }
     void loading(int index, int count, const QString &filePath) override
     {
         const double fraction = static_cast<double>(index) / count;
-        jobs.services.mainQueue.async([self = shared_from_this(), fraction, filePath,
-                                       remaining = estimate.after(fraction),
-                                       text = u"Loading %1 of %2"_s.arg(index + 1).arg(count)] {
-            self->jobs.view.jobProgress(fraction, text, PathText::forDisplay(filePath), {}, remaining);
+        jobs_.services_.mainQueue.async([self = shared_from_this(), fraction, filePath,
+                                         remaining = estimate_.after(fraction),
+                                         text = u"Loading %1 of %2"_s.arg(index + 1).arg(count)] {
+            self->jobs_.view_.jobProgress(fraction, text, PathText::forDisplay(filePath), {}, remaining);
         });
     }
     void loaded(const std::shared_ptr<KTMovieObject> &movie, int indexToInsert) override
     {
         // Always at the same place: movies that come together stand in the list in reverse order.
-        jobs.services.aryItems.insert(indexToInsert, movie);
+        jobs_.services_.aryItems.insert(indexToInsert, movie);
     }
-    void folderFound(const QString &path) override { jobs.services.trustedFolders.addToBookmarkWithURL(path); }
+    void folderFound(const QString &path) override { jobs_.services_.trustedFolders.addToBookmarkWithURL(path); }
     void loadingEnded() override
     {
-        jobs.services.mainQueue.async([self = shared_from_this()] { self->walkEnded(); });
+        jobs_.services_.mainQueue.async([self = shared_from_this()] { self->walkEnded(); });
     }
     /// On the main thread, as handing over is: nothing can come between the look for more and the end.
     void walkEnded()
     {
-        jobs.loadingThread.join();
-        if (!jobs.bLoadingCanceled && job.hasMore()) {
+        jobs_.loadingThread_.join();
+        if (!jobs_.bLoadingCanceled && job_.hasMore()) {
             walk();
             return;
         }
-        if (jobs.batch.get() == this) {
-            jobs.batch.reset();
+        if (jobs_.batch_.get() == this) {
+            jobs_.batch_.reset();
         }
-        jobs.finish(JobsView::Kind::Loading, {});
+        jobs_.finish(JobsView::Kind::Loading, {});
     }
 
-    MovieJobs &jobs;
-    LoadingJob job;
-    RemainingTime estimate;
+    MovieJobs &jobs_;
+    LoadingJob job_;
+    RemainingTime estimate_;
 };
 
 /// Takes what an export tells on its thread to the main thread.
 class MovieJobs::ExportReporter final : public ExportObserver, public std::enable_shared_from_this<ExportReporter> {
 public:
-    explicit ExportReporter(MovieJobs &movieJobs) : jobs(movieJobs) {}
+    explicit ExportReporter(MovieJobs &jobs) : jobs_(jobs) {}
 
     void updateProgress(const ExportProgress &progress) override
     {
         const double fraction = static_cast<double>(progress.tile) / static_cast<double>(progress.tileCount);
         const double done = (progress.movie + fraction) / progress.movieCount;
-        jobs.services.mainQueue.async(
+        jobs_.services_.mainQueue.async(
             [self = shared_from_this(), fraction, progress,
-             remaining = progress.waited.count() > 0 ? waitingText(progress) : estimate.after(done),
+             remaining = progress.waited.count() > 0 ? waitingText(progress) : estimate_.after(done),
              text = u"Creating Thumbnails ... %1 of %2"_s.arg(progress.movie + 1).arg(progress.movieCount)] {
-                self->jobs.view.jobProgress(fraction, text, PathText::forDisplay(progress.filePath), progress.picture,
-                                            remaining);
+                self->jobs_.view_.jobProgress(fraction, text, PathText::forDisplay(progress.filePath), progress.picture,
+                                              remaining);
             });
     }
     void movieEnded(const ExportResult &result) override
     {
         if (result.kind != ExportResult::Kind::Written) {
-            failures += PathText::forDisplay(result.filePath) + u": " + result.reason;
+            failures_ += PathText::forDisplay(result.filePath) + u": " + result.reason;
         }
     }
     void exportEnded() override
     {
-        jobs.services.mainQueue.async(
-            [self = shared_from_this()] { self->jobs.finish(JobsView::Kind::Export, self->failures); });
+        jobs_.services_.mainQueue.async(
+            [self = shared_from_this()] { self->jobs_.finish(JobsView::Kind::Export, self->failures_); });
     }
 
 private:
-    MovieJobs &jobs;
-    QStringList failures;
-    const RemainingTime estimate;
+    MovieJobs &jobs_;
+    QStringList failures_;
+    const RemainingTime estimate_;
 };
 
-MovieJobs::MovieJobs(Services jobServices, JobsView &jobsView) : services(std::move(jobServices)), view(jobsView)
+MovieJobs::MovieJobs(Services services, JobsView &view) : services_(std::move(services)), view_(view)
 {
-    cancelPatience.setSingleShot(true);
-    cancelPatience.setInterval(patienceAfterCancel);
-    cancelPatience.callOnTimeout([this] { bMovieDropped = true; });
+    cancelPatience_.setSingleShot(true);
+    cancelPatience_.setInterval(patienceAfterCancel);
+    cancelPatience_.callOnTimeout([this] { bMovieDropped = true; });
 }
 
 MovieJobs::~MovieJobs()
@@ -149,19 +149,19 @@ MovieJobs::~MovieJobs()
 
 void MovieJobs::loadMediasWithPaths(const QStringList &paths, int indexToInsert)
 {
-    const bool isNew = batch == nullptr;
+    const bool isNew = batch_ == nullptr;
     if (isNew) {
-        batch = std::make_shared<Loading>(*this);
+        batch_ = std::make_shared<Loading>(*this);
     }
-    batch->add(paths, indexToInsert);
+    batch_->add(paths, indexToInsert);
     if (isNew) {
-        sequence.add([loading = batch] { loading->start(); });
+        sequence_.add([loading = batch_] { loading->start(); });
     }
 }
 
 void MovieJobs::startExport(const QString &outputFolder)
 {
-    sequence.add([this, outputFolder] { runExport(outputFolder); });
+    sequence_.add([this, outputFolder] { runExport(outputFolder); });
 }
 
 void MovieJobs::runExport(const QString &outputFolder)
@@ -169,23 +169,23 @@ void MovieJobs::runExport(const QString &outputFolder)
     if (!exportQueue) {
         exportQueue = std::make_unique<SerialQueue>(u"loadQueue"_s);
     }
-    view.jobStarted(JobsView::Kind::Export, u"Creating thumbnails..."_s);
+    view_.jobStarted(JobsView::Kind::Export, u"Creating thumbnails..."_s);
     bExportCanceled = false;
     const auto reporter = std::make_shared<ExportReporter>(*this);
     const auto job = std::make_shared<ExportJob>(
-        ExportServices{services.aryItems, services.grabber, services.defaults, services.alert, services.workspace,
+        ExportServices{services_.aryItems, services_.grabber, services_.defaults, services_.alert, services_.workspace,
                        *reporter, [outputFolder] { return outputFolder; }, bExportCanceled});
     exportQueue->async([job, reporter] { job->run(); });
 }
 
 void MovieJobs::cancel()
 {
-    sequence.dropWaiting();
-    batch.reset(); // what is handed over from now on is a new wish
+    sequence_.dropWaiting();
+    batch_.reset(); // what is handed over from now on is a new wish
     bLoadingCanceled = true;
     bExportCanceled = true;
-    if (!cancelPatience.isActive()) {
-        cancelPatience.start();
+    if (!cancelPatience_.isActive()) {
+        cancelPatience_.start();
     }
 }
 
@@ -197,11 +197,11 @@ void MovieJobs::abort()
 
 void MovieJobs::hold()
 {
-    sequence.add([] {}); // a job that does nothing, until somebody says that it has ended
+    sequence_.add([] {}); // a job that does nothing, until somebody says that it has ended
 }
 
 void MovieJobs::finish(JobsView::Kind kind, const QStringList &failures)
 {
-    view.jobEnded(kind, failures);
-    sequence.finished();
+    view_.jobEnded(kind, failures);
+    sequence_.finished();
 }

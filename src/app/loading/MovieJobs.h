@@ -71,11 +71,11 @@ public:
     /// The same for a program that ends: nothing is finished.
     void abort();
     /// Whether a job is running, or held off.
-    bool isRunning() const { return sequence.isRunning(); }
+    bool isRunning() const { return sequence_.isRunning(); }
 
     /// While none is running: lets none start until release().
     void hold();
-    void release() { sequence.finished(); }
+    void release() { sequence_.finished(); }
 
 private:
     class Loading;
@@ -84,15 +84,15 @@ private:
     void runExport(const QString &outputFolder);
     void finish(JobsView::Kind kind, const QStringList &failures);
 
-    Services services;
-    JobsView &view;
-    JobSequence sequence;
-    std::shared_ptr<Loading> batch; // that takes what is handed over: waits or runs, and is not cancelled
+    Services services_;
+    JobsView &view_;
+    JobSequence sequence_;
+    std::shared_ptr<Loading> batch_; // that takes what is handed over: waits or runs, and is not cancelled
     CancelFlag bLoadingCanceled = false;
     CancelFlag bMovieDropped = false;
-    QTimer cancelPatience; // runs out when a cancelled batch does not end
+    QTimer cancelPatience_; // runs out when a cancelled batch does not end
     CancelFlag bExportCanceled = false;
-    EqualImages previews; // of the loading thread
-    std::jthread loadingThread;
+    EqualImages previews_; // of the loading thread
+    std::jthread loadingThread_;
     std::unique_ptr<SerialQueue> exportQueue; // from the first export on
 };

@@ -24,6 +24,6 @@ public:
     void remove(const Movies &movies);
 
 private:
-    mutable std::mutex guard;
-    Movies items;
+    mutable std::mutex guard_;
+    Movies items_;
 };

@@ -26,7 +26,7 @@ QString notAMovie(VXMediaType type)
 
 } // namespace
 
-MovieLoader::MovieLoader(const UserDefaults &userDefaults) : defaults(userDefaults) {}
+MovieLoader::MovieLoader(const UserDefaults &defaults) : defaults_(defaults) {}
 
 MovieLoader::Result MovieLoader::load(const QString &path, const CancelFlag &cancelled) const
 try {
@@ -41,7 +41,7 @@ try {
     if (movie->eumMediaType != VXMediaType::Movie) {
         return {nullptr, notAMovie(movie->eumMediaType)};
     }
-    movie->setSettings(DefaultParameters::settingsOfNewMovie(defaults, *movie));
+    movie->setSettings(DefaultParameters::settingsOfNewMovie(defaults_, *movie));
     return {movie, {}};
 } catch (const std::bad_alloc &) {
     return {nullptr, u"there is not enough memory to read it"_s};

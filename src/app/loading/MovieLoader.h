@@ -23,5 +23,5 @@ public:
     Result load(const QString &path, const CancelFlag &cancelled) const;
 
 private:
-    const UserDefaults &defaults;
+    const UserDefaults &defaults_;
 };

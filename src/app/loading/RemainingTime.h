@@ -15,10 +15,10 @@ public:
         if (done <= 0.0) {
             return {};
         }
-        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - started;
+        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - started_;
         return GlobalFun::getEstimateStrBySecond(elapsed.count() / done * (1.0 - done));
     }
 
 private:
-    std::chrono::steady_clock::time_point started = std::chrono::steady_clock::now();
+    std::chrono::steady_clock::time_point started_ = std::chrono::steady_clock::now();
 };

@@ -16,18 +16,20 @@
 
 using namespace Qt::StringLiterals;
 
-AppDelegate::AppDelegate(Services appServices) :
-    services(std::move(appServices)), config(services.defaults), trustedFolders(services.defaults, services.bookmarks)
+AppDelegate::AppDelegate(Services services) :
+    services_(std::move(services)),
+    config_(services_.defaults),
+    trustedFolders_(services_.defaults, services_.bookmarks)
 {
-    window = std::make_unique<MainWindowController>(
-        MainWindowController::Services{.defaults = services.defaults,
-                                       .grabber = services.grabber,
-                                       .trustedFolders = trustedFolders,
-                                       .notifications = notifications,
-                                       .desktop = services.desktop,
-                                       .mainQueue = services.mainQueue,
-                                       .home = services.home,
-                                       .experimental = config.experimental(),
+    window_ = std::make_unique<MainWindowController>(
+        MainWindowController::Services{.defaults = services_.defaults,
+                                       .grabber = services_.grabber,
+                                       .trustedFolders = trustedFolders_,
+                                       .notifications = notifications_,
+                                       .desktop = services_.desktop,
+                                       .mainQueue = services_.mainQueue,
+                                       .home = services_.home,
+                                       .experimental = config_.experimental(),
                                        .showPreferences = [this] { preferencesDown(); }});
     if (qEnvironmentVariable("TESSARINE_DEBUG_MENU") == u'1') {
         addDebugMenu();
@@ -42,15 +44,15 @@ void AppDelegate::applicationDidFinishLaunching()
     if (!preferWndCtl) {
         buildPreferencesWindow();
     }
-    window->show();
-    window->appLaunched();
-    config.getOnlineConfig(services.service, Bundle::main());
+    window_->show();
+    window_->appLaunched();
+    config_.getOnlineConfig(services_.service, Bundle::main());
 }
 
 void AppDelegate::addDebugMenu()
 {
     //% "Debug"
-    QMenu *menu = window->menuBar()->addMenu(qtTrId("debug_menu"));
+    QMenu *menu = window_->menuBar()->addMenu(qtTrId("debug_menu"));
     //% "Crash"
     QAction *crash = menu->addAction(qtTrId("debug_crash"));
     crash->setObjectName(u"crashapp"_s);
@@ -64,16 +66,16 @@ void AppDelegate::crashapp()
 
 void AppDelegate::buildPreferencesWindow()
 {
-    panes.push_back(std::make_unique<RBGeneralPreferViewCtl>(services.defaults));
-    panes.push_back(std::make_unique<RBMetadataPrefViewCtl>(services.defaults, notifications));
+    panes_.push_back(std::make_unique<RBGeneralPreferViewCtl>(services_.defaults));
+    panes_.push_back(std::make_unique<RBMetadataPrefViewCtl>(services_.defaults, notifications_));
     //% "Preferences"
-    preferWndCtl = std::make_unique<MASPreferencesWindowController>(panes, qtTrId("Preferences"), services.defaults);
-    panes.push_back(
-        std::make_unique<VXTrustedPathViewCtl>(trustedFolders, services.desktop.openPanel, services.mainQueue));
+    preferWndCtl = std::make_unique<MASPreferencesWindowController>(panes_, qtTrId("Preferences"), services_.defaults);
+    panes_.push_back(
+        std::make_unique<VXTrustedPathViewCtl>(trustedFolders_, services_.desktop.openPanel, services_.mainQueue));
     // Showing the third pane once makes it resolve the remembered folders before any work needs them. The window opens
     // with the first one, whatever was selected last time.
     preferWndCtl->window();
-    if (preferWndCtl->selectedViewController() != panes.back().get()) {
+    if (preferWndCtl->selectedViewController() != panes_.back().get()) {
         preferWndCtl->selectControllerAtIndex(2);
     }
     preferWndCtl->selectControllerAtIndex(0);
@@ -81,13 +83,13 @@ void AppDelegate::buildPreferencesWindow()
 
 bool AppDelegate::openFile(const QString &path)
 {
-    window->loadMediasWithPaths({path}, 0);
+    window_->loadMediasWithPaths({path}, 0);
     return true;
 }
 
 void AppDelegate::applicationWillTerminate()
 {
-    services.defaults.synchronize();
+    services_.defaults.synchronize();
 }
 
 void AppDelegate::preferencesDown()
@@ -97,5 +99,5 @@ void AppDelegate::preferencesDown()
 
 QString AppDelegate::getMetaStrWithObject(const VXMediaInfoItem &movie) const
 {
-    return ::getMetaStrWithObject(movie, services.defaults.int32Value(PreferenceKeys::metadataText));
+    return ::getMetaStrWithObject(movie, services_.defaults.int32Value(PreferenceKeys::metadataText));
 }

@@ -53,17 +53,17 @@ public:
     /// The block of facts about the movie, as the settings choose them.
     QString getMetaStrWithObject(const VXMediaInfoItem &movie) const;
 
-    MainWindowController &mainWindow() { return *window; }
+    MainWindowController &mainWindow() { return *window_; }
 
 private:
     void buildPreferencesWindow();
     void addDebugMenu();
 
-    Services services;
-    VXConfigManager config;
-    NotificationCenter notifications;
-    TrustedFolders trustedFolders;
-    std::unique_ptr<MainWindowController> window;
-    std::vector<std::unique_ptr<PreferencePane>> panes; // the preferences window keeps this very list
+    Services services_;
+    VXConfigManager config_;
+    NotificationCenter notifications_;
+    TrustedFolders trustedFolders_;
+    std::unique_ptr<MainWindowController> window_;
+    std::vector<std::unique_ptr<PreferencePane>> panes_; // the preferences window keeps this very list
     std::unique_ptr<MASPreferencesWindowController> preferWndCtl;
 };

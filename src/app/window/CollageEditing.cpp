@@ -9,27 +9,24 @@
 
 #include <utility>
 
-CollageEditing::CollageEditing(Services editingServices, QWidget &mainWindow) :
-    services(std::move(editingServices)), window(mainWindow)
-{
-}
+CollageEditing::CollageEditing(Services services, QWidget &window) : services_(std::move(services)), window_(window) {}
 
 CollageEditing::~CollageEditing() = default;
 
 std::vector<std::shared_ptr<KTMovieObject>> CollageEditing::aryItems() const
 {
-    return services.movies.snapshot();
+    return services_.movies.snapshot();
 }
 
 void CollageEditing::reloadData()
 {
-    services.tableView.reloadData();
+    services_.tableView.reloadData();
 }
 
 int CollageEditing::selectedRow() const
 {
-    const std::vector<int> rows = services.tableView.selectedRows();
-    const int current = services.tableView.currentIndex().row();
+    const std::vector<int> rows = services_.tableView.selectedRows();
+    const int current = services_.tableView.currentIndex().row();
     if (std::ranges::find(rows, current) != rows.end()) {
         return current;
     }
@@ -38,27 +35,27 @@ int CollageEditing::selectedRow() const
 
 void CollageEditing::makeEditor()
 {
-    customWndCtl =
-        std::make_unique<KTCustomCollageWndCtl>(KTCustomCollageWndCtl::Services{.defaults = services.defaults,
-                                                                                .notifications = services.notifications,
-                                                                                .alert = services.alert,
-                                                                                .host = *this},
-                                                &window);
-    customWndCtl->addAction(&services.quit);
-    QObject::connect(customWndCtl.get(), &QDialog::finished, &window, [this] { services.jobs.release(); });
+    customWndCtl = std::make_unique<KTCustomCollageWndCtl>(
+        KTCustomCollageWndCtl::Services{.defaults = services_.defaults,
+                                        .notifications = services_.notifications,
+                                        .alert = services_.alert,
+                                        .host = *this},
+        &window_);
+    customWndCtl->addAction(&services_.quit);
+    QObject::connect(customWndCtl.get(), &QDialog::finished, &window_, [this] { services_.jobs.release(); });
 }
 
 void CollageEditing::customCollageDown()
 {
     const int row = selectedRow();
-    if (row < 0 || services.jobs.isRunning()) {
+    if (row < 0 || services_.jobs.isRunning()) {
         return;
     }
-    services.jobs.hold();
+    services_.jobs.hold();
     if (!customWndCtl) {
         makeEditor();
     }
-    const int count = services.movies.count();
+    const int count = services_.movies.count();
     // Away from the ends both buttons stay as the last use of the sheet has left them.
     if (row == 0) {
         customWndCtl->btnPrev().setEnabled(false);
@@ -72,7 +69,7 @@ void CollageEditing::customCollageDown()
             customWndCtl->btnPrev().setEnabled(true);
         }
     }
-    customWndCtl->flushWithKTObject(services.movies.movieAt(row));
+    customWndCtl->flushWithKTObject(services_.movies.movieAt(row));
     customWndCtl->open();
 }
 
@@ -85,8 +82,8 @@ void CollageEditing::cancel()
 
 void CollageEditing::showRow(int row)
 {
-    services.tableView.selectRowAlone(row);
-    customWndCtl->flushWithKTObject(services.movies.movieAt(row));
+    services_.tableView.selectRowAlone(row);
+    customWndCtl->flushWithKTObject(services_.movies.movieAt(row));
 }
 
 void CollageEditing::selectPrevMovie()
@@ -103,10 +100,10 @@ void CollageEditing::selectPrevMovie()
 void CollageEditing::selectNextMovie()
 {
     const int row = selectedRow() + 1;
-    if (row >= services.movies.count()) {
+    if (row >= services_.movies.count()) {
         return;
     }
-    customWndCtl->btnNext().setEnabled(row < services.movies.count() - 1);
+    customWndCtl->btnNext().setEnabled(row < services_.movies.count() - 1);
     showRow(row);
     customWndCtl->btnPrev().setEnabled(true);
 }

@@ -52,7 +52,7 @@ private:
     int selectedRow() const;
     void showRow(int row);
 
-    Services services;
-    QWidget &window;
+    Services services_;
+    QWidget &window_;
     std::unique_ptr<KTCustomCollageWndCtl> customWndCtl; // from the first opening on
 };

@@ -57,15 +57,15 @@ bool isStopped(uint process)
 /// that it came from.
 class DesktopService::Reception final : private QThread {
 public:
-    explicit Reception(QObject &receiver) : service(receiver), origin(receiver.thread())
+    explicit Reception(QObject &service) : service_(service), origin_(service.thread())
     {
-        service.moveToThread(this);
+        service_.moveToThread(this);
         start();
     }
     ~Reception() override
     {
         quit();
-        ended.wait(); // what the thread has done is seen from here on
+        ended_.wait(); // what the thread has done is seen from here on
         wait();
     }
 
@@ -74,18 +74,18 @@ private:
     {
         const AlternateStack stack;
         exec();
-        service.moveToThread(origin);
-        ended.count_down();
+        service_.moveToThread(origin_);
+        ended_.count_down();
     }
 
-    QObject &service;
-    QThread *const origin;
-    std::latch ended{1};
+    QObject &service_;
+    QThread *const origin_;
+    std::latch ended_{1};
 };
 
-DesktopService::DesktopService(QDBusConnection sessionBus, QString busName, Requests handlers,
-                               std::chrono::milliseconds hangTime) :
-    bus(std::move(sessionBus)), name(std::move(busName)), requests(std::move(handlers)), longestWait(hangTime)
+DesktopService::DesktopService(QDBusConnection bus, QString name, Requests requests,
+                               std::chrono::milliseconds longestWait) :
+    bus_(std::move(bus)), name_(std::move(name)), requests_(std::move(requests)), longestWait_(longestWait)
 {
     new ApplicationAdaptor(this);
 }
@@ -99,11 +99,11 @@ DesktopService::Outcome DesktopService::start(const QStringList &paths, const Ac
                                               const Patience &patience)
 {
     // The object comes before the name: whoever finds the name may call at once.
-    if (!bus.isConnected() || !bus.registerObject(objectPath(), this)) {
+    if (!bus_.isConnected() || !bus_.registerObject(objectPath(), this)) {
         return Outcome::Alone;
     }
-    isOnBus = true;
-    reception = std::make_unique<Reception>(*this);
+    isOnBus_ = true;
+    reception_ = std::make_unique<Reception>(*this);
     if (takeName()) {
         return Outcome::First;
     }
@@ -122,8 +122,8 @@ DesktopService::Outcome DesktopService::start(const QStringList &paths, const Ac
 void DesktopService::setReady()
 {
     {
-        const std::scoped_lock lock(mutex);
-        isReady = true;
+        const std::scoped_lock lock(mutex_);
+        isReady_ = true;
     }
     answerRequests();
 }
@@ -139,13 +139,14 @@ void DesktopService::Open(const QStringList &uris, const QVariantMap &platformDa
         }
     }
     if (!paths.isEmpty()) {
-        passOn([this, paths, token = ActivationToken::fromPlatformData(platformData)] { requests.open(paths, token); });
+        passOn(
+            [this, paths, token = ActivationToken::fromPlatformData(platformData)] { requests_.open(paths, token); });
     }
 }
 
 void DesktopService::Activate(const QVariantMap &platformData)
 {
-    passOn([this, token = ActivationToken::fromPlatformData(platformData)] { requests.activate(token); });
+    passOn([this, token = ActivationToken::fromPlatformData(platformData)] { requests_.activate(token); });
 }
 
 void DesktopService::ActivateAction(const QString &action, const QVariantList & /*parameters*/,
@@ -157,28 +158,28 @@ void DesktopService::ActivateAction(const QString &action, const QVariantList & 
 /// Where the desktop looks for it, by the name.
 QString DesktopService::objectPath() const
 {
-    return u'/' + QString(name).replace(u'.', u'/').replace(u'-', u'_');
+    return u'/' + QString(name_).replace(u'.', u'/').replace(u'-', u'_');
 }
 
 bool DesktopService::takeName()
 {
-    const auto reply = bus.interface()->registerService(name, QDBusConnectionInterface::DontQueueService,
-                                                        QDBusConnectionInterface::DontAllowReplacement);
+    const auto reply = bus_.interface()->registerService(name_, QDBusConnectionInterface::DontQueueService,
+                                                         QDBusConnectionInterface::DontAllowReplacement);
     return reply == QDBusConnectionInterface::ServiceRegistered;
 }
 
 bool DesktopService::handOver(const QStringList &paths, const ActivationToken &token, const Patience &patience)
 {
     const QString method = paths.isEmpty() ? u"Activate"_s : u"Open"_s;
-    QDBusMessage call = QDBusMessage::createMethodCall(name, objectPath(), interfaceName(), method);
+    QDBusMessage call = QDBusMessage::createMethodCall(name_, objectPath(), interfaceName(), method);
     call.setAutoStartService(false); // should it end now, this program takes its place, not a third one
     if (!paths.isEmpty()) {
         call << urisOf(paths);
     }
     call << token.platformData();
-    const QDBusPendingCall answer = bus.asyncCall(call, static_cast<int>(patience.whenBusy.count()));
+    const QDBusPendingCall answer = bus_.asyncCall(call, static_cast<int>(patience.whenBusy.count()));
     const QDeadlineTimer soon(patience.whenStopped);
-    while (!answer.isFinished() && !(soon.hasExpired() && isStopped(bus.interface()->servicePid(name)))) {
+    while (!answer.isFinished() && !(soon.hasExpired() && isStopped(bus_.interface()->servicePid(name_)))) {
         std::this_thread::sleep_for(std::chrono::milliseconds(5)); // there is no event loop yet, and a call no deadline
     }
     return answer.isFinished() && !answer.isError();
@@ -186,28 +187,28 @@ bool DesktopService::handOver(const QStringList &paths, const ActivationToken &t
 
 void DesktopService::stop()
 {
-    if (std::exchange(isOnBus, false)) {
-        bus.unregisterObject(objectPath());
-        bus.unregisterService(name);
+    if (std::exchange(isOnBus_, false)) {
+        bus_.unregisterObject(objectPath());
+        bus_.unregisterService(name_);
     }
-    reception.reset();
+    reception_.reset();
 }
 
 void DesktopService::passOn(std::function<void()> request)
 {
     const auto now = std::chrono::steady_clock::now();
-    const std::scoped_lock lock(mutex);
-    if (isReady && !waiting.empty() && now - waiting.front().since >= longestWait) {
+    const std::scoped_lock lock(mutex_);
+    if (isReady_ && !waiting_.empty() && now - waiting_.front().since >= longestWait_) {
         qCWarning(lcTessarine) << "the window does not answer";
         if (calledFromDBus()) {
             sendErrorReply(QDBusError::NoReply, u"the window does not answer"_s);
         }
         return;
     }
-    waiting.push_back({std::move(request), now});
-    if (isReady) {
+    waiting_.push_back({std::move(request), now});
+    if (isReady_) {
         QMetaObject::invokeMethod(
-            &mainThread, [this] { answerRequests(); }, Qt::QueuedConnection);
+            &mainThread_, [this] { answerRequests(); }, Qt::QueuedConnection);
     }
 }
 
@@ -215,8 +216,8 @@ void DesktopService::answerRequests()
 {
     std::vector<Waiting> taken;
     {
-        const std::scoped_lock lock(mutex);
-        taken.swap(waiting);
+        const std::scoped_lock lock(mutex_);
+        taken.swap(waiting_);
     }
     for (const Waiting &each : taken) {
         each.request();

@@ -39,8 +39,8 @@ public:
 
     /// The name is the one to have on the bus; a path on the bus follows from it. Calls are refused when one has been
     /// waiting for the main thread for `hangTime`: who makes them is better served by a program that works.
-    DesktopService(QDBusConnection sessionBus, QString busName, Requests handlers,
-                   std::chrono::milliseconds hangTime = std::chrono::seconds(15));
+    DesktopService(QDBusConnection bus, QString name, Requests requests,
+                   std::chrono::milliseconds longestWait = std::chrono::seconds(15));
     ~DesktopService() override;
 
     /// How long another start waits for the one that runs.
@@ -81,14 +81,14 @@ private:
     void passOn(std::function<void()> request);
     void answerRequests();
 
-    QDBusConnection bus;
-    QString name;
-    Requests requests;
-    bool isOnBus = false;
-    const std::chrono::milliseconds longestWait;
-    std::mutex mutex; ///< guards the two below
-    bool isReady = false;
-    std::vector<Waiting> waiting;         ///< for the main thread, once the program is ready
-    QObject mainThread;                   ///< requests are answered where and while it lives
-    std::unique_ptr<Reception> reception; ///< while on the bus; it uses all of the above
+    QDBusConnection bus_;
+    QString name_;
+    Requests requests_;
+    bool isOnBus_ = false;
+    const std::chrono::milliseconds longestWait_;
+    std::mutex mutex_; ///< guards the two below
+    bool isReady_ = false;
+    std::vector<Waiting> waiting_;         ///< for the main thread, once the program is ready
+    QObject mainThread_;                   ///< requests are answered where and while it lives
+    std::unique_ptr<Reception> reception_; ///< while on the bus; it uses all of the above
 };

@@ -57,11 +57,11 @@ JKDropInTipsView::JKDropInTipsView(QWidget *parent) : QWidget(parent)
 
 void JKDropInTipsView::setDefaultValue()
 {
-    normal = {QColor(236, 237, 235), QColor(162, 164, 166)};
-    highlight = {QColor(117, 187, 231), QColor(247, 249, 251)};
-    arrowWidth = 50.0;
-    arrowRectWidth = 100.0;
-    highlighted = false;
+    normal_ = {QColor(236, 237, 235), QColor(162, 164, 166)};
+    highlight_ = {QColor(117, 187, 231), QColor(247, 249, 251)};
+    arrowWidth_ = 50.0;
+    arrowRectWidth_ = 100.0;
+    highlighted_ = false;
     update();
 }
 
@@ -76,49 +76,49 @@ void JKDropInTipsView::change(Value &value, const Value &to)
 
 void JKDropInTipsView::setStrPromot(const QString &text)
 {
-    change(promot, text);
+    change(promot_, text);
     setAccessibleName(text);
 }
 
 void JKDropInTipsView::setClrNorBg(const QColor &color)
 {
-    change(normal.background, color);
+    change(normal_.background, color);
 }
 
 void JKDropInTipsView::setClrHlBg(const QColor &color)
 {
-    change(highlight.background, color);
+    change(highlight_.background, color);
 }
 
 void JKDropInTipsView::setClrNorArrowFill(const QColor &color)
 {
-    change(normal.arrow, color);
+    change(normal_.arrow, color);
 }
 
 void JKDropInTipsView::setClrHlArrowFill(const QColor &color)
 {
-    change(highlight.arrow, color);
+    change(highlight_.arrow, color);
 }
 
 void JKDropInTipsView::setFArrowWidth(double width)
 {
-    change(arrowWidth, width);
+    change(arrowWidth_, width);
 }
 
 void JKDropInTipsView::setFArrowRectWidth(double width)
 {
-    change(arrowRectWidth, width);
+    change(arrowRectWidth_, width);
 }
 
 void JKDropInTipsView::setBHighlighted(bool isHighlighted)
 {
-    change(highlighted, isHighlighted);
+    change(highlighted_, isHighlighted);
 }
 
 void JKDropInTipsView::paintEvent(QPaintEvent * /*event*/)
 {
-    const Colors &colors = highlighted ? highlight : normal;
-    const double side = arrowRectWidth;
+    const Colors &colors = highlighted_ ? highlight_ : normal_;
+    const double side = arrowRectWidth_;
     const QRectF square((width() - side) / 2.0, (height() - side) / 2.0, side, side);
 
     QPainter painter(this);
@@ -126,13 +126,13 @@ void JKDropInTipsView::paintEvent(QPaintEvent * /*event*/)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(dashedPen(colors.arrow));
     painter.drawRoundedRect(square, cornerRadius, cornerRadius);
-    painter.fillPath(arrow(square, arrowWidth), colors.arrow);
+    painter.fillPath(arrow(square, arrowWidth_), colors.arrow);
     drawText(painter, square, colors.arrow);
 }
 
 void JKDropInTipsView::drawText(QPainter &painter, const QRectF &square, const QColor &color) const
 {
-    if (promot.isEmpty()) {
+    if (promot_.isEmpty()) {
         return;
     }
     QFont large = font();
@@ -143,7 +143,7 @@ void JKDropInTipsView::drawText(QPainter &painter, const QRectF &square, const Q
     const double top = square.bottom() + textDistance;
     const QRectF room(textMargin, top, width() - 2.0 * textMargin, height() - top);
     painter.setPen(Qt::white);
-    painter.drawText(room.translated(textShadow), promot, wrapped);
+    painter.drawText(room.translated(textShadow), promot_, wrapped);
     painter.setPen(color);
-    painter.drawText(room, promot, wrapped);
+    painter.drawText(room, promot_, wrapped);
 }

@@ -16,25 +16,25 @@ public:
     /// Back to the usual colours and lengths; the text stays.
     void setDefaultValue();
 
-    QString strPromot() const { return promot; }
+    QString strPromot() const { return promot_; }
     void setStrPromot(const QString &text);
 
-    QColor clrNorBg() const { return normal.background; }
+    QColor clrNorBg() const { return normal_.background; }
     void setClrNorBg(const QColor &color);
-    QColor clrHlBg() const { return highlight.background; }
+    QColor clrHlBg() const { return highlight_.background; }
     void setClrHlBg(const QColor &color);
-    QColor clrNorArrowFill() const { return normal.arrow; }
+    QColor clrNorArrowFill() const { return normal_.arrow; }
     void setClrNorArrowFill(const QColor &color);
-    QColor clrHlArrowFill() const { return highlight.arrow; }
+    QColor clrHlArrowFill() const { return highlight_.arrow; }
     void setClrHlArrowFill(const QColor &color);
 
-    double fArrowWidth() const { return arrowWidth; }
+    double fArrowWidth() const { return arrowWidth_; }
     void setFArrowWidth(double width);
     /// The side of the square.
-    double fArrowRectWidth() const { return arrowRectWidth; }
+    double fArrowRectWidth() const { return arrowRectWidth_; }
     void setFArrowRectWidth(double width);
 
-    bool bHighlighted() const { return highlighted; }
+    bool bHighlighted() const { return highlighted_; }
     void setBHighlighted(bool highlighted);
 
 protected:
@@ -50,10 +50,10 @@ private:
     void change(Value &value, const Value &to);
     void drawText(QPainter &painter, const QRectF &square, const QColor &color) const;
 
-    QString promot;
-    Colors normal;
-    Colors highlight;
-    double arrowWidth = 0.0;
-    double arrowRectWidth = 0.0;
-    bool highlighted = false;
+    QString promot_;
+    Colors normal_;
+    Colors highlight_;
+    double arrowWidth_ = 0.0;
+    double arrowRectWidth_ = 0.0;
+    bool highlighted_ = false;
 };

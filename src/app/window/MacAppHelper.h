@@ -39,6 +39,6 @@ private:
     /// Reports are read and thrown away: nothing is sent of them.
     void handleCrashReport(const std::optional<CrashReportObject> &report) override;
 
-    Services services;
-    std::unique_ptr<HttpExchange> startupReport;
+    Services services_;
+    std::unique_ptr<HttpExchange> startupReport_;
 };

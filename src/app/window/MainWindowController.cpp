@@ -32,48 +32,50 @@ constexpr std::chrono::seconds patience(10);
 
 } // namespace
 
-MainWindowController::MainWindowController(Services windowServices) :
-    services(std::move(windowServices)), ui(std::make_unique<Ui::MainWindowController>()), model(aryItems)
+MainWindowController::MainWindowController(Services services) :
+    services_(std::move(services)), ui_(std::make_unique<Ui::MainWindowController>()), model_(aryItems)
 {
-    ui->setupUi(this);
-    ui->tableView->setMovies(model);
+    ui_->setupUi(this);
+    ui_->tableView->setMovies(model_);
     addToolbarItems();
     connectActions();
-    ui->tableView->setReloadDelegate(this);
-    ui->tableView->setDropDelegate(this);
-    ui->tableView->setDroppedFiles(services.desktop.droppedFiles);
-    loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services.notifications, this);
-    loadingWndCtl->addAction(ui->quit); // those of a window that a sheet blocks are not heard
-    cancelObservation =
-        services.notifications.observe(VXLoadingWndCtl::canceledNotification, [this] { loadingPrgCanceled(); });
-    jobs = std::make_unique<MovieJobs>(MovieJobs::Services{.aryItems = aryItems,
-                                                           .defaults = services.defaults,
-                                                           .grabber = services.grabber,
-                                                           .trustedFolders = services.trustedFolders,
-                                                           .alert = services.desktop.alert,
-                                                           .workspace = services.desktop.workspace,
-                                                           .mainQueue = services.mainQueue},
-                                       static_cast<JobsView &>(*this));
-    collageEditing = std::make_unique<CollageEditing>(CollageEditing::Services{.defaults = services.defaults,
-                                                                               .notifications = services.notifications,
-                                                                               .alert = services.desktop.alert,
-                                                                               .movies = aryItems,
-                                                                               .tableView = *ui->tableView,
-                                                                               .jobs = *jobs,
-                                                                               .quit = *ui->quit},
-                                                      *this);
-    outputFolder = std::make_unique<OutputFolderControls>(
-        OutputFolderControls::Widgets{ui->lblOutputPath, ui->btnBrowser, ui->btnOpen, ui->chkSameOrigin, ui->lblStatus},
-        OutputFolderControls::Services{.defaults = services.defaults,
-                                       .trustedFolders = services.trustedFolders,
-                                       .desktop = services.desktop,
-                                       .home = services.home,
+    ui_->tableView->setReloadDelegate(this);
+    ui_->tableView->setDropDelegate(this);
+    ui_->tableView->setDroppedFiles(services_.desktop.droppedFiles);
+    loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services_.notifications, this);
+    loadingWndCtl->addAction(ui_->quit); // those of a window that a sheet blocks are not heard
+    cancelObservation_ =
+        services_.notifications.observe(VXLoadingWndCtl::canceledNotification, [this] { loadingPrgCanceled(); });
+    jobs_ = std::make_unique<MovieJobs>(MovieJobs::Services{.aryItems = aryItems,
+                                                            .defaults = services_.defaults,
+                                                            .grabber = services_.grabber,
+                                                            .trustedFolders = services_.trustedFolders,
+                                                            .alert = services_.desktop.alert,
+                                                            .workspace = services_.desktop.workspace,
+                                                            .mainQueue = services_.mainQueue},
+                                        static_cast<JobsView &>(*this));
+    collageEditing_ =
+        std::make_unique<CollageEditing>(CollageEditing::Services{.defaults = services_.defaults,
+                                                                  .notifications = services_.notifications,
+                                                                  .alert = services_.desktop.alert,
+                                                                  .movies = aryItems,
+                                                                  .tableView = *ui_->tableView,
+                                                                  .jobs = *jobs_,
+                                                                  .quit = *ui_->quit},
+                                         *this);
+    outputFolder_ = std::make_unique<OutputFolderControls>(
+        OutputFolderControls::Widgets{ui_->lblOutputPath, ui_->btnBrowser, ui_->btnOpen, ui_->chkSameOrigin,
+                                      ui_->lblStatus},
+        OutputFolderControls::Services{.defaults = services_.defaults,
+                                       .trustedFolders = services_.trustedFolders,
+                                       .desktop = services_.desktop,
+                                       .home = services_.home,
                                        .moviePaths = [this] { return moviePaths(); }});
-    outputFolder->showStoredFolder();
-    ui->chkSameOrigin->setVisible(services.experimental);
+    outputFolder_->showStoredFolder();
+    ui_->chkSameOrigin->setVisible(services_.experimental);
     restoreLayout();
-    ui->tableView->setFocus(); // the keyboard starts in the list
-    ui->tableView->reloadData();
+    ui_->tableView->setFocus(); // the keyboard starts in the list
+    ui_->tableView->reloadData();
     updateActions();
 }
 
@@ -81,54 +83,54 @@ MainWindowController::~MainWindowController() = default;
 
 void MainWindowController::addToolbarItems()
 {
-    auto *space = new QWidget(ui->toolBar);
+    auto *space = new QWidget(ui_->toolBar);
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    ui->toolBar->addWidget(space);
-    ui->toolBar->addAction(ui->customcollage);
-    ui->toolBar->addAction(ui->preferences);
-    ui->importMovies->setIcon(symbolicIcon(u"import"_s));
-    ui->deleteMovies->setIcon(symbolicIcon(u"delete"_s));
-    ui->clearlibrary->setIcon(symbolicIcon(u"clear"_s));
-    ui->customcollage->setIcon(symbolicIcon(u"customcollage"_s));
-    ui->preferences->setIcon(symbolicIcon(u"preferences"_s));
+    ui_->toolBar->addWidget(space);
+    ui_->toolBar->addAction(ui_->customcollage);
+    ui_->toolBar->addAction(ui_->preferences);
+    ui_->importMovies->setIcon(symbolicIcon(u"import"_s));
+    ui_->deleteMovies->setIcon(symbolicIcon(u"delete"_s));
+    ui_->clearlibrary->setIcon(symbolicIcon(u"clear"_s));
+    ui_->customcollage->setIcon(symbolicIcon(u"customcollage"_s));
+    ui_->preferences->setIcon(symbolicIcon(u"preferences"_s));
 }
 
 void MainWindowController::connectActions()
 {
-    connect(ui->importMovies, &QAction::triggered, this, &MainWindowController::importMoviesDown);
-    for (const QAction *item : {ui->deleteMovies, ui->menuDelete}) {
+    connect(ui_->importMovies, &QAction::triggered, this, &MainWindowController::importMoviesDown);
+    for (const QAction *item : {ui_->deleteMovies, ui_->menuDelete}) {
         connect(item, &QAction::triggered, this, &MainWindowController::deleteDown);
     }
-    for (const QAction *item : {ui->clearlibrary, ui->menuClear}) {
+    for (const QAction *item : {ui_->clearlibrary, ui_->menuClear}) {
         connect(item, &QAction::triggered, this, &MainWindowController::clearDown);
     }
-    for (const QAction *item : {ui->customcollage, ui->menuCustomCollage}) {
+    for (const QAction *item : {ui_->customcollage, ui_->menuCustomCollage}) {
         connect(item, &QAction::triggered, this, &MainWindowController::customCollageDown);
     }
-    connect(ui->selectAll, &QAction::triggered, ui->tableView, &QAbstractItemView::selectAll);
+    connect(ui_->selectAll, &QAction::triggered, ui_->tableView, &QAbstractItemView::selectAll);
     // Not activated(): some desktops send it at every click.
-    connect(ui->tableView, &QAbstractItemView::doubleClicked, this, &MainWindowController::customCollageDown);
+    connect(ui_->tableView, &QAbstractItemView::doubleClicked, this, &MainWindowController::customCollageDown);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *shortcut = new QShortcut(key, ui->tableView, nullptr, nullptr, Qt::WidgetShortcut);
+        auto *shortcut = new QShortcut(key, ui_->tableView, nullptr, nullptr, Qt::WidgetShortcut);
         connect(shortcut, &QShortcut::activated, this, &MainWindowController::customCollageDown);
     }
-    connect(ui->preferences, &QAction::triggered, this, &MainWindowController::preferencesDown);
-    connect(ui->start, &QAction::triggered, this, &MainWindowController::startDown);
-    connect(ui->btnStart, &QPushButton::clicked, this, &MainWindowController::startDown);
-    connect(ui->quit, &QAction::triggered, this, &MainWindowController::quit);
-    connect(ui->about, &QAction::triggered, this, &MainWindowController::showAbout);
-    connect(ui->tableView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+    connect(ui_->preferences, &QAction::triggered, this, &MainWindowController::preferencesDown);
+    connect(ui_->start, &QAction::triggered, this, &MainWindowController::startDown);
+    connect(ui_->btnStart, &QPushButton::clicked, this, &MainWindowController::startDown);
+    connect(ui_->quit, &QAction::triggered, this, &MainWindowController::quit);
+    connect(ui_->about, &QAction::triggered, this, &MainWindowController::showAbout);
+    connect(ui_->tableView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MainWindowController::updateActions);
 }
 
 void MainWindowController::appLaunched()
 {
-    outputFolder->appLaunched();
+    outputFolder_->appLaunched();
 }
 
 void MainWindowController::loadMediasWithPaths(const QStringList &paths, int index)
 {
-    jobs->loadMediasWithPaths(paths, index);
+    jobs_->loadMediasWithPaths(paths, index);
 }
 
 void MainWindowController::importMoviesDown()
@@ -137,8 +139,8 @@ void MainWindowController::importMoviesDown()
     //% "Import movies"
     request.title = qtTrId("import_panel_title");
     request.files = request.folders = request.multiple = true;
-    request.extensions = GlobalFun::getSupportedFmts(services.experimental);
-    services.desktop.openPanel.open(request, [this](const QStringList &paths) {
+    request.extensions = GlobalFun::getSupportedFmts(services_.experimental);
+    services_.desktop.openPanel.open(request, [this](const QStringList &paths) {
         if (!paths.isEmpty()) {
             loadMediasWithPaths(paths, 0);
         }
@@ -147,8 +149,8 @@ void MainWindowController::importMoviesDown()
 
 void MainWindowController::deleteDown()
 {
-    aryItems.remove(ui->tableView->selectedMovies());
-    ui->tableView->reloadData();
+    aryItems.remove(ui_->tableView->selectedMovies());
+    ui_->tableView->reloadData();
     updateActions();
 }
 
@@ -160,24 +162,24 @@ void MainWindowController::deleteFileDown(MyTableView & /*table*/)
 void MainWindowController::clearDown()
 {
     aryItems.removeAll();
-    ui->tableView->reloadData();
+    ui_->tableView->reloadData();
     updateActions();
 }
 
 void MainWindowController::startDown()
 {
-    ui->lblStatus->clear();
-    jobs->startExport(outputFolder->outputPath());
+    ui_->lblStatus->clear();
+    jobs_->startExport(outputFolder_->outputPath());
 }
 
 void MainWindowController::customCollageDown()
 {
-    collageEditing->customCollageDown();
+    collageEditing_->customCollageDown();
 }
 
 void MainWindowController::preferencesDown()
 {
-    services.showPreferences();
+    services_.showPreferences();
 }
 
 bool MainWindowController::validateDrop(int /*row*/, bool between)
@@ -194,17 +196,17 @@ bool MainWindowController::validateToolbarItem(const QString &identifier)
 {
     if (identifier == u"delete" || identifier == u"clearlibrary") {
         const bool hasMovies = aryItems.count() > 0;
-        ui->btnStart->setEnabled(hasMovies);
+        ui_->btnStart->setEnabled(hasMovies);
         return hasMovies;
     }
-    return identifier != u"customcollage" || !ui->tableView->selectedRows().empty();
+    return identifier != u"customcollage" || !ui_->tableView->selectedRows().empty();
 }
 
 void MainWindowController::updateActions()
 {
-    ui->deleteMovies->setEnabled(validateToolbarItem(u"delete"_s));
-    ui->clearlibrary->setEnabled(validateToolbarItem(u"clearlibrary"_s));
-    ui->customcollage->setEnabled(validateToolbarItem(u"customcollage"_s));
+    ui_->deleteMovies->setEnabled(validateToolbarItem(u"delete"_s));
+    ui_->clearlibrary->setEnabled(validateToolbarItem(u"clearlibrary"_s));
+    ui_->customcollage->setEnabled(validateToolbarItem(u"customcollage"_s));
 }
 
 void MainWindowController::jobStarted(Kind kind, const QString &text)
@@ -223,24 +225,24 @@ void MainWindowController::jobProgress(double fraction, const QString &main, con
 void MainWindowController::jobEnded(Kind kind, const QStringList &failures)
 {
     loadingWndCtl->endLoading();
-    ui->tableView->reloadData();
+    ui_->tableView->reloadData();
     updateActions();
     if (kind == Kind::Loading) {
-        outputFolder->sameOriginDown();
+        outputFolder_->sameOriginDown();
     }
     if (!failures.isEmpty()) {
         //% "Trouble with %n movie(s): %1"
-        ui->lblStatus->setText(qtTrId("status_failures", static_cast<int>(failures.size())).arg(failures.first()));
-        ui->lblStatus->setToolTip(failures.join(u'\n'));
+        ui_->lblStatus->setText(qtTrId("status_failures", static_cast<int>(failures.size())).arg(failures.first()));
+        ui_->lblStatus->setToolTip(failures.join(u'\n'));
     }
-    if (closing) { // later: the job still counts as running while it tells of its end
+    if (closing_) { // later: the job still counts as running while it tells of its end
         QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
     }
 }
 
 void MainWindowController::loadingPrgCanceled()
 {
-    jobs->cancel();
+    jobs_->cancel();
 }
 
 void MainWindowController::bringForward(const ActivationToken &token)
@@ -270,10 +272,10 @@ void MainWindowController::quit()
 
 void MainWindowController::closeEvent(QCloseEvent *event)
 {
-    closing = true;
-    jobs->abort();
-    collageEditing->cancel();
-    if (jobs->isRunning()) {
+    closing_ = true;
+    jobs_->abort();
+    collageEditing_->cancel();
+    if (jobs_->isRunning()) {
         QTimer::singleShot(patience, this, &MainWindowController::giveUp);
         event->ignore(); // comes again when the job has ended
         return;
@@ -286,9 +288,9 @@ void MainWindowController::closeEvent(QCloseEvent *event)
 /// For a job that cannot be interrupted, since it reads from a network disk that has gone.
 void MainWindowController::giveUp()
 {
-    if (jobs->isRunning()) {
+    if (jobs_->isRunning()) {
         rememberLayout();
-        services.defaults.synchronize();
+        services_.defaults.synchronize();
         std::_Exit(EXIT_FAILURE);
     }
 }
@@ -304,18 +306,18 @@ QStringList MainWindowController::moviePaths() const
 
 void MainWindowController::rememberLayout()
 {
-    services.defaults.setData(PreferenceKeys::mainWindowGeometry, saveGeometry());
-    services.defaults.setData(PreferenceKeys::movieTableColumns, ui->tableView->horizontalHeader()->saveState());
+    services_.defaults.setData(PreferenceKeys::mainWindowGeometry, saveGeometry());
+    services_.defaults.setData(PreferenceKeys::movieTableColumns, ui_->tableView->horizontalHeader()->saveState());
 }
 
 void MainWindowController::restoreLayout()
 {
-    if (const auto geometry = services.defaults.dataValue(PreferenceKeys::mainWindowGeometry)) {
+    if (const auto geometry = services_.defaults.dataValue(PreferenceKeys::mainWindowGeometry)) {
         restoreGeometry(*geometry);
     }
     keepOnScreen(*this);
-    if (const auto columns = services.defaults.dataValue(PreferenceKeys::movieTableColumns)) {
-        ui->tableView->horizontalHeader()->restoreState(*columns);
+    if (const auto columns = services_.defaults.dataValue(PreferenceKeys::movieTableColumns)) {
+        ui_->tableView->horizontalHeader()->restoreState(*columns);
     }
 }
 
@@ -326,5 +328,5 @@ void MainWindowController::showAbout()
     //% "Turns movie files into collages: one picture that shows a whole movie."
     const QString text = qtTrId("about_text");
     //% "OK"
-    services.desktop.alert.tell(title, text, qtTrId("OK"));
+    services_.desktop.alert.tell(title, text, qtTrId("OK"));
 }

@@ -52,7 +52,7 @@ public:
     /// Loads paths into the list at the index, the last one first.
     void loadMediasWithPaths(const QStringList &paths, int index);
     /// Whether a batch or an export is running.
-    bool isJobRunning() const { return jobs->isRunning(); }
+    bool isJobRunning() const { return jobs_->isRunning(); }
     /// Shows the window before all others; the window system may want the token for it.
     void bringForward(const ActivationToken &token);
     /// Closes the window as its close button does: what runs is cancelled and waited for first.
@@ -91,14 +91,14 @@ private:
     bool validateDrop(int row, bool between) override;
     void acceptDrop(const QStringList &paths, int row) override;
 
-    Services services;
-    std::unique_ptr<Ui::MainWindowController> ui;
+    Services services_;
+    std::unique_ptr<Ui::MainWindowController> ui_;
     MovieList aryItems;
-    MovieTableModel model;
+    MovieTableModel model_;
     std::unique_ptr<VXLoadingWndCtl> loadingWndCtl;
-    std::unique_ptr<OutputFolderControls> outputFolder;
-    std::unique_ptr<MovieJobs> jobs;
-    std::unique_ptr<CollageEditing> collageEditing;
-    NotificationCenter::Observation cancelObservation;
-    bool closing = false; // as soon as the running job has ended
+    std::unique_ptr<OutputFolderControls> outputFolder_;
+    std::unique_ptr<MovieJobs> jobs_;
+    std::unique_ptr<CollageEditing> collageEditing_;
+    NotificationCenter::Observation cancelObservation_;
+    bool closing_ = false; // as soon as the running job has ended
 };

@@ -64,7 +64,7 @@ void paintTitle(QPainter &painter, const QStyleOptionViewItem &cell, const QStri
 
 } // namespace
 
-MovieCellDelegate::MovieCellDelegate(QObject *parent) : QStyledItemDelegate(parent), pictures(cacheBytes) {}
+MovieCellDelegate::MovieCellDelegate(QObject *parent) : QStyledItemDelegate(parent), pictures_(cacheBytes) {}
 
 int MovieCellDelegate::rowHeight(const QFontMetrics &metrics)
 {
@@ -112,11 +112,11 @@ void MovieCellDelegate::paintPicture(QPainter &painter, const QRect &cell, const
 QPixmap MovieCellDelegate::fitted(const QImage &image, QSize pixels) const
 {
     const Key key(image.cacheKey(), pixels.width());
-    if (const QPixmap *known = pictures.object(key)) {
+    if (const QPixmap *known = pictures_.object(key)) {
         return *known;
     }
     QPixmap picture = QPixmap::fromImage(image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     const int cost = pixels.width() * pixels.height() * picture.depth() / 8;
-    pictures.insert(key, std::make_unique<QPixmap>(picture).release(), cost); // the cache owns it
+    pictures_.insert(key, std::make_unique<QPixmap>(picture).release(), cost); // the cache owns it
     return picture;
 }

@@ -23,6 +23,6 @@ private:
     void paintPicture(QPainter &painter, const QRect &cell, const QImage &image) const;
     QPixmap fitted(const QImage &image, QSize pixels) const;
 
-    using Key = std::pair<qint64, int>;    // the image's cache key and the width in pixels
-    mutable QCache<Key, QPixmap> pictures; // scaled once, not at every repaint; the costs are bytes
+    using Key = std::pair<qint64, int>;     // the image's cache key and the width in pixels
+    mutable QCache<Key, QPixmap> pictures_; // scaled once, not at every repaint; the costs are bytes
 };

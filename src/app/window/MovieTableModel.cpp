@@ -91,18 +91,18 @@ MovieTableModel::MovieTableModel(const MovieList &list, QObject *parent) : QAbst
 void MovieTableModel::reloadData()
 {
     beginResetModel();
-    shown = aryItems.snapshot();
-    looks.clear();
-    for (const auto &movie : shown) {
+    shown_ = aryItems.snapshot();
+    looks_.clear();
+    for (const auto &movie : shown_) {
         const CollageSettings settings = movie->settings();
-        looks.push_back({movie->imgPreview(), settings.rowNumber, settings.columeNumber});
+        looks_.push_back({movie->imgPreview(), settings.rowNumber, settings.columeNumber});
     }
     endResetModel();
 }
 
 int MovieTableModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(shown.size());
+    return parent.isValid() ? 0 : static_cast<int>(shown_.size());
 }
 
 int MovieTableModel::columnCount(const QModelIndex &parent) const
@@ -115,8 +115,8 @@ QVariant MovieTableModel::data(const QModelIndex &index, int role) const
     if (!index.isValid()) {
         return {};
     }
-    const KTMovieObject &movie = *shown.at(static_cast<std::size_t>(index.row()));
-    const Look &look = looks.at(static_cast<std::size_t>(index.row()));
+    const KTMovieObject &movie = *shown_.at(static_cast<std::size_t>(index.row()));
+    const Look &look = looks_.at(static_cast<std::size_t>(index.row()));
     const ColumnKind &kind = kindOf(index.column());
     const bool isPicture = index.column() == Thumbnail || index.column() == Summary;
     switch (role) {

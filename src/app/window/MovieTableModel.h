@@ -20,7 +20,7 @@ public:
     void reloadData();
 
     /// The movies shown, in order of the rows.
-    const MovieList::Movies &movies() const { return shown; }
+    const MovieList::Movies &movies() const { return shown_; }
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -37,6 +37,6 @@ public:
 
 private:
     const MovieList &aryItems;
-    MovieList::Movies shown;
-    std::vector<Look> looks; // of the movies shown
+    MovieList::Movies shown_;
+    std::vector<Look> looks_; // of the movies shown
 };

@@ -45,8 +45,8 @@ MyTableView::MyTableView(QWidget *parent) : QTableView(parent)
 
 void MyTableView::setMovies(MovieTableModel &model)
 {
-    movies = &model;
-    setModel(movies);
+    movies_ = &model;
+    setModel(movies_);
     for (int column = 0; column < MovieTableModel::ColumnCount; ++column) {
         setColumnWidth(column, columnWidths.at(static_cast<std::size_t>(column)));
     }
@@ -60,26 +60,27 @@ void MyTableView::fitRowsToFont()
 
 int MyTableView::rowCount() const
 {
-    return movies ? movies->rowCount() : 0;
+    return movies_ ? movies_->rowCount() : 0;
 }
 
 // Reloading and the hint
 
 void MyTableView::reloadData()
 {
-    if (movies) {
+    if (movies_) {
         const MovieList::Movies selected = selectedMovies();
         const QModelIndex current = currentIndex();
         const bool follows = selectionModel()->isSelected(current);
-        const MovieList::Movie movie = follows ? movies->movies().at(static_cast<std::size_t>(current.row())) : nullptr;
-        movies->reloadData();
+        const MovieList::Movie movie =
+            follows ? movies_->movies().at(static_cast<std::size_t>(current.row())) : nullptr;
+        movies_->reloadData();
         setInsertion({});
         select(selected);
         // The arrow keys go on from the same movie if it was selected, else from the same place.
-        const auto found = std::ranges::find(movies->movies(), movie);
-        const int row = found != movies->movies().end() ? static_cast<int>(found - movies->movies().begin())
-                                                        : std::min(current.row(), rowCount() - 1);
-        selectionModel()->setCurrentIndex(movies->index(row, MovieTableModel::Title), QItemSelectionModel::NoUpdate);
+        const auto found = std::ranges::find(movies_->movies(), movie);
+        const int row = found != movies_->movies().end() ? static_cast<int>(found - movies_->movies().begin())
+                                                         : std::min(current.row(), rowCount() - 1);
+        selectionModel()->setCurrentIndex(movies_->index(row, MovieTableModel::Title), QItemSelectionModel::NoUpdate);
     }
     auto *delay = new QTimer(this);
     delay->setSingleShot(true);
@@ -127,14 +128,14 @@ MovieList::Movies MyTableView::selectedMovies() const
 {
     MovieList::Movies selected;
     for (const int row : selectedRows()) {
-        selected.push_back(movies->movies().at(static_cast<std::size_t>(row)));
+        selected.push_back(movies_->movies().at(static_cast<std::size_t>(row)));
     }
     return selected;
 }
 
 void MyTableView::selectRowAlone(int row)
 {
-    const QModelIndex index = movies->index(row, MovieTableModel::Title);
+    const QModelIndex index = movies_->index(row, MovieTableModel::Title);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(index);
 }
@@ -145,11 +146,11 @@ void MyTableView::select(const MovieList::Movies &selected)
     QItemSelection selection;
     int begin = -1; // of the current stretch of wanted rows
     for (int row = 0; row <= rowCount(); ++row) {
-        const bool isWanted = row < rowCount() && wanted.contains(movies->movies()[static_cast<std::size_t>(row)]);
+        const bool isWanted = row < rowCount() && wanted.contains(movies_->movies()[static_cast<std::size_t>(row)]);
         if (isWanted && begin < 0) {
             begin = row;
         } else if (!isWanted && begin >= 0) {
-            selection.select(movies->index(begin, 0), movies->index(row - 1, MovieTableModel::ColumnCount - 1));
+            selection.select(movies_->index(begin, 0), movies_->index(row - 1, MovieTableModel::ColumnCount - 1));
             begin = -1;
         }
     }
@@ -200,11 +201,12 @@ QModelIndex MyTableView::moveCursor(CursorAction action, Qt::KeyboardModifiers m
 void MyTableView::paintEvent(QPaintEvent *event)
 {
     QTableView::paintEvent(event);
-    if (!insertion || rowCount() == 0) {
+    if (!insertion_ || rowCount() == 0) {
         return;
     }
     const int last = rowCount() - 1;
-    const int edge = *insertion <= last ? rowViewportPosition(*insertion) : rowViewportPosition(last) + rowHeight(last);
+    const int edge =
+        *insertion_ <= last ? rowViewportPosition(*insertion_) : rowViewportPosition(last) + rowHeight(last);
     const int top = std::clamp(edge - markHeight / 2, 0, std::max(0, viewport()->height() - markHeight));
     QPainter(viewport()).fillRect(0, top, viewport()->width(), markHeight, palette().highlight());
 }
@@ -244,15 +246,15 @@ MyTableView::DropSpot MyTableView::spotAt(int y) const
 
 void MyTableView::setInsertion(std::optional<int> row)
 {
-    if (insertion != row) {
-        insertion = row;
+    if (insertion_ != row) {
+        insertion_ = row;
         viewport()->update();
     }
 }
 
 bool MyTableView::offer(const DropSpot &spot)
 {
-    const bool wanted = dropDelegate && dropDelegate->validateDrop(spot.row, spot.between);
+    const bool wanted = dropDelegate_ && dropDelegate_->validateDrop(spot.row, spot.between);
     refreshState(wanted);
     setInsertion(wanted ? std::optional(spot.row) : std::nullopt);
     return wanted;
@@ -289,10 +291,10 @@ void MyTableView::dropEvent(QDropEvent *event)
     event->setDropAction(Qt::CopyAction);
     event->setAccepted(wanted);
     if (wanted) {
-        droppedFiles.fetch(*event->mimeData(), *this, [this, spot](const QStringList &paths) {
-            if (dropDelegate && !paths.isEmpty()) {
+        droppedFiles_.fetch(*event->mimeData(), *this, [this, spot](const QStringList &paths) {
+            if (dropDelegate_ && !paths.isEmpty()) {
                 qCDebug(lcTessarine) << "accept drop," << paths;
-                dropDelegate->acceptDrop(paths, spot.row);
+                dropDelegate_->acceptDrop(paths, spot.row);
             }
         });
     }

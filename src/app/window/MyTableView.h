@@ -26,9 +26,9 @@ public:
     /// Hears of keys and reloads; must outlive the table. Null for none.
     void setReloadDelegate(TableReloadDelegate *delegate) { reloadDelegate = delegate; }
     /// How to find the files that are dropped; by their names alone until then.
-    void setDroppedFiles(DroppedFiles files) { droppedFiles = std::move(files); }
+    void setDroppedFiles(DroppedFiles files) { droppedFiles_ = std::move(files); }
     /// Decides on drops; must outlive the table. Null refuses all.
-    void setDropDelegate(DropDelegate *delegate) { dropDelegate = delegate; }
+    void setDropDelegate(DropDelegate *delegate) { dropDelegate_ = delegate; }
 
     /// Shows the list as it is now. Movies that were selected stay so. The hint is judged a moment later, when the
     /// rows have been drawn.
@@ -73,10 +73,10 @@ private:
     void select(const MovieList::Movies &movies);
     void fitRowsToFont();
 
-    QPointer<MovieTableModel> movies;
+    QPointer<MovieTableModel> movies_;
     TableReloadDelegate *reloadDelegate = nullptr;
-    DropDelegate *dropDelegate = nullptr;
-    DroppedFiles droppedFiles;
+    DropDelegate *dropDelegate_ = nullptr;
+    DroppedFiles droppedFiles_;
     JKDropInTipsView *dropTipView = nullptr;
-    std::optional<int> insertion; // the row before which files would be put
+    std::optional<int> insertion_; // the row before which files would be put
 };

@@ -22,23 +22,23 @@
 
 using namespace Qt::StringLiterals;
 
-OutputFolderControls::OutputFolderControls(Widgets controls, Services controlServices) :
-    widgets(controls), services(std::move(controlServices))
+OutputFolderControls::OutputFolderControls(Widgets widgets, Services services) :
+    widgets_(widgets), services_(std::move(services))
 {
-    connect(widgets.btnBrowser, &QAbstractButton::clicked, this, &OutputFolderControls::browseDown);
-    connect(widgets.btnOpen, &QAbstractButton::clicked, this, &OutputFolderControls::openFinderDown);
-    connect(widgets.chkSameOrigin, &QCheckBox::toggled, this, &OutputFolderControls::sameOriginDown);
+    connect(widgets_.btnBrowser, &QAbstractButton::clicked, this, &OutputFolderControls::browseDown);
+    connect(widgets_.btnOpen, &QAbstractButton::clicked, this, &OutputFolderControls::openFinderDown);
+    connect(widgets_.chkSameOrigin, &QCheckBox::toggled, this, &OutputFolderControls::sameOriginDown);
 }
 
 void OutputFolderControls::showStoredFolder()
 {
-    const QString stored = services.defaults.textValue(PreferenceKeys::outputFolder);
+    const QString stored = services_.defaults.textValue(PreferenceKeys::outputFolder);
     if (FileSystem::isFolder(stored)) {
         show(stored);
     } else {
         showDefaultFolder();
     }
-    widgets.chkSameOrigin->setChecked(false); // whatever was chosen last time
+    widgets_.chkSameOrigin->setChecked(false); // whatever was chosen last time
     sameOriginDown();
 }
 
@@ -51,20 +51,20 @@ void OutputFolderControls::appLaunched()
 
 void OutputFolderControls::showDefaultFolder()
 {
-    show(DefaultsSeed::outputFolderUnder(services.home));
+    show(DefaultsSeed::outputFolderUnder(services_.home));
     GlobalFun::MakeSureFolderExsist(outputPath());
     if (!OutputFile::isWritableFolder(outputPath())) {
         //% "No collages can be written into %1. Choose another output folder."
-        widgets.lblStatus->setText(qtTrId("status_no_output_folder").arg(PathText::forDisplay(outputPath())));
+        widgets_.lblStatus->setText(qtTrId("status_no_output_folder").arg(PathText::forDisplay(outputPath())));
     }
 }
 
 void OutputFolderControls::show(const QString &path)
 {
-    folder = path;
-    widgets.lblOutputPath->setText(PathText::forDisplay(path));
-    widgets.lblOutputPath->setToolTip(PathText::forDisplay(path));
-    widgets.lblOutputPath->setCursorPosition(0);
+    folder_ = path;
+    widgets_.lblOutputPath->setText(PathText::forDisplay(path));
+    widgets_.lblOutputPath->setToolTip(PathText::forDisplay(path));
+    widgets_.lblOutputPath->setCursorPosition(0);
 }
 
 void OutputFolderControls::browseDown()
@@ -74,37 +74,38 @@ void OutputFolderControls::browseDown()
     request.title = qtTrId("choose_output_folder");
     request.folder = outputPath();
     request.folders = true;
-    services.desktop.openPanel.open(request, [this](const QStringList &paths) {
+    services_.desktop.openPanel.open(request, [this](const QStringList &paths) {
         if (!paths.isEmpty()) {
-            services.trustedFolders.addToBookmarkWithURL(paths.first());
+            services_.trustedFolders.addToBookmarkWithURL(paths.first());
             show(paths.first());
-            widgets.lblStatus->clear(); // of the folder before
-            services.defaults.setText(PreferenceKeys::outputFolder, paths.first());
-            services.defaults.synchronize(); // a crash or another process is to find it
+            widgets_.lblStatus->clear(); // of the folder before
+            services_.defaults.setText(PreferenceKeys::outputFolder, paths.first());
+            services_.defaults.synchronize(); // a crash or another process is to find it
         }
     });
 }
 
 void OutputFolderControls::openFinderDown()
 {
-    services.desktop.workspace.revealFile(outputPath());
+    services_.desktop.workspace.revealFile(outputPath());
 }
 
 void OutputFolderControls::sameOriginDown()
 {
     const SameOriginRefusals refusals =
-        widgets.chkSameOrigin->isChecked() ? findSameOriginRefusals(services.moviePaths(), OutputFile::isWritableFolder)
-                                           : SameOriginRefusals();
+        widgets_.chkSameOrigin->isChecked()
+            ? findSameOriginRefusals(services_.moviePaths(), OutputFile::isWritableFolder)
+            : SameOriginRefusals();
     if (refusals.isEmpty()) {
         applySameOrigin();
         return;
     }
     const QStringList buttons{u"Authorize"_s, u"Cancel"_s};
-    services.desktop.alert.show(u"Warnning!"_s, refusals.message(), buttons, [this, refusals](int answer) {
+    services_.desktop.alert.show(u"Warnning!"_s, refusals.message(), buttons, [this, refusals](int answer) {
         if (answer == 0) {
             authorize(refusals.folders);
         } else {
-            widgets.chkSameOrigin->setChecked(false); // and so to applySameOrigin()
+            widgets_.chkSameOrigin->setChecked(false); // and so to applySameOrigin()
         }
     });
 }
@@ -121,9 +122,9 @@ void OutputFolderControls::authorize(const QStringList &folders)
     request.prompt = u"Authorize"_s;
     request.folder = folders.first();
     request.folders = true;
-    services.desktop.openPanel.open(request, [this, rest = folders.mid(1)](const QStringList &paths) {
+    services_.desktop.openPanel.open(request, [this, rest = folders.mid(1)](const QStringList &paths) {
         if (!paths.isEmpty()) { // any folder that the user picks is granted, asked for or not
-            services.trustedFolders.addToBookmarkWithURL(paths.first());
+            services_.trustedFolders.addToBookmarkWithURL(paths.first());
         }
         authorize(rest);
     });
@@ -131,11 +132,11 @@ void OutputFolderControls::authorize(const QStringList &folders)
 
 void OutputFolderControls::applySameOrigin()
 {
-    const bool isOn = widgets.chkSameOrigin->isChecked();
-    for (QWidget *control : {static_cast<QWidget *>(widgets.lblOutputPath), static_cast<QWidget *>(widgets.btnOpen),
-                             static_cast<QWidget *>(widgets.btnBrowser)}) {
+    const bool isOn = widgets_.chkSameOrigin->isChecked();
+    for (QWidget *control : {static_cast<QWidget *>(widgets_.lblOutputPath), static_cast<QWidget *>(widgets_.btnOpen),
+                             static_cast<QWidget *>(widgets_.btnBrowser)}) {
         control->setEnabled(!isOn);
     }
-    services.defaults.setBool(PreferenceKeys::sameAsOrigin, isOn);
-    services.defaults.synchronize();
+    services_.defaults.setBool(PreferenceKeys::sameAsOrigin, isOn);
+    services_.defaults.synchronize();
 }

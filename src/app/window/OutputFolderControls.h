@@ -44,7 +44,7 @@ public:
     /// Shows the default folder when nothing can be written into the one shown.
     void appLaunched();
     /// The folder shown.
-    QString outputPath() const { return folder; }
+    QString outputPath() const { return folder_; }
 
     void browseDown();
     void openFinderDown();
@@ -58,7 +58,7 @@ private:
     void authorize(const QStringList &folders);
     void applySameOrigin();
 
-    Widgets widgets;
-    Services services;
-    QString folder; // the field shows it as well as text can
+    Widgets widgets_;
+    Services services_;
+    QString folder_; // the field shows it as well as text can
 };

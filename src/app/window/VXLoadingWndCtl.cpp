@@ -17,11 +17,11 @@ constexpr QSize leastButton(80, 32);
 
 } // namespace
 
-VXLoadingWndCtl::VXLoadingWndCtl(NotificationCenter &notificationCenter, QWidget *parent) :
-    QDialog(parent), center(notificationCenter), ui(std::make_unique<Ui::VXLoadingWndCtl>())
+VXLoadingWndCtl::VXLoadingWndCtl(NotificationCenter &center, QWidget *parent) :
+    QDialog(parent), center_(center), ui_(std::make_unique<Ui::VXLoadingWndCtl>())
 {
-    ui->setupUi(this);
-    connect(ui->btnCancel, &QPushButton::clicked, this, &VXLoadingWndCtl::cancelDown);
+    ui_->setupUi(this);
+    connect(ui_->btnCancel, &QPushButton::clicked, this, &VXLoadingWndCtl::cancelDown);
     setModel(0);
 }
 
@@ -29,7 +29,7 @@ VXLoadingWndCtl::~VXLoadingWndCtl() = default;
 
 void VXLoadingWndCtl::setModel(int model)
 {
-    layoutModel = model;
+    layoutModel_ = model;
     //% "Loading Movies"
     const QString loadingTitle = qtTrId("progress_title_loading");
     //% "Making Collages"
@@ -42,18 +42,18 @@ void VXLoadingWndCtl::setModel(int model)
 /// middle; nothing moves when the model changes but the container's left edge.
 void VXLoadingWndCtl::layOut()
 {
-    QWidget *box = ui->boxContainer;
+    QWidget *box = ui_->boxContainer;
     const int boxHeight = std::max(box->minimumHeight(), box->sizeHint().height());
-    QRect image = ui->imageView->geometry();
+    QRect image = ui_->imageView->geometry();
     image.setHeight(boxHeight + 2 * aboveContainer);
-    const QSize button = ui->btnCancel->sizeHint().expandedTo(leastButton);
+    const QSize button = ui_->btnCancel->sizeHint().expandedTo(leastButton);
     const int buttonTop = image.y() + image.height() + spacing;
     setFixedSize(width(), buttonTop + button.height() + margin);
 
-    ui->imageView->setGeometry(image);
-    ui->imageView->setVisible(layoutModel != 0);
-    ui->btnCancel->setGeometry({QPoint(width() - margin - button.width(), buttonTop), button});
-    if (layoutModel == 0) {
+    ui_->imageView->setGeometry(image);
+    ui_->imageView->setVisible(layoutModel_ != 0);
+    ui_->btnCancel->setGeometry({QPoint(width() - margin - button.width(), buttonTop), button});
+    if (layoutModel_ == 0) {
         box->setGeometry(margin, box->y(), width() - 2 * margin, boxHeight);
     } else {
         box->setGeometry(image.x() + image.width() + margin, image.y() + aboveContainer,
@@ -66,19 +66,19 @@ void VXLoadingWndCtl::startLoading(const QString &text, QWidget *parent)
     if (parent != parentWidget()) {
         setParent(parent, windowFlags());
     }
-    ui->lblPrgTip->setText(text);
-    ui->lblSaveProgress->clear();
+    ui_->lblPrgTip->setText(text);
+    ui_->lblSaveProgress->clear();
     setRemaining({});
-    ui->prgSaving->setValue(0);
+    ui_->prgSaving->setValue(0);
     open();
 }
 
 void VXLoadingWndCtl::updateProgress(double progress, const QString &main, const QString &ing, const QImage &image)
 {
-    ui->lblPrgTip->setText(main);
-    ui->lblSaveProgress->setText(PathText::forDisplay(ing));
+    ui_->lblPrgTip->setText(main);
+    ui_->lblSaveProgress->setText(PathText::forDisplay(ing));
     const double share = progress > 0.0 ? std::min(progress, 1.0) : 0.0;
-    ui->prgSaving->setValue(qRound(share * ui->prgSaving->maximum()));
+    ui_->prgSaving->setValue(qRound(share * ui_->prgSaving->maximum()));
     if (!image.isNull()) {
         showImage(image);
     }
@@ -87,29 +87,29 @@ void VXLoadingWndCtl::updateProgress(double progress, const QString &main, const
 void VXLoadingWndCtl::showImage(const QImage &image)
 {
     const qreal ratio = devicePixelRatioF();
-    const QSize room = (QSizeF(ui->imageView->contentsRect().size()) * ratio).toSize();
+    const QSize room = (QSizeF(ui_->imageView->contentsRect().size()) * ratio).toSize();
     QImage fitted = image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     fitted.setDevicePixelRatio(ratio);
-    ui->imageView->setPixmap(QPixmap::fromImage(fitted));
+    ui_->imageView->setPixmap(QPixmap::fromImage(fitted));
 }
 
 void VXLoadingWndCtl::setRemaining(const QString &text)
 {
-    ui->lblRemaining->setText(text);
-    ui->lblRemaining->setVisible(!text.isEmpty());
+    ui_->lblRemaining->setText(text);
+    ui_->lblRemaining->setVisible(!text.isEmpty());
 }
 
 void VXLoadingWndCtl::endLoading()
 {
-    ui->lblSaveProgress->clear();
+    ui_->lblSaveProgress->clear();
     setRemaining({});
-    ui->prgSaving->setValue(0);
+    ui_->prgSaving->setValue(0);
     hide();
 }
 
 void VXLoadingWndCtl::cancelDown()
 {
-    center.post(canceledNotification);
+    center_.post(canceledNotification);
 }
 
 void VXLoadingWndCtl::reject()

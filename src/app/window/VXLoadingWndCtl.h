@@ -26,7 +26,7 @@ public:
     ~VXLoadingWndCtl() override;
 
     /// 0: loading, without a picture. Anything else: export, with one.
-    int model() const { return layoutModel; }
+    int model() const { return layoutModel_; }
     void setModel(int model);
 
     /// Opens the sheet over the parent, whose child it becomes, and returns at once.
@@ -51,7 +51,7 @@ private:
     void layOut();
     void showImage(const QImage &image);
 
-    NotificationCenter &center;
-    const std::unique_ptr<Ui::VXLoadingWndCtl> ui;
-    int layoutModel = 0;
+    NotificationCenter &center_;
+    const std::unique_ptr<Ui::VXLoadingWndCtl> ui_;
+    int layoutModel_ = 0;
 };

@@ -40,38 +40,38 @@ BaseSliderView::BaseSliderView(QWidget *parent) : QWidget(parent)
 
 void BaseSliderView::setDMinValue(double value)
 {
-    minimum = finiteOrZero(value);
+    minimum_ = finiteOrZero(value);
     update();
 }
 
 void BaseSliderView::setDLength(double value)
 {
-    length = finiteOrZero(value);
+    length_ = finiteOrZero(value);
     update();
 }
 
 void BaseSliderView::setDCurValue(double value)
 {
-    current = finiteOrZero(value);
+    current_ = finiteOrZero(value);
     update();
 }
 
 void BaseSliderView::setSliderXOffset(double offset)
 {
-    trackX = finiteOrZero(offset);
+    trackX_ = finiteOrZero(offset);
     placeTrack();
 }
 
 void BaseSliderView::setSliderYOffset(double offset)
 {
-    trackY = finiteOrZero(offset);
+    trackY_ = finiteOrZero(offset);
     placeTrack();
     updateGeometry();
 }
 
 void BaseSliderView::setKnobYOffset(double offset)
 {
-    knobY = finiteOrZero(offset);
+    knobY_ = finiteOrZero(offset);
     update();
 }
 
@@ -84,7 +84,7 @@ void BaseSliderView::setSelection(double start, double selectedLength)
 void BaseSliderView::seekToValue(double value)
 {
     setDCurValue(value);
-    didChangeValue(current);
+    didChangeValue(current_);
 }
 
 double BaseSliderView::curProgressWithXValue(double x) const
@@ -99,12 +99,12 @@ double BaseSliderView::curXValueWithProgress(double value) const
 
 SliderScale BaseSliderView::scale() const
 {
-    return {trackX, rcSlider.width(), minimum, length};
+    return {trackX_, rcSlider.width(), minimum_, length_};
 }
 
 void BaseSliderView::placeTrack()
 {
-    rcSlider = QRectF(trackX, trackY, width() - 2.0 * trackX, imgNormal[0].size().height());
+    rcSlider = QRectF(trackX_, trackY_, width() - 2.0 * trackX_, imgNormal[0].size().height());
     update();
 }
 
@@ -157,7 +157,7 @@ void BaseSliderView::drawSelections(QPainter &painter)
 void BaseSliderView::drawKnob(QPainter &painter)
 {
     const QSizeF size = imgKnob.size();
-    rcKnob = QRectF({curXValueWithProgress(current) - size.width() / 2.0, knobY}, size);
+    rcKnob = QRectF({curXValueWithProgress(current_) - size.width() / 2.0, knobY_}, size);
     imgKnob.draw(painter, flipped(rcKnob), ink(QPalette::Highlight, bDraggingKnob ? 0.3 : 0.0));
 }
 
@@ -184,7 +184,7 @@ void BaseSliderView::mouseDownAt(QPointF point)
     bDraggingKnob = rcKnob.adjusted(-knobReach, -knobReach, knobReach, knobReach).contains(point);
     if (bDraggingKnob) {
         setDCurValue(curProgressWithXValue(point.x()));
-        beginDragAt(current);
+        beginDragAt(current_);
     }
 }
 
@@ -192,7 +192,7 @@ void BaseSliderView::mouseDraggedTo(QPointF point)
 {
     if (bDraggingKnob) {
         setDCurValue(curProgressWithXValue(point.x()));
-        didChangeValue(current);
+        didChangeValue(current_);
     }
 }
 
@@ -201,7 +201,7 @@ void BaseSliderView::mouseUpAt(QPointF point)
     if (bDraggingKnob) {
         setDCurValue(curProgressWithXValue(point.x()));
         bDraggingKnob = false;
-        endDragAt(current);
+        endDragAt(current_);
     }
 }
 
@@ -211,24 +211,24 @@ void BaseSliderView::mousePressEvent(QMouseEvent *event)
         event->ignore();
         return;
     }
-    pressed = flipped(event->position());
-    mouseDownAt(*pressed);
+    pressed_ = flipped(event->position());
+    mouseDownAt(*pressed_);
 }
 
 void BaseSliderView::mouseMoveEvent(QMouseEvent *event)
 {
     if (!event->buttons().testFlag(Qt::LeftButton)) {
         release();
-    } else if (pressed) {
-        pressed = flipped(event->position());
-        mouseDraggedTo(*pressed);
+    } else if (pressed_) {
+        pressed_ = flipped(event->position());
+        mouseDraggedTo(*pressed_);
     }
 }
 
 void BaseSliderView::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton && pressed) {
-        pressed = flipped(event->position());
+    if (event->button() == Qt::LeftButton && pressed_) {
+        pressed_ = flipped(event->position());
         release();
     }
 }
@@ -240,28 +240,28 @@ void BaseSliderView::hideEvent(QHideEvent * /*event*/)
 
 void BaseSliderView::release()
 {
-    if (pressed) {
-        mouseUpAt(*std::exchange(pressed, std::nullopt));
+    if (pressed_) {
+        mouseUpAt(*std::exchange(pressed_, std::nullopt));
     }
 }
 
 void BaseSliderView::beginDragAt(double value)
 {
-    if (viewDelegate) {
-        viewDelegate->beginDragAt(*this, value);
+    if (viewDelegate_) {
+        viewDelegate_->beginDragAt(*this, value);
     }
 }
 
 void BaseSliderView::didChangeValue(double value)
 {
-    if (viewDelegate) {
-        viewDelegate->didChangeValue(*this, value);
+    if (viewDelegate_) {
+        viewDelegate_->didChangeValue(*this, value);
     }
 }
 
 void BaseSliderView::endDragAt(double value)
 {
-    if (viewDelegate) {
-        viewDelegate->endDragAt(*this, value);
+    if (viewDelegate_) {
+        viewDelegate_->endDragAt(*this, value);
     }
 }

@@ -21,20 +21,20 @@ class BaseSliderView : public QWidget {
 public:
     explicit BaseSliderView(QWidget *parent = nullptr);
 
-    SliderViewDelegate *delegate() const { return viewDelegate; }
+    SliderViewDelegate *delegate() const { return viewDelegate_; }
     /// Not owned; none at first.
-    void setDelegate(SliderViewDelegate *delegate) { viewDelegate = delegate; }
+    void setDelegate(SliderViewDelegate *delegate) { viewDelegate_ = delegate; }
 
     /// The value at the left end of the track.
-    double dMinValue() const { return minimum; }
+    double dMinValue() const { return minimum_; }
     /// The values along the track.
-    double dLength() const { return length; }
+    double dLength() const { return length_; }
     /// The knob's value.
-    double dCurValue() const { return current; }
+    double dCurValue() const { return current_; }
     /// Left and right inset of the track.
-    double sliderXOffset() const { return trackX; }
-    double sliderYOffset() const { return trackY; }
-    double knobYOffset() const { return knobY; }
+    double sliderXOffset() const { return trackX_; }
+    double sliderYOffset() const { return trackY_; }
+    double knobYOffset() const { return knobY_; }
     /// A state kept for the owner.
     std::int32_t curRecSliderState() const { return eumCurSliderState; }
 
@@ -94,16 +94,16 @@ protected:
 private:
     SliderScale scale() const;
     void placeTrack();
-    double minimum = 0.0;
-    double length = 1000.0;
-    double current = 0.0;
-    double trackX = 10.0;
-    double trackY = 10.0;
-    double knobY = 7.0;
+    double minimum_ = 0.0;
+    double length_ = 1000.0;
+    double current_ = 0.0;
+    double trackX_ = 10.0;
+    double trackY_ = 10.0;
+    double knobY_ = 7.0;
     std::int32_t eumCurSliderState = 0;
     QRectF rcKnob; // as drawn last; empty before
     bool bDraggingKnob = false;
-    std::optional<QPointF> pressed; // where the pointer is, from a press to its release
+    std::optional<QPointF> pressed_; // where the pointer is, from a press to its release
     std::array<SliderPiece, 3> imgNormal{SliderPiece(QStringLiteral("SliderBkgLeft")),
                                          SliderPiece(QStringLiteral("SliderBkgMiddle")),
                                          SliderPiece(QStringLiteral("SliderBkgRight"))}; // left, middle, right
@@ -111,5 +111,5 @@ private:
                                        SliderPiece(QStringLiteral("SliderAbMiddle")),
                                        SliderPiece(QStringLiteral("SliderAbRight"))};
     SliderPiece imgKnob{QStringLiteral("SliderKnob")};
-    SliderViewDelegate *viewDelegate = nullptr;
+    SliderViewDelegate *viewDelegate_ = nullptr;
 };

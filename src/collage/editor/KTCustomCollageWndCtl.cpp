@@ -49,10 +49,10 @@ QImage fittedForList(const QImage &image)
 
 } // namespace
 
-KTCustomCollageWndCtl::KTCustomCollageWndCtl(Services editorServices, QWidget *parent) :
-    QDialog(parent), services(std::move(editorServices)), ui(std::make_unique<Ui::KTCustomCollageWndCtl>())
+KTCustomCollageWndCtl::KTCustomCollageWndCtl(Services services, QWidget *parent) :
+    QDialog(parent), services_(std::move(services)), ui_(std::make_unique<Ui::KTCustomCollageWndCtl>())
 {
-    ui->setupUi(this);
+    ui_->setupUi(this);
     resize(size().boundedTo(screen()->availableSize() - roomAroundSheet));
     prepareControls();
     connectControls();
@@ -61,9 +61,9 @@ KTCustomCollageWndCtl::KTCustomCollageWndCtl(Services editorServices, QWidget *p
 KTCustomCollageWndCtl::~KTCustomCollageWndCtl()
 {
     // The controls lose focus and drags when this is no editor any more.
-    ui->startTimeView->setDelegate(nullptr);
-    ui->endTimeView->setDelegate(nullptr);
-    ui->timeRangeSlidView->setDelegate(nullptr);
+    ui_->startTimeView->setDelegate(nullptr);
+    ui_->endTimeView->setDelegate(nullptr);
+    ui_->timeRangeSlidView->setDelegate(nullptr);
 }
 
 void KTCustomCollageWndCtl::prepareControls()
@@ -71,55 +71,55 @@ void KTCustomCollageWndCtl::prepareControls()
     for (const CollageFields::Number &row : CollageFields::numbers) {
         auto *field = findChild<QLineEdit *>(QLatin1StringView(row.control));
         auto *slider = row.slider ? findChild<FractionSlider *>(QLatin1StringView(row.slider)) : nullptr;
-        numbers.push_back(
+        numbers_.push_back(
             {row, field, slider, std::make_unique<FieldEditing>(*field, static_cast<FieldEditingDelegate &>(*this))});
     }
     for (const CollageFields::Color &row : CollageFields::colors) {
-        colors.push_back({row, findChild<ColorWell *>(QLatin1StringView(row.control))});
+        colors_.push_back({row, findChild<ColorWell *>(QLatin1StringView(row.control))});
     }
     for (const CollageFields::Switch &row : CollageFields::switches) {
-        switches.push_back({row, findChild<QCheckBox *>(QLatin1StringView(row.control))});
+        switches_.push_back({row, findChild<QCheckBox *>(QLatin1StringView(row.control))});
     }
-    for (SWTimeEditView *view : {ui->startTimeView, ui->endTimeView}) {
+    for (SWTimeEditView *view : {ui_->startTimeView, ui_->endTimeView}) {
         view->setDelegate(this);
-        view->setAlertPanel(&services.alert);
+        view->setAlertPanel(&services_.alert);
         view->setMaximumWidth(view->minimumSizeHint().width()); // what is left is the slider's
     }
-    ui->timeRangeSlidView->setDelegate(this);
-    ui->thumbPreview->setMetadataText([&defaults = services.defaults](const KTMovieObject &object) {
+    ui_->timeRangeSlidView->setDelegate(this);
+    ui_->thumbPreview->setMetadataText([&defaults = services_.defaults](const KTMovieObject &object) {
         return getMetaStrWithObject(object, defaults.int32Value(PreferenceKeys::metadataText));
     });
-    ui->btnPrev->setShortcut(Qt::ALT | Qt::Key_Left);
-    ui->btnNext->setShortcut(Qt::ALT | Qt::Key_Right);
+    ui_->btnPrev->setShortcut(Qt::ALT | Qt::Key_Left);
+    ui_->btnNext->setShortcut(Qt::ALT | Qt::Key_Right);
 }
 
 void KTCustomCollageWndCtl::connectControls()
 {
-    for (const NumberControl &number : numbers) {
+    for (const NumberControl &number : numbers_) {
         if (number.slider) {
             connect(number.slider, &QSlider::valueChanged, this, [this, &number] { sliderDown(number); });
         }
     }
-    for (const ColorControl &color : colors) {
+    for (const ColorControl &color : colors_) {
         connect(color.well, &ColorWell::colorChosen, this, [this, &color] { changeColor(color); });
     }
-    connect(ui->chkAuto, &QCheckBox::toggled, this, &KTCustomCollageWndCtl::autoHeightDown);
-    connect(ui->btnCancel, &QPushButton::clicked, this, &KTCustomCollageWndCtl::cancelDown);
-    connect(ui->btnDone, &QPushButton::clicked, this, &KTCustomCollageWndCtl::doneDown);
-    connect(ui->btnPrev, &QPushButton::clicked, this, &KTCustomCollageWndCtl::prevDown);
-    connect(ui->btnNext, &QPushButton::clicked, this, &KTCustomCollageWndCtl::nextDown);
-    metadataObservation = services.notifications.observe(PreferenceKeys::metadataTextChanged,
-                                                         [this] { ui->thumbPreview->metadataTextChanged(); });
+    connect(ui_->chkAuto, &QCheckBox::toggled, this, &KTCustomCollageWndCtl::autoHeightDown);
+    connect(ui_->btnCancel, &QPushButton::clicked, this, &KTCustomCollageWndCtl::cancelDown);
+    connect(ui_->btnDone, &QPushButton::clicked, this, &KTCustomCollageWndCtl::doneDown);
+    connect(ui_->btnPrev, &QPushButton::clicked, this, &KTCustomCollageWndCtl::prevDown);
+    connect(ui_->btnNext, &QPushButton::clicked, this, &KTCustomCollageWndCtl::nextDown);
+    metadataObservation_ = services_.notifications.observe(PreferenceKeys::metadataTextChanged,
+                                                           [this] { ui_->thumbPreview->metadataTextChanged(); });
 }
 
 QPushButton &KTCustomCollageWndCtl::btnPrev()
 {
-    return *ui->btnPrev;
+    return *ui_->btnPrev;
 }
 
 QPushButton &KTCustomCollageWndCtl::btnNext()
 {
-    return *ui->btnNext;
+    return *ui_->btnNext;
 }
 
 // Between the controls and the movie
@@ -128,29 +128,29 @@ void KTCustomCollageWndCtl::flushWithKTObject(std::shared_ptr<KTMovieObject> obj
 {
     releaseHandles(); // what is still held or typed belongs to the movie before
     abandonEditing();
-    movie = std::move(object);
-    const CollageSettings settings = movie->settings();
-    ui->lblTitle->setText(PathText::forDisplay(GlobalFun::lastPathComponent(movie->filePath)));
+    movie_ = std::move(object);
+    const CollageSettings settings = movie_->settings();
+    ui_->lblTitle->setText(PathText::forDisplay(GlobalFun::lastPathComponent(movie_->filePath)));
     fillRange(settings);
-    for (const ColorControl &color : colors) {
+    for (const ColorControl &color : colors_) {
         color.well->setColor(settings.*color.row.member);
     }
     fillNumbers(settings);
-    for (const SwitchControl &control : switches) {
+    for (const SwitchControl &control : switches_) {
         const QSignalBlocker quiet(control.box);
         control.box->setChecked(settings.*control.row.member);
     }
     autoHeightDown();
-    ui->chkApplyToAll->setChecked(false);
-    ui->chkSetAsDefault->setChecked(false);
+    ui_->chkApplyToAll->setChecked(false);
+    ui_->chkSetAsDefault->setChecked(false);
     abandonEditing(); // a field that has the focus goes back to this movie's value when it is refused
     redrawPreview();
 }
 
 void KTCustomCollageWndCtl::releaseHandles()
 {
-    ui->timeRangeSlidView->release();
-    for (const NumberControl &number : numbers) {
+    ui_->timeRangeSlidView->release();
+    for (const NumberControl &number : numbers_) {
         if (number.slider) {
             number.slider->release();
         }
@@ -159,17 +159,17 @@ void KTCustomCollageWndCtl::releaseHandles()
 
 void KTCustomCollageWndCtl::fillRange(const CollageSettings &settings)
 {
-    SplitSliderView &slider = *ui->timeRangeSlidView;
+    SplitSliderView &slider = *ui_->timeRangeSlidView;
     slider.setDMinValue(0.0);
-    slider.setDLength(movie->duration);
+    slider.setDLength(movie_->duration);
     slider.setSelection(settings.startPoint, settings.endPoint - settings.startPoint);
-    ui->startTimeView->flushWithSeconds(settings.startPoint);
-    ui->endTimeView->flushWithSeconds(settings.endPoint);
+    ui_->startTimeView->flushWithSeconds(settings.startPoint);
+    ui_->endTimeView->flushWithSeconds(settings.endPoint);
 }
 
 void KTCustomCollageWndCtl::fillNumbers(const CollageSettings &settings)
 {
-    for (const NumberControl &number : numbers) {
+    for (const NumberControl &number : numbers_) {
         const double value = number.row.in(settings);
         showNumber(number.field, value);
         if (number.slider) {
@@ -182,32 +182,32 @@ void KTCustomCollageWndCtl::fillNumbers(const CollageSettings &settings)
 
 CollageForm KTCustomCollageWndCtl::form() const
 {
-    const SliderSelectionItem &selection = ui->timeRangeSlidView->selectionItem();
+    const SliderSelectionItem &selection = ui_->timeRangeSlidView->selectionItem();
     CollageForm form;
     form.dStart = selection.dStart;
     form.dLength = selection.dLength;
-    std::ranges::transform(numbers, form.numbers.begin(), [](const auto &each) { return integerValue(each.field); });
-    std::ranges::transform(colors, form.colors.begin(), [](const auto &each) { return each.well->color(); });
-    std::ranges::transform(switches, form.switches.begin(), [](const auto &each) { return each.box->isChecked(); });
-    form.slidBorderWidth = GlobalFun::truncatedToInt32(ui->slidBorderWidth->doubleValue());
+    std::ranges::transform(numbers_, form.numbers.begin(), [](const auto &each) { return integerValue(each.field); });
+    std::ranges::transform(colors_, form.colors.begin(), [](const auto &each) { return each.well->color(); });
+    std::ranges::transform(switches_, form.switches.begin(), [](const auto &each) { return each.box->isChecked(); });
+    form.slidBorderWidth = GlobalFun::truncatedToInt32(ui_->slidBorderWidth->doubleValue());
     return form;
 }
 
 void KTCustomCollageWndCtl::serilizedToKTObject(KTMovieObject &object) const
 {
     object.setSettings(settingsFromForm(form(), object));
-    object.setImgPreview(fittedForList(ui->thumbPreview->imageWithSubviews()));
+    object.setImgPreview(fittedForList(ui_->thumbPreview->imageWithSubviews()));
 }
 
 void KTCustomCollageWndCtl::serilizedToAll() const
 {
-    const auto movies = services.host.aryItems();
+    const auto movies = services_.host.aryItems();
     const CollageForm values = form();
     for (const auto &each : movies) {
         each->setSettings(settingsFromForm(values, *each));
     }
     // The view draws what the edited movie has now, wherever that stands in the list.
-    const QImage picture = fittedForList(ui->thumbPreview->imageWithSubviews());
+    const QImage picture = fittedForList(ui_->thumbPreview->imageWithSubviews());
     for (const auto &each : movies) {
         each->setImgPreview(picture);
     }
@@ -217,14 +217,14 @@ void KTCustomCollageWndCtl::serilizedToAll() const
 
 void KTCustomCollageWndCtl::edit(const std::function<void(CollageSettings &)> &change)
 {
-    CollageSettings settings = movie->settings();
+    CollageSettings settings = movie_->settings();
     change(settings);
-    movie->setSettings(settings);
+    movie_->setSettings(settings);
 }
 
 void KTCustomCollageWndCtl::redrawPreview()
 {
-    ui->thumbPreview->flushWithMovieObject(movie);
+    ui_->thumbPreview->flushWithMovieObject(movie_);
 }
 
 void KTCustomCollageWndCtl::changeColor(const ColorControl &color)
@@ -244,11 +244,11 @@ void KTCustomCollageWndCtl::sliderDown(const NumberControl &number)
 
 void KTCustomCollageWndCtl::autoHeightDown()
 {
-    const bool automatic = ui->chkAuto->isChecked();
-    ui->lblGridHeight->setReadOnly(automatic);
-    ui->lblGridHeight->setEnabled(!automatic);
+    const bool automatic = ui_->chkAuto->isChecked();
+    ui_->lblGridHeight->setReadOnly(automatic);
+    ui_->lblGridHeight->setEnabled(!automatic);
     if (automatic) {
-        showNumber(ui->lblGridHeight, automaticGridHeight(*movie, integerValue(ui->lblGridWidth)));
+        showNumber(ui_->lblGridHeight, automaticGridHeight(*movie_, integerValue(ui_->lblGridWidth)));
     }
     edit([automatic](CollageSettings &settings) { settings.autoHeight = automatic; });
 }
@@ -264,8 +264,8 @@ void KTCustomCollageWndCtl::controlTextDidChange(QLineEdit &field)
     edit([&](CollageSettings &settings) {
         number->row.put(settings, value);
         if (number->row.is(&CollageSettings::gridWidth) && settings.autoHeight) {
-            settings.gridHeight = automaticGridHeight(*movie, value);
-            showNumber(ui->lblGridHeight, settings.gridHeight);
+            settings.gridHeight = automaticGridHeight(*movie_, value);
+            showNumber(ui_->lblGridHeight, settings.gridHeight);
         }
     });
     if (number->slider) {
@@ -278,14 +278,14 @@ void KTCustomCollageWndCtl::controlTextDidChange(QLineEdit &field)
 
 void KTCustomCollageWndCtl::refreshSplitTimeRange()
 {
-    const SliderSelectionItem &selection = ui->timeRangeSlidView->selectionItem();
+    const SliderSelectionItem &selection = ui_->timeRangeSlidView->selectionItem();
     const double end = selection.dStart + selection.dLength;
     edit([&](CollageSettings &settings) {
         settings.startPoint = selection.dStart;
         settings.endPoint = end;
     });
-    ui->startTimeView->flushWithSeconds(selection.dStart);
-    ui->endTimeView->flushWithSeconds(end);
+    ui_->startTimeView->flushWithSeconds(selection.dStart);
+    ui_->endTimeView->flushWithSeconds(end);
 }
 
 void KTCustomCollageWndCtl::splitSliderViewBeginDragClip(SplitSliderView & /*slider*/, bool /*bLeftClip*/)
@@ -305,19 +305,19 @@ void KTCustomCollageWndCtl::splitSliderViewEndDragClip(SplitSliderView & /*slide
 
 bool KTCustomCollageWndCtl::isValid(SWTimeEditView &view, double seconds)
 {
-    if (&view == ui->startTimeView) {
-        return 0.0 <= seconds && seconds <= ui->endTimeView->secondsValue();
+    if (&view == ui_->startTimeView) {
+        return 0.0 <= seconds && seconds <= ui_->endTimeView->secondsValue();
     }
-    return seconds <= movie->duration && ui->startTimeView->secondsValue() <= seconds;
+    return seconds <= movie_->duration && ui_->startTimeView->secondsValue() <= seconds;
 }
 
 void KTCustomCollageWndCtl::didChangeValue(SWTimeEditView &view, double seconds)
 {
-    const bool isStart = &view == ui->startTimeView;
-    SliderSelectionItem selection = ui->timeRangeSlidView->selectionItem();
+    const bool isStart = &view == ui_->startTimeView;
+    SliderSelectionItem selection = ui_->timeRangeSlidView->selectionItem();
     // A new start moves the whole selection; the end field follows at the next write from the slider.
     (isStart ? selection.dStart : selection.dLength) = isStart ? seconds : seconds - selection.dStart;
-    ui->timeRangeSlidView->setSelection(selection.dStart, selection.dLength);
+    ui_->timeRangeSlidView->setSelection(selection.dStart, selection.dLength);
     edit([&](CollageSettings &settings) { (isStart ? settings.startPoint : settings.endPoint) = seconds; });
 }
 
@@ -325,8 +325,8 @@ void KTCustomCollageWndCtl::didChangeValue(SWTimeEditView &view, double seconds)
 
 const KTCustomCollageWndCtl::NumberControl *KTCustomCollageWndCtl::numberOf(const QLineEdit &field) const
 {
-    const auto found = std::ranges::find(numbers, &field, &NumberControl::field);
-    return found == numbers.end() ? nullptr : &*found;
+    const auto found = std::ranges::find(numbers_, &field, &NumberControl::field);
+    return found == numbers_.end() ? nullptr : &*found;
 }
 
 bool KTCustomCollageWndCtl::controlTextShouldEndEditing(QLineEdit &field)
@@ -343,28 +343,28 @@ bool KTCustomCollageWndCtl::controlTextShouldEndEditing(QLineEdit &field)
         title = qtTrId("WrongNumberInput");
     }
     //% "OK"
-    services.alert.show(title, {}, {qtTrId("OK")}, [](int) {});
+    services_.alert.show(title, {}, {qtTrId("OK")}, [](int) {});
     return false;
 }
 
 bool KTCustomCollageWndCtl::endEditing()
 {
-    return std::ranges::all_of(numbers, [](const auto &number) { return number.editing->endEditing(); }) &&
-           ui->startTimeView->endEditing() && ui->endTimeView->endEditing();
+    return std::ranges::all_of(numbers_, [](const auto &number) { return number.editing->endEditing(); }) &&
+           ui_->startTimeView->endEditing() && ui_->endTimeView->endEditing();
 }
 
 void KTCustomCollageWndCtl::abandonEditing()
 {
-    std::ranges::for_each(numbers, [](const auto &number) { number.editing->abandonEditing(); });
-    ui->startTimeView->abandonEditing();
-    ui->endTimeView->abandonEditing();
+    std::ranges::for_each(numbers_, [](const auto &number) { number.editing->abandonEditing(); });
+    ui_->startTimeView->abandonEditing();
+    ui_->endTimeView->abandonEditing();
 }
 
 void KTCustomCollageWndCtl::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    ui->lblGridRowNum->setFocus();
-    ui->lblGridRowNum->selectAll();
+    ui_->lblGridRowNum->setFocus();
+    ui_->lblGridRowNum->selectAll();
 }
 
 void KTCustomCollageWndCtl::reject()
@@ -383,15 +383,15 @@ void KTCustomCollageWndCtl::doneDown()
     if (!endEditing()) {
         return;
     }
-    if (ui->chkSetAsDefault->isChecked()) {
-        DefaultParameters::store(services.defaults, form());
+    if (ui_->chkSetAsDefault->isChecked()) {
+        DefaultParameters::store(services_.defaults, form());
     }
-    if (ui->chkApplyToAll->isChecked()) {
+    if (ui_->chkApplyToAll->isChecked()) {
         serilizedToAll();
     } else {
-        serilizedToKTObject(*movie);
+        serilizedToKTObject(*movie_);
     }
-    services.host.reloadData();
+    services_.host.reloadData();
     accept();
 }
 
@@ -400,8 +400,8 @@ void KTCustomCollageWndCtl::prevDown()
     if (!endEditing()) {
         return;
     }
-    serilizedToKTObject(*movie);
-    services.host.selectPrevMovie();
+    serilizedToKTObject(*movie_);
+    services_.host.selectPrevMovie();
 }
 
 void KTCustomCollageWndCtl::nextDown()
@@ -409,6 +409,6 @@ void KTCustomCollageWndCtl::nextDown()
     if (!endEditing()) {
         return;
     }
-    serilizedToKTObject(*movie);
-    services.host.selectNextMovie();
+    serilizedToKTObject(*movie_);
+    services_.host.selectNextMovie();
 }

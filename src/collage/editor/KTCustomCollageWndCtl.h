@@ -49,7 +49,7 @@ public:
     ~KTCustomCollageWndCtl() override;
 
     /// The movie being edited; null before the first one.
-    std::shared_ptr<KTMovieObject> movieObj() const { return movie; }
+    std::shared_ptr<KTMovieObject> movieObj() const { return movie_; }
     QPushButton &btnPrev();
     QPushButton &btnNext();
 
@@ -120,11 +120,11 @@ private:
 
     using SliderViewDelegate::didChangeValue; // the knob: there is none here
 
-    Services services;
-    std::unique_ptr<Ui::KTCustomCollageWndCtl> ui;
-    std::vector<NumberControl> numbers; // gone before the fields are
-    std::vector<ColorControl> colors;
-    std::vector<SwitchControl> switches;
-    std::shared_ptr<KTMovieObject> movie;
-    NotificationCenter::Observation metadataObservation;
+    Services services_;
+    std::unique_ptr<Ui::KTCustomCollageWndCtl> ui_;
+    std::vector<NumberControl> numbers_; // gone before the fields are
+    std::vector<ColorControl> colors_;
+    std::vector<SwitchControl> switches_;
+    std::shared_ptr<KTMovieObject> movie_;
+    NotificationCenter::Observation metadataObservation_;
 };

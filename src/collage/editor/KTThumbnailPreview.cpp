@@ -15,22 +15,22 @@ KTThumbnailPreview::KTThumbnailPreview(QWidget *parent) : QWidget(parent)
 
 void KTThumbnailPreview::setMetadataText(MetadataText text)
 {
-    metadataText = std::move(text);
+    metadataText_ = std::move(text);
     metadataTextChanged();
 }
 
 void KTThumbnailPreview::metadataTextChanged()
 {
-    factsAreKnown = false;
+    factsAreKnown_ = false;
     update();
 }
 
 void KTThumbnailPreview::flushWithMovieObject(std::shared_ptr<KTMovieObject> object)
 {
-    if (object != movie) {
-        factsAreKnown = false;
+    if (object != movie_) {
+        factsAreKnown_ = false;
     }
-    movie = std::move(object);
+    movie_ = std::move(object);
     update();
 }
 
@@ -56,16 +56,16 @@ QSize KTThumbnailPreview::minimumSizeHint() const
 
 void KTThumbnailPreview::paintEvent(QPaintEvent * /*event*/)
 {
-    if (!movie) {
+    if (!movie_) {
         return;
     }
     QPainter painter(this);
-    drawCollagePreview(painter, rect(), movie->settings(), facts(), holderForScreen());
+    drawCollagePreview(painter, rect(), movie_->settings(), facts(), holderForScreen());
 }
 
 void KTThumbnailPreview::showEvent(QShowEvent *event)
 {
-    factsAreKnown = false; // the choice of facts may have changed in the preferences meanwhile
+    factsAreKnown_ = false; // the choice of facts may have changed in the preferences meanwhile
     QWidget::showEvent(event);
 }
 
@@ -79,9 +79,9 @@ const QImage &KTThumbnailPreview::holderForScreen()
 
 const QString &KTThumbnailPreview::facts()
 {
-    if (!factsAreKnown) {
-        knownFacts = metadataText ? metadataText(*movie) : QString();
-        factsAreKnown = true;
+    if (!factsAreKnown_) {
+        knownFacts_ = metadataText_ ? metadataText_(*movie_) : QString();
+        factsAreKnown_ = true;
     }
-    return knownFacts;
+    return knownFacts_;
 }

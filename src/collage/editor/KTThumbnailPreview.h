@@ -26,7 +26,7 @@ public:
     void metadataTextChanged();
 
     /// The movie that is drawn; null at first.
-    std::shared_ptr<KTMovieObject> ktObject() const { return movie; }
+    std::shared_ptr<KTMovieObject> ktObject() const { return movie_; }
     /// Shows the movie with the settings that it has now.
     void flushWithMovieObject(std::shared_ptr<KTMovieObject> movie);
 
@@ -44,9 +44,9 @@ private:
     const QImage &holderForScreen();
     const QString &facts();
 
-    std::shared_ptr<KTMovieObject> movie;
-    MetadataText metadataText;
-    QString knownFacts;
-    bool factsAreKnown = false;
+    std::shared_ptr<KTMovieObject> movie_;
+    MetadataText metadataText_;
+    QString knownFacts_;
+    bool factsAreKnown_ = false;
     QImage imgHolder;
 };

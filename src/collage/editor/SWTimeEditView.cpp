@@ -38,8 +38,8 @@ SWTimeEditView::SWTimeEditView(QWidget *parent) :
     lblHour(newField(this, u"lblHour"_s)),
     lblMinite(newField(this, u"lblMinite"_s)),
     lblSecond(newField(this, u"lblSecond"_s)),
-    editings{new FieldEditing(*lblHour, *this, this), new FieldEditing(*lblMinite, *this, this),
-             new FieldEditing(*lblSecond, *this, this)}
+    editings_{new FieldEditing(*lblHour, *this, this), new FieldEditing(*lblMinite, *this, this),
+              new FieldEditing(*lblSecond, *this, this)}
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::TabFocus);
@@ -71,12 +71,12 @@ void SWTimeEditView::setEditable(bool editable)
 
 bool SWTimeEditView::endEditing()
 {
-    return std::all_of(editings.begin(), editings.end(), [](FieldEditing *editing) { return editing->endEditing(); });
+    return std::all_of(editings_.begin(), editings_.end(), [](FieldEditing *editing) { return editing->endEditing(); });
 }
 
 void SWTimeEditView::abandonEditing()
 {
-    for (FieldEditing *const editing : editings) {
+    for (FieldEditing *const editing : editings_) {
         editing->abandonEditing();
     }
 }
@@ -94,14 +94,14 @@ void SWTimeEditView::controlTextDidChange(QLineEdit & /*field*/)
 
 bool SWTimeEditView::controlTextShouldEndEditing(QLineEdit & /*field*/)
 {
-    if (!viewDelegate || viewDelegate->isValid(*this, secondsValue())) {
+    if (!viewDelegate_ || viewDelegate_->isValid(*this, secondsValue())) {
         return true;
     }
-    if (alertPanel) {
+    if (alertPanel_) {
         //% "This time is outside the movie, or the start would come after the end."
         const QString title = qtTrId("WrongTimeInput");
         //% "OK"
-        alertPanel->show(title, {}, {qtTrId("OK")}, [](int) {});
+        alertPanel_->show(title, {}, {qtTrId("OK")}, [](int) {});
     }
     flushWithSeconds(lastEnterValue);
     return false;
@@ -109,8 +109,8 @@ bool SWTimeEditView::controlTextShouldEndEditing(QLineEdit & /*field*/)
 
 void SWTimeEditView::controlTextDidEndEditing(QLineEdit & /*field*/)
 {
-    if (bTextChanged && viewDelegate) {
-        viewDelegate->didChangeValue(*this, secondsValue());
+    if (bTextChanged && viewDelegate_) {
+        viewDelegate_->didChangeValue(*this, secondsValue());
     }
     bTextChanged = false;
 }

@@ -19,11 +19,11 @@ class SWTimeEditView final : public QWidget, private FieldEditingDelegate {
 public:
     explicit SWTimeEditView(QWidget *parent = nullptr);
 
-    SWTimeEditViewDelegate *delegate() const { return viewDelegate; }
+    SWTimeEditViewDelegate *delegate() const { return viewDelegate_; }
     /// Not owned. None at first: any time is kept then, and nobody hears of it.
-    void setDelegate(SWTimeEditViewDelegate *delegate) { viewDelegate = delegate; }
+    void setDelegate(SWTimeEditViewDelegate *delegate) { viewDelegate_ = delegate; }
     /// Shows the refusals. Not owned. None at first: refusals are silent then.
-    void setAlertPanel(AlertPanel *panel) { alertPanel = panel; }
+    void setAlertPanel(AlertPanel *panel) { alertPanel_ = panel; }
 
     /// Shows the whole seconds of a time; the delegate is not told. A time that is being entered is lost, but a refusal
     /// still goes back to what its editing began with; abandonEditing() after this makes it begin here.
@@ -62,9 +62,9 @@ private:
     TimeField *lblHour;
     TimeField *lblMinite;
     TimeField *lblSecond;
-    std::array<FieldEditing *, 3> editings;
+    std::array<FieldEditing *, 3> editings_;
     bool bTextChanged = false;   // typed since the editing began
     double lastEnterValue = 0.0; // what a refusal goes back to, seconds
-    SWTimeEditViewDelegate *viewDelegate = nullptr;
-    AlertPanel *alertPanel = nullptr;
+    SWTimeEditViewDelegate *viewDelegate_ = nullptr;
+    AlertPanel *alertPanel_ = nullptr;
 };

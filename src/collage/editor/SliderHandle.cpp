@@ -16,8 +16,7 @@ constexpr double page = 10.0;
 
 class AccessibleHandle final : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
-    explicit AccessibleHandle(SliderHandle &sliderHandle) :
-        QAccessibleWidget(&sliderHandle, QAccessible::Slider), handle(sliderHandle)
+    explicit AccessibleHandle(SliderHandle &handle) : QAccessibleWidget(&handle, QAccessible::Slider), handle_(handle)
     {
     }
 
@@ -28,23 +27,23 @@ public:
     }
     QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Value ? GlobalFun::getTimeStringBySecond(handle.edge().value())
+        return kind == QAccessible::Value ? GlobalFun::getTimeStringBySecond(handle_.edge().value())
                                           : QAccessibleWidget::text(kind);
     }
     QRect rect() const override
     {
-        const QRect drawn = handle.edge().rect().toAlignedRect();
-        return {handle.parentWidget()->mapToGlobal(drawn.topLeft()), drawn.size()};
+        const QRect drawn = handle_.edge().rect().toAlignedRect();
+        return {handle_.parentWidget()->mapToGlobal(drawn.topLeft()), drawn.size()};
     }
 
-    QVariant currentValue() const override { return handle.edge().value(); }
-    void setCurrentValue(const QVariant &value) override { handle.edge().setValue(value.toDouble()); }
-    QVariant minimumValue() const override { return handle.minimum(); }
-    QVariant maximumValue() const override { return handle.maximum(); }
+    QVariant currentValue() const override { return handle_.edge().value(); }
+    void setCurrentValue(const QVariant &value) override { handle_.edge().setValue(value.toDouble()); }
+    QVariant minimumValue() const override { return handle_.minimum(); }
+    QVariant maximumValue() const override { return handle_.maximum(); }
     QVariant minimumStepSize() const override { return step; }
 
 private:
-    SliderHandle &handle;
+    SliderHandle &handle_;
 };
 
 QAccessibleInterface *accessibleHandle(const QString & /*className*/, QObject *object)
@@ -55,8 +54,8 @@ QAccessibleInterface *accessibleHandle(const QString & /*className*/, QObject *o
 
 } // namespace
 
-SliderHandle::SliderHandle(BaseSliderView &baseSlider, SliderEdge edge) :
-    QWidget(&baseSlider), slider(baseSlider), movedEdge(std::move(edge))
+SliderHandle::SliderHandle(BaseSliderView &slider, SliderEdge movedEdge) :
+    QWidget(&slider), slider_(slider), movedEdge_(std::move(movedEdge))
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::TabFocus);
@@ -65,17 +64,17 @@ SliderHandle::SliderHandle(BaseSliderView &baseSlider, SliderEdge edge) :
 
 double SliderHandle::minimum() const
 {
-    return slider.dMinValue();
+    return slider_.dMinValue();
 }
 
 double SliderHandle::maximum() const
 {
-    return slider.dMinValue() + slider.dLength();
+    return slider_.dMinValue() + slider_.dLength();
 }
 
 void SliderHandle::announce()
 {
-    QAccessibleValueChangeEvent event(this, movedEdge.value());
+    QAccessibleValueChangeEvent event(this, movedEdge_.value());
     QAccessible::updateAccessibility(&event);
 }
 
@@ -84,18 +83,18 @@ void SliderHandle::keyPressEvent(QKeyEvent *event)
     switch (event->key()) {
     case Qt::Key_Left:
     case Qt::Key_Down:
-        return movedEdge.setValue(movedEdge.value() - step);
+        return movedEdge_.setValue(movedEdge_.value() - step);
     case Qt::Key_Right:
     case Qt::Key_Up:
-        return movedEdge.setValue(movedEdge.value() + step);
+        return movedEdge_.setValue(movedEdge_.value() + step);
     case Qt::Key_PageDown:
-        return movedEdge.setValue(movedEdge.value() - page);
+        return movedEdge_.setValue(movedEdge_.value() - page);
     case Qt::Key_PageUp:
-        return movedEdge.setValue(movedEdge.value() + page);
+        return movedEdge_.setValue(movedEdge_.value() + page);
     case Qt::Key_Home:
-        return movedEdge.setValue(minimum());
+        return movedEdge_.setValue(minimum());
     case Qt::Key_End:
-        return movedEdge.setValue(maximum());
+        return movedEdge_.setValue(maximum());
     default:
         return QWidget::keyPressEvent(event);
     }
@@ -103,10 +102,10 @@ void SliderHandle::keyPressEvent(QKeyEvent *event)
 
 void SliderHandle::focusInEvent(QFocusEvent * /*event*/)
 {
-    slider.update();
+    slider_.update();
 }
 
 void SliderHandle::focusOutEvent(QFocusEvent * /*event*/)
 {
-    slider.update();
+    slider_.update();
 }

@@ -19,9 +19,9 @@ class SliderHandle final : public QWidget {
     Q_OBJECT
 
 public:
-    SliderHandle(BaseSliderView &slider, SliderEdge edge);
+    SliderHandle(BaseSliderView &slider, SliderEdge movedEdge);
 
-    const SliderEdge &edge() const { return movedEdge; }
+    const SliderEdge &edge() const { return movedEdge_; }
     /// The ends of the slider's range.
     double minimum() const;
     double maximum() const;
@@ -34,6 +34,6 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
-    BaseSliderView &slider;
-    const SliderEdge movedEdge;
+    BaseSliderView &slider_;
+    const SliderEdge movedEdge_;
 };

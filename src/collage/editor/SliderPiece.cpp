@@ -17,7 +17,8 @@ QRectF onDevicePixels(const QRectF &rect, qreal ratio)
 
 } // namespace
 
-SliderPiece::SliderPiece(const QString &name) : resource(u":/images/" + name + u".svg"), naturalSize(svgSize(resource))
+SliderPiece::SliderPiece(const QString &name) :
+    resource_(u":/images/" + name + u".svg"), naturalSize_(svgSize(resource_))
 {
 }
 
@@ -25,17 +26,17 @@ void SliderPiece::draw(QPainter &painter, const QRectF &rect, const QColor &colo
 {
     const qreal ratio = painter.device()->devicePixelRatioF();
     const QRectF target = onDevicePixels(rect, ratio);
-    if (target.isEmpty() || naturalSize.isEmpty()) {
+    if (target.isEmpty() || naturalSize_.isEmpty()) {
         return;
     }
-    const QSizeF size = target.size().boundedTo(naturalSize * 2.0); // what is longer is even, and is stretched
-    if (size != tintedSize || ratio != tinted.devicePixelRatio() || color.rgba() != tint) {
-        tinted = svgImage(resource, size, ratio);
-        tintedSize = size;
-        tint = color.rgba();
-        QPainter tinting(&tinted);
+    const QSizeF size = target.size().boundedTo(naturalSize_ * 2.0); // what is longer is even, and is stretched
+    if (size != tintedSize_ || ratio != tinted_.devicePixelRatio() || color.rgba() != tint_) {
+        tinted_ = svgImage(resource_, size, ratio);
+        tintedSize_ = size;
+        tint_ = color.rgba();
+        QPainter tinting(&tinted_);
         tinting.setCompositionMode(QPainter::CompositionMode_SourceIn);
         tinting.fillRect(QRectF({}, size), color);
     }
-    painter.drawImage(target, tinted);
+    painter.drawImage(target, tinted_);
 }

@@ -17,14 +17,14 @@ public:
     explicit SliderPiece(const QString &name);
 
     /// Of the drawing, in points.
-    QSizeF size() const { return naturalSize; }
+    QSizeF size() const { return naturalSize_; }
     /// Fills the rectangle, sharp at the painter's resolution.
     void draw(QPainter &painter, const QRectF &rect, const QColor &color);
 
 private:
-    QString resource;
-    QSizeF naturalSize;
-    QImage tinted;
-    QSizeF tintedSize;
-    QRgb tint = 0;
+    QString resource_;
+    QSizeF naturalSize_;
+    QImage tinted_;
+    QSizeF tintedSize_;
+    QRgb tint_ = 0;
 };

@@ -21,18 +21,18 @@ constexpr double focusShade = 0.5;
 } // namespace
 
 SplitSliderView::SplitSliderView(QWidget *parent) :
-    BaseSliderView(parent), leftHandle(*this, edge(true)), rightHandle(*this, edge(false))
+    BaseSliderView(parent), leftHandle_(*this, edge(true)), rightHandle_(*this, edge(false))
 {
     itemSelection.dLength = dLength();
-    leftHandle.setObjectName(u"leftClip"_s);
-    rightHandle.setObjectName(u"rightClip"_s);
+    leftHandle_.setObjectName(u"leftClip"_s);
+    rightHandle_.setObjectName(u"rightClip"_s);
     //% "Start handle"
-    leftHandle.setAccessibleName(qtTrId("slider_start_handle"));
+    leftHandle_.setAccessibleName(qtTrId("slider_start_handle"));
     //% "End handle"
-    rightHandle.setAccessibleName(qtTrId("slider_end_handle"));
+    rightHandle_.setAccessibleName(qtTrId("slider_end_handle"));
     setMouseTracking(true);
     setFocusPolicy(Qt::TabFocus);
-    setFocusProxy(&leftHandle);
+    setFocusProxy(&leftHandle_);
 }
 
 SliderEdge SplitSliderView::edge(bool bLeftClip)
@@ -154,7 +154,7 @@ void SplitSliderView::mouseMoveEvent(QMouseEvent *event)
     BaseSliderView::mouseMoveEvent(event);
     if (event->buttons() == Qt::NoButton) {
         const QPointF point = flipped(event->position());
-        hover(rcClipLeft.contains(point) ? &leftHandle : rcClipRight.contains(point) ? &rightHandle : nullptr);
+        hover(rcClipLeft.contains(point) ? &leftHandle_ : rcClipRight.contains(point) ? &rightHandle_ : nullptr);
     }
 }
 
@@ -165,8 +165,8 @@ void SplitSliderView::leaveEvent(QEvent * /*event*/)
 
 void SplitSliderView::hover(const SliderHandle *handle)
 {
-    if (handle != hovered) {
-        hovered = handle;
+    if (handle != hovered_) {
+        hovered_ = handle;
         handle ? setCursor(Qt::SizeHorCursor) : unsetCursor();
         update();
     }
@@ -208,7 +208,7 @@ void SplitSliderView::drawClip(QPainter &painter, bool bLeftClip)
 {
     const SliderHandle &handle = handleOf(bLeftClip);
     const bool held = bLeftClip ? bDraggingLeftClip : bDraggingRightClip;
-    const double shade = held ? pressShade : hovered == &handle ? hoverShade : 0.0;
+    const double shade = held ? pressShade : hovered_ == &handle ? hoverShade : 0.0;
     const QRectF rect = clipRect(bLeftClip);
     (bLeftClip ? imgLeftClip : imgRightClip).draw(painter, rect, ink(QPalette::Highlight, shade));
     if (handle.hasFocus()) {

@@ -49,7 +49,7 @@ private:
     double edgeUnderPointer(bool bLeftClip, double x) const;
     int heightForClips() const;
     SliderEdge edge(bool bLeftClip);
-    SliderHandle &handleOf(bool bLeftClip) { return bLeftClip ? leftHandle : rightHandle; }
+    SliderHandle &handleOf(bool bLeftClip) { return bLeftClip ? leftHandle_ : rightHandle_; }
     void hover(const SliderHandle *handle);
 
     bool bDraggingLeftClip = false;
@@ -61,7 +61,7 @@ private:
     SliderPiece imgRightClip{QStringLiteral("SliderTrimRight")};
     SliderPiece imgLeftFocus{QStringLiteral("SliderFocusLeft")}; // the ring around the handle that has the focus
     SliderPiece imgRightFocus{QStringLiteral("SliderFocusRight")};
-    SliderHandle leftHandle;
-    SliderHandle rightHandle;
-    const SliderHandle *hovered = nullptr;
+    SliderHandle leftHandle_;
+    SliderHandle rightHandle_;
+    const SliderHandle *hovered_ = nullptr;
 };

@@ -66,45 +66,45 @@ void appendFrame(std::string &text, const void *address)
 } // namespace
 
 CrashRecorder::CrashRecorder(const QString &path, const CrashReportObject &record) :
-    finalPath(PathText::toBytes(path)),
-    temporaryPath(finalPath + '-' + QByteArray::number(::getpid())), // two processes may crash at once
-    folder(finalPath.first(qMax(finalPath.lastIndexOf('/'), qsizetype(0)))),
-    report(record.fileForm().toStdString())
+    finalPath_(PathText::toBytes(path)),
+    temporaryPath_(finalPath_ + '-' + QByteArray::number(::getpid())), // two processes may crash at once
+    folder_(finalPath_.first(qMax(finalPath_.lastIndexOf('/'), qsizetype(0)))),
+    report_(record.fileForm().toStdString())
 {
-    report.erase(report.rfind("\n}"));
-    lines.reserve(stack.size() * longestFrame);
-    report.reserve(report.size() + stack.size() * (longestFrame + 4) + 100);
+    report_.erase(report_.rfind("\n}"));
+    lines_.reserve(stack_.size() * longestFrame);
+    report_.reserve(report_.size() + stack_.size() * (longestFrame + 4) + 100);
     void *any = nullptr;
     ::backtrace(&any, 1); // its first call loads a library
 }
 
 void CrashRecorder::record()
 {
-    ::backtrace(stack.data(), static_cast<int>(stack.size()));
+    ::backtrace(stack_.data(), static_cast<int>(stack_.size()));
     writeReport();
 }
 
 void CrashRecorder::writeReport()
 {
-    report.append(",\n\"date\": \"").append(dateText().data()).append("\",\n\"stackArray\": [");
-    for (auto frame = stack.begin(); frame != stack.end() && *frame != nullptr; ++frame) {
-        const std::size_t start = lines.size();
-        appendFrame(lines, *frame);
-        report.append(start == 0 ? "\n\"" : ",\n\"").append(lines, start).append("\"");
-        lines.append("\n");
+    report_.append(",\n\"date\": \"").append(dateText().data()).append("\",\n\"stackArray\": [");
+    for (auto frame = stack_.begin(); frame != stack_.end() && *frame != nullptr; ++frame) {
+        const std::size_t start = lines_.size();
+        appendFrame(lines_, *frame);
+        report_.append(start == 0 ? "\n\"" : ",\n\"").append(lines_, start).append("\"");
+        lines_.append("\n");
     }
-    report.append("\n]\n}\n");
-    ::mkdir(folder.constData(), 0777); // not every user has the documents folder
-    FileSystem::replaceFile(finalPath.constData(), temporaryPath.constData(), report);
+    report_.append("\n]\n}\n");
+    ::mkdir(folder_.constData(), 0777); // not every user has the documents folder
+    FileSystem::replaceFile(finalPath_.constData(), temporaryPath_.constData(), report_);
 }
 
 void CrashRecorder::logStack() const
 {
-    log({dashes, warning, lines});
+    log({dashes, warning, lines_});
 }
 
 void CrashRecorder::logException(std::string_view name, std::string_view reason) const
 {
-    log({dashes, warning, dashes, "uncaught exception\n", lines, "\r\rNAME:", name, "\rREASON:", reason, "\n", dashes,
+    log({dashes, warning, dashes, "uncaught exception\n", lines_, "\r\rNAME:", name, "\rREASON:", reason, "\n", dashes,
          dashes});
 }

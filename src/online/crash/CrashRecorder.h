@@ -26,10 +26,10 @@ public:
     void logException(std::string_view name, std::string_view reason) const;
 
 private:
-    QByteArray finalPath;
-    QByteArray temporaryPath;
-    QByteArray folder;
-    std::string report;              ///< as far as it is known
-    std::string lines;               ///< the stack as text
-    std::array<void *, 128> stack{}; ///< innermost first, null after the last
+    QByteArray finalPath_;
+    QByteArray temporaryPath_;
+    QByteArray folder_;
+    std::string report_;              ///< as far as it is known
+    std::string lines_;               ///< the stack as text
+    std::array<void *, 128> stack_{}; ///< innermost first, null after the last
 };

@@ -11,14 +11,14 @@
 
 using namespace Qt::StringLiterals;
 
-CrashReportSender::CrashReportSender(const QString &path, const CrashReportObject &record) :
-    reportPath(path), crashSignalHanler(path, record)
+CrashReportSender::CrashReportSender(const QString &reportPath, const CrashReportObject &record) :
+    reportPath_(reportPath), crashSignalHanler(reportPath, record)
 {
 }
 
 bool CrashReportSender::hasPendingCrashReport() const
 {
-    return FileSystem::isTaken(reportPath);
+    return FileSystem::isTaken(reportPath_);
 }
 
 void CrashReportSender::handleCrashReport(CrashReportSenderDelegate *delegate) const
@@ -29,7 +29,7 @@ void CrashReportSender::handleCrashReport(CrashReportSenderDelegate *delegate) c
         return;
     }
     if (hasPendingCrashReport()) {
-        delegate->handleCrashReport(CrashReportObject::initWithContentsOfFile(reportPath));
+        delegate->handleCrashReport(CrashReportObject::initWithContentsOfFile(reportPath_));
     }
 }
 
@@ -37,12 +37,12 @@ void CrashReportSender::noticeHandleCrashReportSuccess() const
 {
     qCInfo(lcTessarine).noquote() << u"CRASH REPORT 处理成功"_s;
     // Not with all that is in it, should it be a folder: that would be somebody's.
-    if (std::remove(PathText::toBytes(reportPath).constData()) != 0) {
+    if (std::remove(PathText::toBytes(reportPath_).constData()) != 0) {
         qCWarning(lcTessarine, "crash report not deleted: %s", std::strerror(errno));
     }
 }
 
 void CrashReportSender::sendCrashReportToURL(const QUrl &url, CrashReportSenderDelegate *delegate)
 {
-    upload.sendCrashReportToURL(url, delegate);
+    upload_.sendCrashReportToURL(url, delegate);
 }

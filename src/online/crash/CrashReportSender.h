@@ -15,7 +15,7 @@ struct CrashReportObject;
 class CrashReportSender {
 public:
     /// Installs the handlers. `path` is where reports lie; `record` holds what is known before a crash.
-    CrashReportSender(const QString &path, const CrashReportObject &record);
+    CrashReportSender(const QString &reportPath, const CrashReportObject &record);
 
     /// Whether anything is at the reports' path.
     bool hasPendingCrashReport() const;
@@ -28,8 +28,8 @@ public:
     void sendCrashReportToURL(const QUrl &url, CrashReportSenderDelegate *delegate);
 
 private:
-    QString reportPath;
+    QString reportPath_;
     CrashReportSingal crashSignalHanler;
-    NotificationCenter notifications; ///< for the upload alone
-    CrashReportUpload upload{reportPath, notifications};
+    NotificationCenter notifications_; ///< for the upload alone
+    CrashReportUpload upload_{reportPath_, notifications_};
 };

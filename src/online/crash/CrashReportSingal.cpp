@@ -150,15 +150,15 @@ CrashReportSingal::CrashReportSingal(const QString &path, const CrashReportObjec
     if (isInstrumented) {
         return;
     }
-    recorder = std::make_unique<CrashRecorder>(path, record);
-    state.recorder = recorder.get();
+    recorder_ = std::make_unique<CrashRecorder>(path, record);
+    state.recorder = recorder_.get();
     state.terminateBefore = std::set_terminate(onTerminate);
     static_cast<void>(std::ranges::all_of(fatalSignals, install));
 }
 
 CrashReportSingal::~CrashReportSingal()
 {
-    if (recorder != nullptr) {
+    if (recorder_ != nullptr) {
         resetActions();
         std::set_terminate(state.terminateBefore);
     }

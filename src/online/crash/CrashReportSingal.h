@@ -24,6 +24,6 @@ public:
     CrashReportSingal &operator=(const CrashReportSingal &) = delete;
 
 private:
-    AlternateStack stack; ///< for the thread that makes this, the main thread
-    std::unique_ptr<CrashRecorder> recorder;
+    AlternateStack stack_; ///< for the thread that makes this, the main thread
+    std::unique_ptr<CrashRecorder> recorder_;
 };

@@ -9,39 +9,39 @@
 
 using namespace Qt::StringLiterals;
 
-CrashReportUpload::CrashReportUpload(const QString &reportPath, NotificationCenter &notifications,
-                                     std::chrono::milliseconds delay, std::chrono::milliseconds patience) :
-    path(reportPath), center(notifications), answerTime(patience)
+CrashReportUpload::CrashReportUpload(const QString &path, NotificationCenter &center, std::chrono::milliseconds delay,
+                                     std::chrono::milliseconds answerTime) :
+    path_(path), center_(center), answerTime_(answerTime)
 {
-    submission.setInterval(delay);
-    submission.setSingleShot(true);
-    submission.callOnTimeout([this] { submit(); });
+    submission_.setInterval(delay);
+    submission_.setSingleShot(true);
+    submission_.callOnTimeout([this] { submit(); });
 }
 
 void CrashReportUpload::sendCrashReportToURL(const QUrl &url, CrashReportSenderDelegate *delegate)
 {
-    if (!FileSystem::isTaken(path)) {
+    if (!FileSystem::isTaken(path_)) {
         return;
     }
-    target = url;
-    reportDelegate = delegate;
-    if (!submission.isActive()) {
-        submission.start();
+    target_ = url;
+    reportDelegate_ = delegate;
+    if (!submission_.isActive()) {
+        submission_.start();
     }
 }
 
 void CrashReportUpload::submit()
 {
-    exchange.reset();
-    networkChange.reset();
-    if (target.host().isEmpty()) {
+    exchange_.reset();
+    networkChange_.reset();
+    if (target_.host().isEmpty()) {
         waitForNetwork();
         return;
     }
-    lookup.emplace(target.host(), [this](const HostAddresses &addresses) {
+    lookup_.emplace(target_.host(), [this](const HostAddresses &addresses) {
         if (!addresses.error.isEmpty()) {
             waitForNetwork();
-        } else if (FileSystem::isTaken(path)) {
+        } else if (FileSystem::isTaken(path_)) {
             send();
         }
     });
@@ -49,11 +49,11 @@ void CrashReportUpload::submit()
 
 void CrashReportUpload::waitForNetwork()
 {
-    if (!watch) {
-        watch.emplace(center);
+    if (!watch_) {
+        watch_.emplace(center_);
     }
-    networkChange = center.observe(NetworkWatch::changed, [this] {
-        networkChange.reset();
+    networkChange_ = center_.observe(NetworkWatch::changed, [this] {
+        networkChange_.reset();
         submit();
     });
 }
@@ -61,17 +61,17 @@ void CrashReportUpload::waitForNetwork()
 void CrashReportUpload::send()
 {
     const auto content =
-        reportDelegate == nullptr
+        reportDelegate_ == nullptr
             ? std::nullopt
-            : reportDelegate->createReportContentByReportInfo(CrashReportObject::initWithContentsOfFile(path));
+            : reportDelegate_->createReportContentByReportInfo(CrashReportObject::initWithContentsOfFile(path_));
     if (!content) {
         qCWarning(lcTessarine).noquote()
             << u"CRASH REPORT DELEGATE 需实现 createReportContentByReportInfo 方法，发送失败。";
         return;
     }
     qCInfo(lcTessarine).noquote() << u"send crash report:\n"_s + *content;
-    exchange.emplace(
-        HttpRequest{target, content->toUtf8()}, [this](const HttpAnswer &answer) { takeAnswer(answer); }, answerTime);
+    exchange_.emplace(
+        HttpRequest{target_, content->toUtf8()}, [this](const HttpAnswer &answer) { takeAnswer(answer); }, answerTime_);
 }
 
 void CrashReportUpload::takeAnswer(const HttpAnswer &answer) const
@@ -82,5 +82,5 @@ void CrashReportUpload::takeAnswer(const HttpAnswer &answer) const
         return;
     }
     qCInfo(lcTessarine).noquote() << u"发送CRASH报告成功，删除本机报告文件...";
-    std::remove(PathText::toBytes(path).constData());
+    std::remove(PathText::toBytes(path_).constData());
 }

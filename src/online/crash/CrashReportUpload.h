@@ -21,9 +21,9 @@ class CrashReportUpload {
 public:
     /// `reportPath` is where the pending report lies, if there is one; `delay` comes before the first try, and the
     /// server has the `patience` for its answer. The centre must outlive this.
-    CrashReportUpload(const QString &reportPath, NotificationCenter &notifications,
+    CrashReportUpload(const QString &path, NotificationCenter &center,
                       std::chrono::milliseconds delay = std::chrono::seconds(1),
-                      std::chrono::milliseconds patience = std::chrono::seconds(15));
+                      std::chrono::milliseconds answerTime = std::chrono::seconds(15));
 
     /// Begins when a report is pending, else does nothing. A call while an earlier one still waits or sends takes its
     /// place. The delegate must outlive this; nothing is sent without one that makes texts.
@@ -35,14 +35,14 @@ private:
     void send();
     void takeAnswer(const HttpAnswer &answer) const;
 
-    QString path;
-    NotificationCenter &center;
-    std::chrono::milliseconds answerTime;
-    QUrl target;
-    CrashReportSenderDelegate *reportDelegate = nullptr;
-    std::optional<NetworkWatch> watch; ///< from the first wait on
-    NotificationCenter::Observation networkChange;
-    std::optional<HostLookup> lookup;
-    std::optional<HttpExchange> exchange;
-    QTimer submission;
+    QString path_;
+    NotificationCenter &center_;
+    std::chrono::milliseconds answerTime_;
+    QUrl target_;
+    CrashReportSenderDelegate *reportDelegate_ = nullptr;
+    std::optional<NetworkWatch> watch_; ///< from the first wait on
+    NotificationCenter::Observation networkChange_;
+    std::optional<HostLookup> lookup_;
+    std::optional<HttpExchange> exchange_;
+    QTimer submission_;
 };

@@ -9,12 +9,12 @@
 #include <utility>
 #include <xcb/xcb.h>
 
-BlockedCloseButton::BlockedCloseButton(QWindow &blocked, std::function<void()> buttonPressed) :
-    window(&blocked), pressed(std::move(buttonPressed))
+BlockedCloseButton::BlockedCloseButton(QWindow &blocked, std::function<void()> pressed) :
+    window_(&blocked), pressed_(std::move(pressed))
 {
     if (xcb_connection_t *server = XConnection::ofThisProgram()) {
-        protocols = XConnection::atom(server, "WM_PROTOCOLS");
-        deleteWindow = XConnection::atom(server, "WM_DELETE_WINDOW");
+        protocols_ = XConnection::atom(server, "WM_PROTOCOLS");
+        deleteWindow_ = XConnection::atom(server, "WM_DELETE_WINDOW");
         qGuiApp->installNativeEventFilter(this);
     }
 }
@@ -32,12 +32,12 @@ bool BlockedCloseButton::nativeEventFilter(const QByteArray &eventType, void *me
         return false;
     }
     const auto *said = static_cast<const xcb_client_message_event_t *>(message);
-    const bool isBlocked = window && QGuiApplication::modalWindow() != nullptr;
-    if (!isBlocked || said->window != window->winId() || said->type != protocols ||
-        said->data.data32[0] != deleteWindow) {
+    const bool isBlocked = window_ && QGuiApplication::modalWindow() != nullptr;
+    if (!isBlocked || said->window != window_->winId() || said->type != protocols_ ||
+        said->data.data32[0] != deleteWindow_) {
         return false;
     }
     QMetaObject::invokeMethod(
-        window, [this] { pressed(); }, Qt::QueuedConnection);
+        window_, [this] { pressed_(); }, Qt::QueuedConnection);
     return true;
 }

@@ -20,8 +20,8 @@ public:
     bool nativeEventFilter(const QByteArray &eventType, void *message, qintptr *result) override;
 
 private:
-    const QPointer<QWindow> window;
-    const std::function<void()> pressed;
-    std::uint32_t protocols = 0; ///< the X server's numbers for what a close button sends; 0 without an X server
-    std::uint32_t deleteWindow = 0;
+    const QPointer<QWindow> window_;
+    const std::function<void()> pressed_;
+    std::uint32_t protocols_ = 0; ///< the X server's numbers for what a close button sends; 0 without an X server
+    std::uint32_t deleteWindow_ = 0;
 };

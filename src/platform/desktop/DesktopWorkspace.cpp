@@ -34,8 +34,8 @@ QString folderOf(const QString &path)
 
 } // namespace
 
-DesktopWorkspace::DesktopWorkspace(MainQueue &queue, const QDBusConnection &bus, bool isSandboxed) :
-    mainQueue(queue), sessionBus(bus), sandboxed(isSandboxed)
+DesktopWorkspace::DesktopWorkspace(MainQueue &mainQueue, const QDBusConnection &sessionBus, bool sandboxed) :
+    mainQueue_(mainQueue), sessionBus_(sessionBus), sandboxed_(sandboxed)
 {
 }
 
@@ -46,12 +46,12 @@ void DesktopWorkspace::openFile(const QString &path)
 
 void DesktopWorkspace::revealFile(const QString &path)
 {
-    onMainThread([this, path] { sandboxed ? openDirectory(path) : showItems(path); });
+    onMainThread([this, path] { sandboxed_ ? openDirectory(path) : showItems(path); });
 }
 
 void DesktopWorkspace::onMainThread(std::function<void()> work)
 {
-    mainQueue.async([work = std::move(work), life = std::weak_ptr(alive)] {
+    mainQueue_.async([work = std::move(work), life = std::weak_ptr(alive_)] {
         if (!life.expired()) { // it ends on the main thread, where this runs
             work();
         }
@@ -83,8 +83,8 @@ void DesktopWorkspace::openDirectory(const QString &path)
 
 void DesktopWorkspace::callOrOpenFolder(const QDBusMessage &message, const QString &path)
 {
-    auto *watcher = new QDBusPendingCallWatcher(sessionBus.asyncCall(message), &context);
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context, [watcher, path] {
+    auto *watcher = new QDBusPendingCallWatcher(sessionBus_.asyncCall(message), &context_);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context_, [watcher, path] {
         if (watcher->isError()) {
             openPath(folderOf(path));
         }

@@ -29,9 +29,9 @@ private:
     /// Sends the call, and opens the folder of the path when it comes back as an error.
     void callOrOpenFolder(const QDBusMessage &message, const QString &path);
 
-    MainQueue &mainQueue;
-    QDBusConnection sessionBus;
-    const bool sandboxed;
-    QObject context; ///< answers are taken as long as this lives
-    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
+    MainQueue &mainQueue_;
+    QDBusConnection sessionBus_;
+    const bool sandboxed_;
+    QObject context_; ///< answers are taken as long as this lives
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };

@@ -71,10 +71,10 @@ QStringList lentFiles(const QDBusPendingReply<QStringList> &answer)
 
 } // namespace
 
-DroppedFiles::DroppedFiles() : bus(QString()) {}
+DroppedFiles::DroppedFiles() : bus_(QString()) {}
 
-DroppedFiles::DroppedFiles(QDBusConnection sessionBus, bool sandboxed, std::chrono::milliseconds patience) :
-    bus(std::move(sessionBus)), isSandboxed(sandboxed), portalPatience(patience)
+DroppedFiles::DroppedFiles(QDBusConnection bus, bool isSandboxed, std::chrono::milliseconds portalPatience) :
+    bus_(std::move(bus)), isSandboxed_(isSandboxed), portalPatience_(portalPatience)
 {
 }
 
@@ -87,8 +87,8 @@ bool DroppedFiles::areIn(const QMimeData &data)
 void DroppedFiles::fetch(const QMimeData &data, QObject &receiver, Taker taker) const
 {
     const QStringList named = namedFiles(data);
-    const QString key = isSandboxed || named.isEmpty() ? transferKey(data) : QString();
-    if (key.isEmpty() || !bus.isConnected()) { // a call without a bus would never come to an end
+    const QString key = isSandboxed_ || named.isEmpty() ? transferKey(data) : QString();
+    if (key.isEmpty() || !bus_.isConnected()) { // a call without a bus would never come to an end
         taker(named);
     } else {
         askPortal(key, named, receiver, std::move(taker));
@@ -97,8 +97,8 @@ void DroppedFiles::fetch(const QMimeData &data, QObject &receiver, Taker taker) 
 
 void DroppedFiles::askPortal(const QString &key, const QStringList &named, QObject &receiver, Taker taker) const
 {
-    const int patience = static_cast<int>(portalPatience.count());
-    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(retrieveFiles(key), patience), &receiver);
+    const int patience = static_cast<int>(portalPatience_.count());
+    auto *watcher = new QDBusPendingCallWatcher(bus_.asyncCall(retrieveFiles(key), patience), &receiver);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &receiver,
                      [watcher, named, taker = std::move(taker)] {
                          watcher->deleteLater();

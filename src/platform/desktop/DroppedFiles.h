@@ -23,7 +23,7 @@ public:
     /// Without a portal: files by their names only.
     DroppedFiles();
     /// A portal that does not answer within `patience` is given up.
-    DroppedFiles(QDBusConnection sessionBus, bool sandboxed, std::chrono::milliseconds patience = defaultPatience);
+    DroppedFiles(QDBusConnection bus, bool isSandboxed, std::chrono::milliseconds portalPatience = defaultPatience);
 
     /// Whether it seems to be files that are dragged. Asks nobody but the drag's source, and not for a key: giving one
     /// out is work for it.
@@ -39,7 +39,7 @@ private:
 
     void askPortal(const QString &key, const QStringList &named, QObject &receiver, Taker taker) const;
 
-    QDBusConnection bus;
-    bool isSandboxed = false;
-    std::chrono::milliseconds portalPatience = defaultPatience;
+    QDBusConnection bus_;
+    bool isSandboxed_ = false;
+    std::chrono::milliseconds portalPatience_ = defaultPatience;
 };

@@ -32,6 +32,6 @@ void Translations::install(const QLocale &locale, const QString &name, const QSt
 {
     auto translator = std::make_unique<QTranslator>();
     if (translator->load(locale, name, u"_"_s, folder) && QCoreApplication::installTranslator(translator.get())) {
-        translators.push_back(std::move(translator));
+        translators_.push_back(std::move(translator));
     }
 }

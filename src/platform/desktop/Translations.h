@@ -21,5 +21,5 @@ public:
 private:
     void install(const QLocale &locale, const QString &name, const QString &folder);
 
-    std::vector<std::unique_ptr<QTranslator>> translators;
+    std::vector<std::unique_ptr<QTranslator>> translators_;
 };

@@ -14,11 +14,11 @@ namespace {
 /// A message to whoever manages the windows of an X screen, from one of its windows.
 class XScreenMessenger {
 public:
-    XScreenMessenger(xcb_connection_t *server, xcb_window_t from) : connection(server), window(from)
+    XScreenMessenger(xcb_connection_t *connection, xcb_window_t window) : connection_(connection), window_(window)
     {
         const std::unique_ptr<xcb_get_geometry_reply_t, decltype(&std::free)> reply(
-            xcb_get_geometry_reply(connection, xcb_get_geometry(connection, window), nullptr), &std::free);
-        root = reply ? reply->root : XCB_NONE;
+            xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window_), nullptr), &std::free);
+        root_ = reply ? reply->root : XCB_NONE;
     }
 
     /// Asks for the front on behalf of the user, who has clicked at that time. The toolkit would name the time of the
@@ -45,7 +45,7 @@ public:
             const QByteArray piece = text.mid(at, size).leftJustified(size, '\0');
             std::ranges::copy(piece, event.data.data8);
             send(event, XCB_EVENT_MASK_PROPERTY_CHANGE);
-            event.type = XConnection::atom(connection, "_NET_STARTUP_INFO");
+            event.type = XConnection::atom(connection_, "_NET_STARTUP_INFO");
         }
     }
 
@@ -55,20 +55,20 @@ private:
         xcb_client_message_event_t event = {};
         event.response_type = XCB_CLIENT_MESSAGE;
         event.format = bits;
-        event.window = window;
-        event.type = XConnection::atom(connection, type);
+        event.window = window_;
+        event.type = XConnection::atom(connection_, type);
         return event;
     }
 
     void send(const xcb_client_message_event_t &event, std::uint32_t mask)
     {
-        xcb_send_event(connection, 0, root, mask, reinterpret_cast<const char *>(&event));
-        xcb_flush(connection);
+        xcb_send_event(connection_, 0, root_, mask, reinterpret_cast<const char *>(&event));
+        xcb_flush(connection_);
     }
 
-    xcb_connection_t *connection;
-    xcb_window_t window;
-    xcb_window_t root = XCB_NONE;
+    xcb_connection_t *connection_;
+    xcb_window_t window_;
+    xcb_window_t root_ = XCB_NONE;
 };
 
 } // namespace

@@ -66,13 +66,13 @@ std::optional<ResolvedFolder> PathBookmarks::resolve(const QByteArray &data) con
 }
 
 PortalBookmarks::PortalBookmarks(const QString &mountPoint) :
-    mount(mountPoint.endsWith(u'/') ? mountPoint : mountPoint + u'/')
+    mount_(mountPoint.endsWith(u'/') ? mountPoint : mountPoint + u'/')
 {
 }
 
 std::optional<QByteArray> PortalBookmarks::BookmarkDataForURL(const QString &folderPath) const
 {
-    const QString below = folderPath.startsWith(mount) ? folderPath.sliced(mount.size()) : QString();
+    const QString below = folderPath.startsWith(mount_) ? folderPath.sliced(mount_.size()) : QString();
     const QString id = below.section(u'/', 0, 0);
     const QString name = below.section(u'/', 1);
     if (id.isEmpty() || name.isEmpty()) {
@@ -95,7 +95,7 @@ std::optional<ResolvedFolder> PortalBookmarks::resolve(const QByteArray &data) c
         return PathBookmarks().resolve(data);
     }
     // Not the recorded path: the mount point may be another one in this session.
-    const QString path = mount + id + u'/' + name;
+    const QString path = mount_ + id + u'/' + name;
     return ResolvedFolder{.path = path, .isStale = !FileSystem::status(path)};
 }
 

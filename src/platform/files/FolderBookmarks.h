@@ -54,5 +54,5 @@ public:
     static QString mountPointOf(const QDBusConnection &sessionBus);
 
 private:
-    const QString mount; ///< with a slash at the end
+    const QString mount_; ///< with a slash at the end
 };

@@ -57,49 +57,49 @@ bool isRandomName(QByteArrayView name)
 
 } // namespace
 
-NewFile::NewFile(const QString &path, const CancelFlag &cancelFlag) : cancelled(cancelFlag)
+NewFile::NewFile(const QString &path, const CancelFlag &cancelled) : cancelled_(cancelled)
 {
     const auto place = placeOf(PathText::toBytes(path));
     if (!place) {
-        problem = std::make_error_code(std::errc::invalid_argument);
+        problem_ = std::make_error_code(std::errc::invalid_argument);
         return;
     }
-    folder.reset(::open(place->folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    if (succeeded(folder.isOpen())) {
-        file.reset(create());
+    folder_.reset(::open(place->folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    if (succeeded(folder_.isOpen())) {
+        file_.reset(create());
     }
-    if (succeeded(file.isOpen())) {
+    if (succeeded(file_.isOpen())) {
         open(WriteOnly | Unbuffered);
     }
 }
 
 NewFile::~NewFile()
 {
-    if (!name.isEmpty()) {
-        ::unlinkat(folder.get(), name.constData(), 0);
+    if (!name_.isEmpty()) {
+        ::unlinkat(folder_.get(), name_.constData(), 0);
     }
 }
 
 /// True when all has gone well so far; otherwise the first problem is kept, by default the system's last one.
 bool NewFile::succeeded(bool isGood)
 {
-    if (!isGood && !problem) {
-        problem = {errno, std::generic_category()};
+    if (!isGood && !problem_) {
+        problem_ = {errno, std::generic_category()};
     }
-    return !problem;
+    return !problem_;
 }
 
 int NewFile::create()
 {
     for (;;) {
-        name = randomName();
-        FileDescriptor made(::openat(folder.get(), name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        name_ = randomName();
+        FileDescriptor made(::openat(folder_.get(), name_.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
         if (made.isOpen() && FileLock::take(made.get())) {
             return made.release();
         }
         // The name is taken; or another process has taken the file for a leftover, before it was locked.
         if (!made.isOpen() && errno != EEXIST) {
-            name.clear();
+            name_.clear();
             return -1;
         }
     }
@@ -112,17 +112,18 @@ qint64 NewFile::readData(char * /*data*/, qint64 /*maxSize*/)
 
 qint64 NewFile::writeData(const char *data, qint64 count)
 {
-    for (qint64 done = 0; done < count && !problem;) {
-        if (cancelled) {
-            problem = std::make_error_code(std::errc::operation_canceled);
+    for (qint64 done = 0; done < count && !problem_;) {
+        if (cancelled_) {
+            problem_ = std::make_error_code(std::errc::operation_canceled);
             break;
         }
-        const ssize_t written = ::pwrite(file.get(), data + done, static_cast<std::size_t>(count - done), pos() + done);
+        const ssize_t written =
+            ::pwrite(file_.get(), data + done, static_cast<std::size_t>(count - done), pos() + done);
         done += std::max<ssize_t>(written, 0);
         succeeded(written >= 0 || errno == EINTR);
     }
-    length = std::max(length, pos() + count);
-    return problem ? -1 : count;
+    length_ = std::max(length_, pos() + count);
+    return problem_ ? -1 : count;
 }
 
 std::error_code NewFile::publishAs(const QString &path)
@@ -131,8 +132,8 @@ std::error_code NewFile::publishAs(const QString &path)
         close(); // for writers; the lock holds until the file has its name
     }
     const auto place = placeOf(PathText::toBytes(path));
-    if (problem) {
-        return problem;
+    if (problem_) {
+        return problem_;
     }
     return place && giveName(place->name) ? std::error_code() : lastError();
 }
@@ -141,7 +142,7 @@ std::error_code NewFile::publishAs(const QString &path)
 /// close, and some have nothing to wait for.
 bool NewFile::keep()
 {
-    return (::fsync(file.get()) == 0 || errno == EINVAL) && ::close(::fcntl(file.get(), F_DUPFD_CLOEXEC, 0)) == 0;
+    return (::fsync(file_.get()) == 0 || errno == EINVAL) && ::close(::fcntl(file_.get(), F_DUPFD_CLOEXEC, 0)) == 0;
 }
 
 /// False, with errno set, when something has that name already or the name cannot be given.
@@ -149,24 +150,24 @@ bool NewFile::giveName(const QByteArray &finalName)
 {
     const bool given = renameWithoutReplacing(finalName) || linkAs(finalName) || renameOntoPlaceholder(finalName);
     if (given) {
-        name.clear();
+        name_.clear();
     }
     return given;
 }
 
 bool NewFile::renameWithoutReplacing(const QByteArray &finalName)
 {
-    return ::renameat2(folder.get(), name.constData(), folder.get(), finalName.constData(), RENAME_NOREPLACE) == 0;
+    return ::renameat2(folder_.get(), name_.constData(), folder_.get(), finalName.constData(), RENAME_NOREPLACE) == 0;
 }
 
 /// For network file systems, which do not know the flag: a second name for the file refuses to replace as well.
 bool NewFile::linkAs(const QByteArray &finalName)
 {
     const bool flagUnknown = errno == EINVAL || errno == ENOSYS;
-    if (!flagUnknown || ::linkat(folder.get(), name.constData(), folder.get(), finalName.constData(), 0) != 0) {
+    if (!flagUnknown || ::linkat(folder_.get(), name_.constData(), folder_.get(), finalName.constData(), 0) != 0) {
         return false;
     }
-    ::unlinkat(folder.get(), name.constData(), 0);
+    ::unlinkat(folder_.get(), name_.constData(), 0);
     return true;
 }
 
@@ -179,15 +180,15 @@ bool NewFile::renameOntoPlaceholder(const QByteArray &finalName)
         return false;
     }
     const FileDescriptor placeholder(
-        ::openat(folder.get(), finalName.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+        ::openat(folder_.get(), finalName.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (!placeholder.isOpen()) {
         return false;
     }
-    if (::renameat(folder.get(), name.constData(), folder.get(), finalName.constData()) == 0) {
+    if (::renameat(folder_.get(), name_.constData(), folder_.get(), finalName.constData()) == 0) {
         return true;
     }
     const int error = errno;
-    ::unlinkat(folder.get(), finalName.constData(), 0);
+    ::unlinkat(folder_.get(), finalName.constData(), 0);
     errno = error;
     return false;
 }

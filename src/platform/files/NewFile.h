@@ -20,13 +20,13 @@ public:
     ~NewFile() override;
 
     /// Why it could not be made or written; nothing when all is well.
-    std::error_code error() const { return problem; }
+    std::error_code error() const { return problem_; }
 
     /// Gives it its name, the last of `path`, when all that was written is on the disk. An existing file is never
     /// replaced (std::errc::file_exists); another name can then be tried.
     std::error_code publishAs(const QString &path);
 
-    qint64 size() const override { return length; }
+    qint64 size() const override { return length_; }
 
     /// Removes the hidden files that killed processes of this user have left in the folder.
     static void removeLeftovers(const QString &folder);
@@ -44,12 +44,12 @@ private:
     bool linkAs(const QByteArray &finalName);
     bool renameOntoPlaceholder(const QByteArray &finalName);
 
-    const CancelFlag &cancelled;
-    FileDescriptor folder;
-    QByteArray name; ///< the hidden one; empty when there is none any more
-    FileDescriptor file;
-    qint64 length = 0;
-    std::error_code problem;
+    const CancelFlag &cancelled_;
+    FileDescriptor folder_;
+    QByteArray name_; ///< the hidden one; empty when there is none any more
+    FileDescriptor file_;
+    qint64 length_ = 0;
+    std::error_code problem_;
 };
 
 /// Writes `contents` as a new file at `path`, all or nothing, never over another (std::errc::file_exists). Safe on any

@@ -58,7 +58,7 @@ TemporaryFolder::TemporaryFolder(const QString &parent)
 {
     removeLeftovers(parent);
     const QByteArray pattern = PathText::toBytes(parent) + '/' + QByteArray(prefix.data()) + unique.data();
-    while (!make(pattern) && !problem) {
+    while (!make(pattern) && !problem_) {
     }
 }
 
@@ -67,29 +67,29 @@ bool TemporaryFolder::make(const QByteArray &pattern)
 {
     QByteArray name = pattern;
     if (::mkdtemp(name.data()) == nullptr) {
-        problem = {errno, std::generic_category()};
+        problem_ = {errno, std::generic_category()};
         return false;
     }
-    lock = openLock(name, ownFile | O_CREAT | O_EXCL);
-    if (!lock.isOpen()) {
-        problem = {errno, std::generic_category()};
+    lock_ = openLock(name, ownFile | O_CREAT | O_EXCL);
+    if (!lock_.isOpen()) {
+        problem_ = {errno, std::generic_category()};
     }
-    if (!lock.isOpen() || !FileLock::take(lock.get())) {
+    if (!lock_.isOpen() || !FileLock::take(lock_.get())) {
         removeWithContents(name);
         return false;
     }
-    folder = name;
+    folder_ = name;
     return true;
 }
 
 TemporaryFolder::~TemporaryFolder()
 {
-    if (!folder.isEmpty()) {
-        removeWithContents(folder);
+    if (!folder_.isEmpty()) {
+        removeWithContents(folder_);
     }
 }
 
 QString TemporaryFolder::path() const
 {
-    return PathText::fromBytes(folder);
+    return PathText::fromBytes(folder_);
 }

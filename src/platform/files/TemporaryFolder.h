@@ -17,13 +17,13 @@ public:
     TemporaryFolder &operator=(const TemporaryFolder &) = delete;
 
     /// Why there is none; nothing when all is well.
-    std::error_code error() const { return problem; }
+    std::error_code error() const { return problem_; }
     QString path() const;
 
 private:
     bool make(const QByteArray &pattern);
 
-    QByteArray folder; ///< empty when there is none
-    FileDescriptor lock;
-    std::error_code problem;
+    QByteArray folder_; ///< empty when there is none
+    FileDescriptor lock_;
+    std::error_code problem_;
 };

@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-Bundle::Bundle(const QByteArray &infoPlist) : values(PropertyList::parseDictionary(infoPlist).value_or(QVariantMap{}))
+Bundle::Bundle(const QByteArray &infoPlist) : values_(PropertyList::parseDictionary(infoPlist).value_or(QVariantMap{}))
 {
 }
 
@@ -18,7 +18,7 @@ Bundle Bundle::main()
 
 QString Bundle::value(const QString &key) const
 {
-    return values.value(key).toString();
+    return values_.value(key).toString();
 }
 
 QString Bundle::identifier() const

@@ -17,5 +17,5 @@ public:
     QString identifier() const;
 
 private:
-    QVariantMap values;
+    QVariantMap values_;
 };

@@ -37,7 +37,7 @@ public:
 private:
     QJsonValue find(const QString &key) const;
 
-    std::mutex diskMutex; ///< one synchronisation at a time; taken before valuesMutex
+    std::mutex diskMutex_; ///< one synchronisation at a time; taken before valuesMutex
 };
 
 QJsonValue UserDefaults::Private::find(const QString &key) const
@@ -58,7 +58,7 @@ void UserDefaults::Private::change(QAnyStringView key, const QJsonValue &value)
 
 bool UserDefaults::Private::synchronize()
 {
-    const std::scoped_lock diskLock(diskMutex);
+    const std::scoped_lock diskLock(diskMutex_);
     std::unique_lock lock(valuesMutex);
     const QJsonObject written = changes;
     lock.unlock();
@@ -76,26 +76,26 @@ bool UserDefaults::Private::synchronize()
     return true;
 }
 
-UserDefaults::UserDefaults(const QString &storePath) : d(std::make_unique<Private>(storePath))
+UserDefaults::UserDefaults(const QString &storePath) : d_(std::make_unique<Private>(storePath))
 {
-    d->synchronize();
+    d_->synchronize();
 }
 
 UserDefaults::~UserDefaults()
 {
-    if (!d->changes.isEmpty()) {
-        d->synchronize();
+    if (!d_->changes.isEmpty()) {
+        d_->synchronize();
     }
 }
 
 bool UserDefaults::contains(QAnyStringView key) const
 {
-    return d->read(key, [](const QJsonValue &value) { return !value.isUndefined(); });
+    return d_->read(key, [](const QJsonValue &value) { return !value.isUndefined(); });
 }
 
 bool UserDefaults::boolValue(QAnyStringView key) const
 {
-    return d->read(key, StoredValue::boolean);
+    return d_->read(key, StoredValue::boolean);
 }
 
 std::int32_t UserDefaults::int32Value(QAnyStringView key) const
@@ -106,65 +106,65 @@ std::int32_t UserDefaults::int32Value(QAnyStringView key) const
 
 std::int64_t UserDefaults::int64Value(QAnyStringView key) const
 {
-    return d->read(key, StoredValue::integer);
+    return d_->read(key, StoredValue::integer);
 }
 
 QString UserDefaults::textValue(QAnyStringView key) const
 {
-    return d->read(key, StoredValue::text);
+    return d_->read(key, StoredValue::text);
 }
 
 std::optional<QByteArray> UserDefaults::dataValue(QAnyStringView key) const
 {
-    return d->read(key, StoredValue::data);
+    return d_->read(key, StoredValue::data);
 }
 
 std::optional<QVariantList> UserDefaults::arrayValue(QAnyStringView key) const
 {
-    return d->read(key, StoredValue::list);
+    return d_->read(key, StoredValue::list);
 }
 
 void UserDefaults::setBool(QAnyStringView key, bool value)
 {
-    d->change(key, value);
+    d_->change(key, value);
 }
 
 void UserDefaults::setInteger(QAnyStringView key, std::int64_t value)
 {
-    d->change(key, qint64{value});
+    d_->change(key, qint64{value});
 }
 
 void UserDefaults::setText(QAnyStringView key, const QString &value)
 {
-    d->change(key, StoredValue::from(value));
+    d_->change(key, StoredValue::from(value));
 }
 
 void UserDefaults::setData(QAnyStringView key, const QByteArray &value)
 {
-    d->change(key, StoredValue::from(value));
+    d_->change(key, StoredValue::from(value));
 }
 
 void UserDefaults::setArray(QAnyStringView key, const QVariantList &value)
 {
-    d->change(key, StoredValue::from(value));
+    d_->change(key, StoredValue::from(value));
 }
 
 void UserDefaults::registerDefaults(const QVariantMap &defaults)
 {
-    const std::scoped_lock lock(d->valuesMutex);
-    d->registered = {};
+    const std::scoped_lock lock(d_->valuesMutex);
+    d_->registered = {};
     for (auto value = defaults.cbegin(); value != defaults.cend(); ++value) {
-        d->registered.insert(value.key(), StoredValue::from(*value));
+        d_->registered.insert(value.key(), StoredValue::from(*value));
     }
 }
 
 void UserDefaults::setVolatile(QAnyStringView key, const QVariant &value)
 {
-    const std::scoped_lock lock(d->valuesMutex);
-    d->volatileValues.insert(key.toString(), StoredValue::from(value));
+    const std::scoped_lock lock(d_->valuesMutex);
+    d_->volatileValues.insert(key.toString(), StoredValue::from(value));
 }
 
 bool UserDefaults::synchronize()
 {
-    return d->synchronize();
+    return d_->synchronize();
 }

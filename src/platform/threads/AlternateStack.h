@@ -13,17 +13,17 @@ public:
     AlternateStack()
     {
         stack_t stack = {};
-        stack.ss_sp = memory->data();
-        stack.ss_size = memory->size();
-        ::sigaltstack(&stack, &before);
+        stack.ss_sp = memory_->data();
+        stack.ss_size = memory_->size();
+        ::sigaltstack(&stack, &before_);
     }
     /// The thread gets back what it had before.
-    ~AlternateStack() { ::sigaltstack(&before, nullptr); }
+    ~AlternateStack() { ::sigaltstack(&before_, nullptr); }
     AlternateStack(const AlternateStack &) = delete;
     AlternateStack &operator=(const AlternateStack &) = delete;
 
 private:
     using Memory = std::array<std::byte, std::size_t{64} * 1024>; // several times what a crash report takes
-    std::unique_ptr<Memory> memory = std::make_unique_for_overwrite<Memory>();
-    stack_t before = {};
+    std::unique_ptr<Memory> memory_ = std::make_unique_for_overwrite<Memory>();
+    stack_t before_ = {};
 };

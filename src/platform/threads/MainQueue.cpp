@@ -7,9 +7,9 @@
 
 void MainQueue::async(Work work)
 {
-    const std::scoped_lock lock(mutex); // until the event is posted: it too goes from thread to thread
-    waiting.push_back(std::move(work));
-    if (!std::exchange(isWoken, true)) {
+    const std::scoped_lock lock(mutex_); // until the event is posted: it too goes from thread to thread
+    waiting_.push_back(std::move(work));
+    if (!std::exchange(isWoken_, true)) {
         QCoreApplication::postEvent(this, std::make_unique<QEvent>(QEvent::User).release()); // the event loop's now
     }
 }
@@ -21,11 +21,11 @@ void MainQueue::customEvent(QEvent * /*event*/)
 
 void MainQueue::workOff()
 {
-    std::unique_lock lock(mutex);
-    isWoken = false;
-    for (std::size_t left = waiting.size(); left > 0 && !waiting.empty(); --left) {
-        Work work = std::move(waiting.front());
-        waiting.pop_front();
+    std::unique_lock lock(mutex_);
+    isWoken_ = false;
+    for (std::size_t left = waiting_.size(); left > 0 && !waiting_.empty(); --left) {
+        Work work = std::move(waiting_.front());
+        waiting_.pop_front();
         lock.unlock();
         work();
         work = nullptr; // what it holds goes without the lock too

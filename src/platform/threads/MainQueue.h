@@ -26,7 +26,7 @@ private:
 
     // Work goes from thread to thread under this lock alone, not inside Qt's events: Qt's own locking is invisible to
     // ThreadSanitizer.
-    std::mutex mutex;
-    std::deque<Work> waiting;
-    bool isWoken = false; ///< an event is on its way
+    std::mutex mutex_;
+    std::deque<Work> waiting_;
+    bool isWoken_ = false; ///< an event is on its way
 };

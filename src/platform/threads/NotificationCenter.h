@@ -26,5 +26,5 @@ private:
         QString name;
         std::weak_ptr<const Handler> handler;
     };
-    std::vector<Entry> entries;
+    std::vector<Entry> entries_;
 };

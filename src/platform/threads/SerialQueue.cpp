@@ -5,29 +5,29 @@
 #include <pthread.h>
 #include <utility>
 
-SerialQueue::SerialQueue(const QString &label) : thread([this] { workOff(); })
+SerialQueue::SerialQueue(const QString &label) : thread_([this] { workOff(); })
 {
     constexpr qsizetype longestName = 15;
-    pthread_setname_np(thread.native_handle(), label.toUtf8().left(longestName).constData());
+    pthread_setname_np(thread_.native_handle(), label.toUtf8().left(longestName).constData());
 }
 
 SerialQueue::~SerialQueue()
 {
     {
-        const std::scoped_lock lock(mutex);
-        ending = true;
+        const std::scoped_lock lock(mutex_);
+        ending_ = true;
     }
-    changed.notify_one();
-    thread.join();
+    changed_.notify_one();
+    thread_.join();
 }
 
 void SerialQueue::async(Work work)
 {
     {
-        const std::scoped_lock lock(mutex);
-        waiting.push_back(std::move(work));
+        const std::scoped_lock lock(mutex_);
+        waiting_.push_back(std::move(work));
     }
-    changed.notify_one();
+    changed_.notify_one();
 }
 
 void SerialQueue::workOff()
@@ -40,12 +40,12 @@ void SerialQueue::workOff()
 
 SerialQueue::Work SerialQueue::next()
 {
-    std::unique_lock lock(mutex);
-    changed.wait(lock, [this] { return ending || !waiting.empty(); });
-    if (waiting.empty()) {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return ending_ || !waiting_.empty(); });
+    if (waiting_.empty()) {
         return {};
     }
-    Work work = std::move(waiting.front());
-    waiting.pop_front();
+    Work work = std::move(waiting_.front());
+    waiting_.pop_front();
     return work;
 }

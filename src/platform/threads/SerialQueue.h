@@ -28,9 +28,9 @@ private:
     /// Waits for the next piece of work; an empty one is the sign to end.
     Work next();
 
-    std::mutex mutex; ///< guards the two below
-    std::deque<Work> waiting;
-    bool ending = false;
-    std::condition_variable changed;
-    std::thread thread; ///< last: it uses all of the above
+    std::mutex mutex_; ///< guards the two below
+    std::deque<Work> waiting_;
+    bool ending_ = false;
+    std::condition_variable changed_;
+    std::thread thread_; ///< last: it uses all of the above
 };

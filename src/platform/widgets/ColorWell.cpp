@@ -33,20 +33,20 @@ ColorWell::ColorWell(QWidget *parent) : QAbstractButton(parent)
     setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    setAccessibleDescription(shownColor.name(QColor::HexArgb));
+    setAccessibleDescription(shownColor_.name(QColor::HexArgb));
     connect(this, &QAbstractButton::clicked, this, &ColorWell::openDialog);
 }
 
 void ColorWell::setColor(const QColor &color)
 {
     const QColor valid = color.isValid() ? color : QColor(Qt::black);
-    if (valid == shownColor) {
+    if (valid == shownColor_) {
         return;
     }
-    shownColor = valid;
-    setAccessibleDescription(shownColor.name(QColor::HexArgb));
+    shownColor_ = valid;
+    setAccessibleDescription(shownColor_.name(QColor::HexArgb));
     update();
-    Q_EMIT colorChanged(shownColor);
+    Q_EMIT colorChanged(shownColor_);
 }
 
 QSize ColorWell::sizeHint() const
@@ -71,7 +71,7 @@ void ColorWell::paintEvent(QPaintEvent * /*event*/)
     }
     painter.fillRect(frame, palette().color(QPalette::Mid));
     drawCheckerboard(painter, well);
-    painter.fillRect(well, shownColor);
+    painter.fillRect(well, shownColor_);
 }
 
 void ColorWell::dragEnterEvent(QDragEnterEvent *event)
@@ -92,28 +92,28 @@ void ColorWell::dropEvent(QDropEvent *event)
 
 void ColorWell::openDialog()
 {
-    if (dialog) {
-        dialog->raise();
-        dialog->activateWindow();
+    if (dialog_) {
+        dialog_->raise();
+        dialog_->activateWindow();
         return;
     }
     auto *opened = new QColorDialog(this);
     opened->setAttribute(Qt::WA_DeleteOnClose);
     opened->setOption(QColorDialog::ShowAlphaChannel); // first, or the colour would lose its alpha
-    opened->setCurrentColor(shownColor);
+    opened->setCurrentColor(shownColor_);
     opened->setWindowTitle(accessibleName());
     connect(opened, &QColorDialog::currentColorChanged, this, &ColorWell::choose);
     connect(opened, &QColorDialog::colorSelected, this, &ColorWell::choose);
-    connect(opened, &QDialog::rejected, this, [this, before = shownColor] { choose(before); });
-    dialog = opened;
+    connect(opened, &QDialog::rejected, this, [this, before = shownColor_] { choose(before); });
+    dialog_ = opened;
     opened->open();
 }
 
 void ColorWell::choose(const QColor &color)
 {
-    const bool isOther = color != shownColor;
+    const bool isOther = color != shownColor_;
     setColor(color);
     if (isOther) {
-        Q_EMIT colorChosen(shownColor);
+        Q_EMIT colorChosen(shownColor_);
     }
 }

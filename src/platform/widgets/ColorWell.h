@@ -16,7 +16,7 @@ public:
     explicit ColorWell(QWidget *parent = nullptr);
 
     /// White at first; always valid.
-    QColor color() const { return shownColor; }
+    QColor color() const { return shownColor_; }
     /// An invalid colour is taken for opaque black.
     void setColor(const QColor &color);
 
@@ -37,6 +37,6 @@ private:
     void openDialog();
     void choose(const QColor &color);
 
-    QColor shownColor = Qt::white;
-    QPointer<QColorDialog> dialog;
+    QColor shownColor_ = Qt::white;
+    QPointer<QColorDialog> dialog_;
 };

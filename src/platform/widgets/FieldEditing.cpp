@@ -5,67 +5,67 @@
 #include <QFocusEvent>
 #include <QScopedValueRollback>
 
-FieldEditing::FieldEditing(QLineEdit &lineEdit, FieldEditingDelegate &editingDelegate, QObject *parent) :
-    QObject(parent), field(&lineEdit), delegate(editingDelegate)
+FieldEditing::FieldEditing(QLineEdit &lineEdit, FieldEditingDelegate &delegate, QObject *parent) :
+    QObject(parent), field_(&lineEdit), delegate_(delegate)
 {
-    field->installEventFilter(this);
-    connect(field, &QLineEdit::textEdited, this, [this] {
+    field_->installEventFilter(this);
+    connect(field_, &QLineEdit::textEdited, this, [this] {
         beginEditing();
-        changed = true;
-        delegate.controlTextDidChange(*field);
+        changed_ = true;
+        delegate_.controlTextDidChange(*field_);
     });
 }
 
 void FieldEditing::beginEditing()
 {
-    if (!editing && !field->isReadOnly()) {
-        editing = true;
-        changed = false;
-        delegate.controlTextDidBeginEditing(*field);
+    if (!editing_ && !field_->isReadOnly()) {
+        editing_ = true;
+        changed_ = false;
+        delegate_.controlTextDidBeginEditing(*field_);
     }
 }
 
 bool FieldEditing::endEditing()
 {
-    if (!editing || asking) {
-        return !editing;
+    if (!editing_ || asking_) {
+        return !editing_;
     }
-    if (!field->isEnabled() || !field->isVisible()) {
+    if (!field_->isEnabled() || !field_->isVisible()) {
         abandonEditing(); // a refused text could not be mended there, and one that nobody judged is not told of
         return true;
     }
-    const QScopedValueRollback isAsking(asking, true);
-    if (!delegate.controlTextShouldEndEditing(*field)) {
-        field->setFocus(Qt::OtherFocusReason);
-        field->selectAll();
+    const QScopedValueRollback isAsking(asking_, true);
+    if (!delegate_.controlTextShouldEndEditing(*field_)) {
+        field_->setFocus(Qt::OtherFocusReason);
+        field_->selectAll();
         return false;
     }
-    editing = false;
-    delegate.controlTextDidEndEditing(*field);
+    editing_ = false;
+    delegate_.controlTextDidEndEditing(*field_);
     beginAnew();
     return true;
 }
 
 void FieldEditing::abandonEditing()
 {
-    editing = false;
+    editing_ = false;
     beginAnew();
 }
 
 void FieldEditing::beginAnew()
 {
-    if (field->hasFocus() && field->isVisible()) {
+    if (field_->hasFocus() && field_->isVisible()) {
         beginEditing();
     }
 }
 
 bool FieldEditing::returnPressed()
 {
-    if (!changed) {
+    if (!changed_) {
         return false; // nothing to end: the window's default button may have it
     }
     if (endEditing()) {
-        field->selectAll();
+        field_->selectAll();
     }
     return true;
 }

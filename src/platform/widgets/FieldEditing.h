@@ -29,9 +29,9 @@ private:
     void beginAnew();
     bool returnPressed();
 
-    QPointer<QLineEdit> field;
-    FieldEditingDelegate &delegate;
-    bool editing = false;
-    bool changed = false; // since the editing began
-    bool asking = false;  // the delegate is being asked: what it shows moves the focus as well
+    QPointer<QLineEdit> field_;
+    FieldEditingDelegate &delegate_;
+    bool editing_ = false;
+    bool changed_ = false; // since the editing began
+    bool asking_ = false;  // the delegate is being asked: what it shows moves the focus as well
 };

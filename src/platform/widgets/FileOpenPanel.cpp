@@ -82,17 +82,17 @@ void letSelectSeveral(const QFileDialog &dialog)
 
 } // namespace
 
-FileOpenPanel::FileOpenPanel(bool isSandboxed) : sandboxed(isSandboxed) {}
+FileOpenPanel::FileOpenPanel(bool sandboxed) : sandboxed_(sandboxed) {}
 
 void FileOpenPanel::open(const OpenPanelRequest &request, Chosen chosen)
 {
     auto *dialog = new MixedFileDialog(frontWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     const bool needsToolkit = request.folders && (request.files || request.multiple);
-    dialog->setOption(QFileDialog::DontUseNativeDialog, needsToolkit && !sandboxed);
-    dialog->takesFoldersToo = needsToolkit && request.files && !sandboxed;
+    dialog->setOption(QFileDialog::DontUseNativeDialog, needsToolkit && !sandboxed_);
+    dialog->takesFoldersToo = needsToolkit && request.files && !sandboxed_;
     configure(*dialog, request);
-    if (needsToolkit && request.multiple && !sandboxed) {
+    if (needsToolkit && request.multiple && !sandboxed_) {
         letSelectSeveral(*dialog);
     }
     QObject::connect(dialog, &QDialog::finished, dialog, [dialog, chosen = std::move(chosen)](int result) {

@@ -13,5 +13,5 @@ public:
     void open(const OpenPanelRequest &request, Chosen chosen) override;
 
 private:
-    const bool sandboxed;
+    const bool sandboxed_;
 };

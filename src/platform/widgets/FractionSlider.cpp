@@ -21,7 +21,7 @@ int toParts(double value)
 
 FractionSlider::FractionSlider(QWidget *parent) : QSlider(Qt::Horizontal, parent)
 {
-    setRange(0, usually);
+    setRange(0, usually_);
     setSingleStep(parts);
     setPageStep(10 * parts);
 }
@@ -35,19 +35,19 @@ void FractionSlider::setDoubleValue(double value)
 {
     const QSignalBlocker quiet(this);
     const int wanted = toParts(value);
-    setMaximum(std::max(usually, wanted));
+    setMaximum(std::max(usually_, wanted));
     setValue(wanted);
 }
 
 double FractionSlider::usualMaximum() const
 {
-    return static_cast<double>(usually) / parts;
+    return static_cast<double>(usually_) / parts;
 }
 
 void FractionSlider::setUsualMaximum(double maximum)
 {
-    usually = std::max(parts, toParts(maximum));
-    setMaximum(usually);
+    usually_ = std::max(parts, toParts(maximum));
+    setMaximum(usually_);
 }
 
 void FractionSlider::release()

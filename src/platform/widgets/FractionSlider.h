@@ -21,5 +21,5 @@ public:
     void release();
 
 private:
-    int usually = 1000; // the usual maximum, in the slider's own steps
+    int usually_ = 1000; // the usual maximum, in the slider's own steps
 };

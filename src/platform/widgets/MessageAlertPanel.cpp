@@ -27,40 +27,40 @@ public:
     void give(int index)
     {
         {
-            const std::scoped_lock lock(mutex);
-            answer = answer.value_or(index);
+            const std::scoped_lock lock(mutex_);
+            answer_ = answer_.value_or(index);
         }
-        given.notify_one();
+        given_.notify_one();
     }
     int wait()
     {
-        std::unique_lock lock(mutex);
-        given.wait(lock, [this] { return answer.has_value(); });
-        return *answer;
+        std::unique_lock lock(mutex_);
+        given_.wait(lock, [this] { return answer_.has_value(); });
+        return *answer_;
     }
 
 private:
-    std::mutex mutex;
-    std::condition_variable given;
-    std::optional<int> answer;
+    std::mutex mutex_;
+    std::condition_variable given_;
+    std::optional<int> answer_;
 };
 
 /// A thread's question. However it ends, unanswered too, the thread goes on.
 class Question {
 public:
-    Question(std::shared_ptr<PendingAnswer> pendingAnswer, int answerOtherwise) :
-        pending(std::move(pendingAnswer)), otherwise(answerOtherwise)
+    Question(std::shared_ptr<PendingAnswer> pending, int otherwise) :
+        pending_(std::move(pending)), otherwise_(otherwise)
     {
     }
-    ~Question() { pending->give(otherwise); }
+    ~Question() { pending_->give(otherwise_); }
     Question(const Question &) = delete;
     Question &operator=(const Question &) = delete;
 
-    void answer(int index) { pending->give(index); }
+    void answer(int index) { pending_->give(index); }
 
 private:
-    std::shared_ptr<PendingAnswer> pending;
-    int otherwise;
+    std::shared_ptr<PendingAnswer> pending_;
+    int otherwise_;
 };
 
 int lastOf(const QStringList &buttons)
@@ -108,7 +108,7 @@ QMessageBox *makeBox(const QString &title, const QString &message, const QString
 
 } // namespace
 
-MessageAlertPanel::MessageAlertPanel(MainQueue &queue) : mainQueue(queue) {}
+MessageAlertPanel::MessageAlertPanel(MainQueue &mainQueue) : mainQueue_(mainQueue) {}
 
 int MessageAlertPanel::run(const QString &title, const QString &message, const QStringList &buttons)
 {
@@ -118,7 +118,7 @@ int MessageAlertPanel::run(const QString &title, const QString &message, const Q
         return lastOf(buttons);
     }
     const auto pending = std::make_shared<PendingAnswer>();
-    mainQueue.async([this, title, message, buttons, question = std::make_shared<Question>(pending, lastOf(buttons))] {
+    mainQueue_.async([this, title, message, buttons, question = std::make_shared<Question>(pending, lastOf(buttons))] {
         show(title, message, buttons, [question](int answer) { question->answer(answer); });
     });
     return pending->wait();

@@ -19,5 +19,5 @@ public:
     void tell(const QString &title, const QString &message, const QString &button) override;
 
 private:
-    MainQueue &mainQueue;
+    MainQueue &mainQueue_;
 };

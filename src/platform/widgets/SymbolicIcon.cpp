@@ -28,7 +28,7 @@ QColor inkFor(QIcon::Mode mode)
 /// Draws a resource anew each time, in the colour that the palette has then.
 class SymbolicIconEngine final : public QIconEngine {
 public:
-    explicit SymbolicIconEngine(const QString &drawing) : resource(drawing) {}
+    explicit SymbolicIconEngine(const QString &resource) : resource_(resource) {}
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State /*state*/) override
     {
@@ -40,20 +40,20 @@ public:
         return QPixmap::fromImage(tinted(size, 1.0, mode));
     }
 
-    QIconEngine *clone() const override { return std::make_unique<SymbolicIconEngine>(resource).release(); }
+    QIconEngine *clone() const override { return std::make_unique<SymbolicIconEngine>(resource_).release(); }
 
 private:
     QImage tinted(const QSize &size, qreal devicePixelRatio, QIcon::Mode mode) const
     {
         const int side = std::min(size.width(), size.height());
-        QImage image = svgImage(resource, QSizeF(side, side), devicePixelRatio);
+        QImage image = svgImage(resource_, QSizeF(side, side), devicePixelRatio);
         QPainter painter(&image);
         painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
         painter.fillRect(QRect(0, 0, side, side), inkFor(mode));
         return image;
     }
 
-    const QString resource;
+    const QString resource_;
 };
 
 } // namespace

@@ -4,17 +4,17 @@
 
 void FolderTableModel::reloadData(const QStringList &folders)
 {
-    if (folders == paths) {
+    if (folders == paths_) {
         return; // the selection stays
     }
     beginResetModel();
-    paths = folders;
+    paths_ = folders;
     endResetModel();
 }
 
 int FolderTableModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(paths.size());
+    return parent.isValid() ? 0 : static_cast<int>(paths_.size());
 }
 
 int FolderTableModel::columnCount(const QModelIndex &parent) const
@@ -25,7 +25,7 @@ int FolderTableModel::columnCount(const QModelIndex &parent) const
 QVariant FolderTableModel::data(const QModelIndex &index, int role) const
 {
     const bool isText = role == Qt::DisplayRole || role == Qt::ToolTipRole;
-    return isText && checkIndex(index, CheckIndexOption::IndexIsValid) ? PathText::forDisplay(paths.at(index.row()))
+    return isText && checkIndex(index, CheckIndexOption::IndexIsValid) ? PathText::forDisplay(paths_.at(index.row()))
                                                                        : QVariant();
 }
 

@@ -19,5 +19,5 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:
-    QStringList paths;
+    QStringList paths_;
 };

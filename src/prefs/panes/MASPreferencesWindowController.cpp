@@ -31,25 +31,25 @@ QSize naturalSize(const QWidget &view)
 
 } // namespace
 
-MASPreferencesWindowController::MASPreferencesWindowController(const Panes &paneList, const QString &windowTitle,
-                                                               UserDefaults &store) :
-    panes(paneList), title(windowTitle), defaults(store)
+MASPreferencesWindowController::MASPreferencesWindowController(const Panes &panes, const QString &title,
+                                                               UserDefaults &defaults) :
+    panes_(panes), title_(title), defaults_(defaults)
 {
 }
 
 MASPreferencesWindowController::~MASPreferencesWindowController()
 {
-    if (selected != nullptr) {
+    if (selected_ != nullptr) {
         leaveSelectedPane(); // the view is the pane's
     }
 }
 
 QMainWindow &MASPreferencesWindowController::window()
 {
-    if (!preferencesWindow) {
+    if (!preferencesWindow_) {
         loadWindow();
     }
-    return *preferencesWindow;
+    return *preferencesWindow_;
 }
 
 void MASPreferencesWindowController::showWindow()
@@ -62,57 +62,57 @@ void MASPreferencesWindowController::showWindow()
 
 void MASPreferencesWindowController::loadWindow()
 {
-    preferencesWindow = std::make_unique<QMainWindow>();
-    ui = std::make_unique<Ui::MASPreferencesWindow>();
-    ui->setupUi(preferencesWindow.get());
-    preferencesWindow->setWindowTitle(title);
+    preferencesWindow_ = std::make_unique<QMainWindow>();
+    ui_ = std::make_unique<Ui::MASPreferencesWindow>();
+    ui_->setupUi(preferencesWindow_.get());
+    preferencesWindow_->setWindowTitle(title_);
     // The program ends with its main window, whether this one is open or not.
-    preferencesWindow->setAttribute(Qt::WA_QuitOnClose, false);
-    items = new QActionGroup(preferencesWindow.get());
+    preferencesWindow_->setAttribute(Qt::WA_QuitOnClose, false);
+    items_ = new QActionGroup(preferencesWindow_.get());
     addShortcuts();
     restoreTopLeft();
     selectRememberedPane();
-    preferencesWindow->installEventFilter(this);
+    preferencesWindow_->installEventFilter(this);
 }
 
 void MASPreferencesWindowController::addShortcuts()
 {
     const auto add = [this](const QKeySequence &keys, auto action) {
-        QObject::connect(new QShortcut(keys, preferencesWindow.get()), &QShortcut::activated, this, action);
+        QObject::connect(new QShortcut(keys, preferencesWindow_.get()), &QShortcut::activated, this, action);
     };
-    add(Qt::Key_Escape, [this] { preferencesWindow->close(); });
-    add(QKeySequence::Close, [this] { preferencesWindow->close(); });
+    add(Qt::Key_Escape, [this] { preferencesWindow_->close(); });
+    add(QKeySequence::Close, [this] { preferencesWindow_->close(); });
     add(Qt::CTRL | Qt::Key_PageDown, [this] { goNextTab(); });
     add(Qt::CTRL | Qt::Key_PageUp, [this] { goPreviousTab(); });
 }
 
 void MASPreferencesWindowController::restoreTopLeft()
 {
-    const auto topLeft = GeometryText::toPoint(defaults.textValue(PreferenceKeys::preferencesTopLeft));
+    const auto topLeft = GeometryText::toPoint(defaults_.textValue(PreferenceKeys::preferencesTopLeft));
     const auto screens = QGuiApplication::screens();
     const bool isOnScreen = topLeft && std::ranges::any_of(screens, [&topLeft](const QScreen *screen) {
                                 return screen->availableGeometry().contains(*topLeft);
                             });
     if (isOnScreen) {
-        preferencesWindow->move(*topLeft);
+        preferencesWindow_->move(*topLeft);
     }
 }
 
 void MASPreferencesWindowController::selectRememberedPane()
 {
-    const QString remembered = defaults.textValue(PreferenceKeys::preferencesSelection);
-    const auto pane = std::ranges::find(panes, remembered, &PreferencePane::identifier);
-    selectControllerAtIndex(pane == panes.end() ? 0 : static_cast<std::size_t>(pane - panes.begin()));
+    const QString remembered = defaults_.textValue(PreferenceKeys::preferencesSelection);
+    const auto pane = std::ranges::find(panes_, remembered, &PreferencePane::identifier);
+    selectControllerAtIndex(pane == panes_.end() ? 0 : static_cast<std::size_t>(pane - panes_.begin()));
 }
 
 void MASPreferencesWindowController::completeToolbar()
 {
-    for (auto index = static_cast<std::size_t>(items->actions().size()); index < panes.size(); ++index) {
-        const PreferencePane &pane = *panes.at(index);
-        QAction *item = ui->toolBar->addAction(pane.toolbarItemImage(), pane.toolbarItemLabel());
+    for (auto index = static_cast<std::size_t>(items_->actions().size()); index < panes_.size(); ++index) {
+        const PreferencePane &pane = *panes_.at(index);
+        QAction *item = ui_->toolBar->addAction(pane.toolbarItemImage(), pane.toolbarItemLabel());
         item->setObjectName(pane.identifier());
         item->setCheckable(true);
-        items->addAction(item);
+        items_->addAction(item);
         connect(item, &QAction::toggled, this, [this, index](bool on) { itemToggled(index, on); });
     }
 }
@@ -122,9 +122,9 @@ void MASPreferencesWindowController::itemToggled(std::size_t index, bool on)
 {
     if (on) {
         selectControllerAtIndex(index);
-    } else if (selected == panes.at(index).get()) { // toggled off, or about to be left
+    } else if (selected_ == panes_.at(index).get()) { // toggled off, or about to be left
         QMetaObject::invokeMethod(
-            items, [this] { items->actions().at(static_cast<qsizetype>(selectedIndex()))->setChecked(true); },
+            items_, [this] { items_->actions().at(static_cast<qsizetype>(selectedIndex()))->setChecked(true); },
             Qt::QueuedConnection);
     }
 }
@@ -133,23 +133,23 @@ bool MASPreferencesWindowController::selectControllerAtIndex(std::size_t index)
 {
     window();
     completeToolbar();
-    if (index >= panes.size()) {
+    if (index >= panes_.size()) {
         return false;
     }
-    PreferencePane &wanted = *panes.at(index);
-    if (selected == &wanted) {
+    PreferencePane &wanted = *panes_.at(index);
+    if (selected_ == &wanted) {
         return true;
     }
-    if (selected != nullptr && !selected->commitEditing()) {
-        items->actions().at(static_cast<qsizetype>(selectedIndex()))->setChecked(true);
+    if (selected_ != nullptr && !selected_->commitEditing()) {
+        items_->actions().at(static_cast<qsizetype>(selectedIndex()))->setChecked(true);
         return false;
     }
-    if (selected != nullptr) {
+    if (selected_ != nullptr) {
         leaveSelectedPane();
     }
-    selected = &wanted;
-    items->actions().at(static_cast<qsizetype>(index))->setChecked(true);
-    defaults.setText(PreferenceKeys::preferencesSelection, wanted.identifier());
+    selected_ = &wanted;
+    items_->actions().at(static_cast<qsizetype>(index))->setChecked(true);
+    defaults_.setText(PreferenceKeys::preferencesSelection, wanted.identifier());
     showPane(wanted);
     return true;
 }
@@ -161,28 +161,28 @@ void MASPreferencesWindowController::goNextTab()
 
 void MASPreferencesWindowController::goPreviousTab()
 {
-    step(panes.empty() ? 0 : panes.size() - 1);
+    step(panes_.empty() ? 0 : panes_.size() - 1);
 }
 
 void MASPreferencesWindowController::step(std::size_t distance)
 {
     window();
-    if (selected != nullptr) {
-        selectControllerAtIndex((selectedIndex() + distance) % panes.size());
+    if (selected_ != nullptr) {
+        selectControllerAtIndex((selectedIndex() + distance) % panes_.size());
     }
 }
 
 std::size_t MASPreferencesWindowController::selectedIndex() const
 {
-    const auto pane = std::ranges::find(panes, selected, &std::unique_ptr<PreferencePane>::get);
-    return static_cast<std::size_t>(pane - panes.begin());
+    const auto pane = std::ranges::find(panes_, selected_, &std::unique_ptr<PreferencePane>::get);
+    return static_cast<std::size_t>(pane - panes_.begin());
 }
 
 void MASPreferencesWindowController::leaveSelectedPane()
 {
-    PreferencePane *left = std::exchange(selected, nullptr);
+    PreferencePane *left = std::exchange(selected_, nullptr);
     left->view().removeEventFilter(this);
-    preferencesWindow->takeCentralWidget();
+    preferencesWindow_->takeCentralWidget();
     left->view().hide();
     left->view().setParent(nullptr);
     left->viewDidDisappear();
@@ -191,35 +191,35 @@ void MASPreferencesWindowController::leaveSelectedPane()
 void MASPreferencesWindowController::showPane(PreferencePane &pane)
 {
     const QSize size = sizeFor(pane);
-    if (title.isEmpty()) {
-        preferencesWindow->setWindowTitle(pane.toolbarItemLabel());
+    if (title_.isEmpty()) {
+        preferencesWindow_->setWindowTitle(pane.toolbarItemLabel());
     }
-    preferencesWindow->setCentralWidget(&pane.view());
+    preferencesWindow_->setCentralWidget(&pane.view());
     pane.view().show();
-    preferencesWindow->layout()->activate(); // or the window would keep the least size of the pane before
-    preferencesWindow->resize(size + sizeBeside());
-    keepOnScreen(*preferencesWindow);
+    preferencesWindow_->layout()->activate(); // or the window would keep the least size of the pane before
+    preferencesWindow_->resize(size + sizeBeside());
+    keepOnScreen(*preferencesWindow_);
     pane.view().installEventFilter(this);
 }
 
 QSize MASPreferencesWindowController::sizeBeside() const
 {
-    return {0, ui->toolBar->sizeHint().height()};
+    return {0, ui_->toolBar->sizeHint().height()};
 }
 
 QSize MASPreferencesWindowController::sizeFor(PreferencePane &pane) const
 {
     const QString key = PreferenceKeys::preferencesFrame(pane.identifier());
-    const auto remembered = GeometryText::toRect(defaults.textValue(key));
+    const auto remembered = GeometryText::toRect(defaults_.textValue(key));
     const QSize natural(widestPane(), naturalSize(pane.view()).height());
-    const QSize largest = preferencesWindow->screen()->availableSize() - sizeBeside();
+    const QSize largest = preferencesWindow_->screen()->availableSize() - sizeBeside();
     return (remembered ? remembered->size() : natural).boundedTo(largest).expandedTo(leastSize(pane.view()));
 }
 
 int MASPreferencesWindowController::widestPane() const
 {
-    int widest = ui->toolBar->sizeHint().width();
-    for (const auto &pane : panes) {
+    int widest = ui_->toolBar->sizeHint().width();
+    for (const auto &pane : panes_) {
         widest = std::max(widest, naturalSize(pane->view()).width());
     }
     return widest;
@@ -227,17 +227,17 @@ int MASPreferencesWindowController::widestPane() const
 
 bool MASPreferencesWindowController::eventFilter(QObject *watched, QEvent *event)
 {
-    const bool isWindow = watched == preferencesWindow.get();
-    if (isWindow && event->type() == QEvent::Close && selected != nullptr && !selected->commitEditing()) {
+    const bool isWindow = watched == preferencesWindow_.get();
+    if (isWindow && event->type() == QEvent::Close && selected_ != nullptr && !selected_->commitEditing()) {
         event->ignore();
         return true;
     }
     if (isWindow && event->type() == QEvent::Move) {
-        defaults.setText(PreferenceKeys::preferencesTopLeft, GeometryText::fromPoint(preferencesWindow->pos()));
+        defaults_.setText(PreferenceKeys::preferencesTopLeft, GeometryText::fromPoint(preferencesWindow_->pos()));
     }
-    if (!isWindow && event->type() == QEvent::Resize && selected != nullptr && watched == &selected->view()) {
-        defaults.setText(PreferenceKeys::preferencesFrame(selected->identifier()),
-                         GeometryText::fromRect(selected->view().rect()));
+    if (!isWindow && event->type() == QEvent::Resize && selected_ != nullptr && watched == &selected_->view()) {
+        defaults_.setText(PreferenceKeys::preferencesFrame(selected_->identifier()),
+                          GeometryText::fromRect(selected_->view().rect()));
     }
     return QObject::eventFilter(watched, event);
 }

@@ -32,9 +32,9 @@ public:
     /// Shows the window, and brings it to the front.
     void showWindow();
 
-    const Panes &viewControllers() const { return panes; }
+    const Panes &viewControllers() const { return panes_; }
     /// Null before the window is loaded.
-    PreferencePane *selectedViewController() const { return selected; }
+    PreferencePane *selectedViewController() const { return selected_; }
 
     /// Shows another pane, unless the one that is shown refuses to be left; false then, and when there is no such pane.
     bool selectControllerAtIndex(std::size_t index);
@@ -61,11 +61,11 @@ private:
     QSize sizeFor(PreferencePane &pane) const;
     int widestPane() const;
 
-    const Panes &panes;
-    const QString title;
-    UserDefaults &defaults;
-    std::unique_ptr<QMainWindow> preferencesWindow;
-    std::unique_ptr<Ui::MASPreferencesWindow> ui;
-    QActionGroup *items = nullptr; ///< the toolbar's, in the order of the panes; the window owns it
-    PreferencePane *selected = nullptr;
+    const Panes &panes_;
+    const QString title_;
+    UserDefaults &defaults_;
+    std::unique_ptr<QMainWindow> preferencesWindow_;
+    std::unique_ptr<Ui::MASPreferencesWindow> ui_;
+    QActionGroup *items_ = nullptr; ///< the toolbar's, in the order of the panes; the window owns it
+    PreferencePane *selected_ = nullptr;
 };

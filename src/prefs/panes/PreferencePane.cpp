@@ -2,10 +2,10 @@
 
 QWidget &PreferencePane::view()
 {
-    if (!page) {
-        page = std::make_unique<QWidget>();
-        loadView(*page);
+    if (!page_) {
+        page_ = std::make_unique<QWidget>();
+        loadView(*page_);
         awakeFromNib();
     }
-    return *page;
+    return *page_;
 }

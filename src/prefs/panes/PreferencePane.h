@@ -22,7 +22,7 @@ public:
 
     /// Writes what the controls show into the store; false refuses to leave the pane. Of a pane whose view has not been
     /// loaded there is nothing to write.
-    bool commitEditing() { return page == nullptr || commitControls(); }
+    bool commitEditing() { return page_ == nullptr || commitControls(); }
     /// The window does not show the pane any more.
     virtual void viewDidDisappear() {}
 
@@ -38,5 +38,5 @@ protected:
     virtual bool commitControls() = 0;
 
 private:
-    std::unique_ptr<QWidget> page;
+    std::unique_ptr<QWidget> page_;
 };

@@ -25,7 +25,7 @@ auto checkBoxes(const Ui::RBGeneralPreferViewCtl &ui)
 
 } // namespace
 
-RBGeneralPreferViewCtl::RBGeneralPreferViewCtl(UserDefaults &store) : defaults(store) {}
+RBGeneralPreferViewCtl::RBGeneralPreferViewCtl(UserDefaults &defaults) : defaults_(defaults) {}
 
 RBGeneralPreferViewCtl::~RBGeneralPreferViewCtl() = default;
 
@@ -47,27 +47,27 @@ QString RBGeneralPreferViewCtl::toolbarItemLabel() const
 
 void RBGeneralPreferViewCtl::loadView(QWidget &view)
 {
-    ui = std::make_unique<Ui::RBGeneralPreferViewCtl>();
-    ui->setupUi(&view);
+    ui_ = std::make_unique<Ui::RBGeneralPreferViewCtl>();
+    ui_->setupUi(&view);
     for (const ImageFormat &format : imageFormats) {
-        ui->pBtnFmts->addItem(format.title.toString());
+        ui_->pBtnFmts->addItem(format.title.toString());
     }
 }
 
 void RBGeneralPreferViewCtl::awakeFromNib()
 {
-    for (const auto &[checkBox, key] : checkBoxes(*ui)) {
-        checkBox->setChecked(defaults.boolValue(key));
+    for (const auto &[checkBox, key] : checkBoxes(*ui_)) {
+        checkBox->setChecked(defaults_.boolValue(key));
     }
-    TaggedItems::select(*ui->pBtnFmts, defaults.int64Value(PreferenceKeys::outputFormat));
+    TaggedItems::select(*ui_->pBtnFmts, defaults_.int64Value(PreferenceKeys::outputFormat));
 }
 
 bool RBGeneralPreferViewCtl::commitControls()
 {
-    for (const auto &[checkBox, key] : checkBoxes(*ui)) {
-        defaults.setBool(key, checkBox->isChecked());
+    for (const auto &[checkBox, key] : checkBoxes(*ui_)) {
+        defaults_.setBool(key, checkBox->isChecked());
     }
-    defaults.setInteger(PreferenceKeys::outputFormat, TaggedItems::selectedTag(*ui->pBtnFmts));
-    defaults.synchronize();
+    defaults_.setInteger(PreferenceKeys::outputFormat, TaggedItems::selectedTag(*ui_->pBtnFmts));
+    defaults_.synchronize();
     return true;
 }

@@ -25,6 +25,6 @@ protected:
     bool commitControls() override;
 
 private:
-    UserDefaults &defaults;
-    std::unique_ptr<Ui::RBGeneralPreferViewCtl> ui;
+    UserDefaults &defaults_;
+    std::unique_ptr<Ui::RBGeneralPreferViewCtl> ui_;
 };

@@ -11,8 +11,8 @@
 
 using namespace Qt::StringLiterals;
 
-RBMetadataPrefViewCtl::RBMetadataPrefViewCtl(UserDefaults &store, NotificationCenter &center) :
-    defaults(store), notifications(center)
+RBMetadataPrefViewCtl::RBMetadataPrefViewCtl(UserDefaults &defaults, NotificationCenter &notifications) :
+    defaults_(defaults), notifications_(notifications)
 {
 }
 
@@ -36,40 +36,41 @@ QString RBMetadataPrefViewCtl::toolbarItemLabel() const
 
 void RBMetadataPrefViewCtl::loadView(QWidget &view)
 {
-    ui = std::make_unique<Ui::RBMetadataPrefViewCtl>();
-    ui->setupUi(&view);
+    ui_ = std::make_unique<Ui::RBMetadataPrefViewCtl>();
+    ui_->setupUi(&view);
     for (const MetadataLine &line : metadataLines()) {
-        checkBoxes.emplace_back(view.findChild<QCheckBox *>(QLatin1StringView(line.checkBox)), line);
+        checkBoxes_.emplace_back(view.findChild<QCheckBox *>(QLatin1StringView(line.checkBox)), line);
     }
-    QObject::connect(ui->btnCheckAll, &QPushButton::clicked, &view, [this] { checkAll(); });
-    QObject::connect(ui->btnUncheckAll, &QPushButton::clicked, &view, [this] { uncheckAll(); });
+    QObject::connect(ui_->btnCheckAll, &QPushButton::clicked, &view, [this] { checkAll(); });
+    QObject::connect(ui_->btnUncheckAll, &QPushButton::clicked, &view, [this] { uncheckAll(); });
 }
 
 void RBMetadataPrefViewCtl::awakeFromNib()
 {
-    const std::int32_t bits = defaults.int32Value(PreferenceKeys::metadataText);
-    for (const auto &[checkBox, line] : checkBoxes) {
+    const std::int32_t bits = defaults_.int32Value(PreferenceKeys::metadataText);
+    for (const auto &[checkBox, line] : checkBoxes_) {
         checkBox->setChecked(holds(bits, line.item));
     }
-    TaggedItems::select(*ui->pBtnCornor, defaults.int64Value(PreferenceKeys::gridTextPosition));
-    if (defaults.contains(PreferenceKeys::metadataTextColor)) {
-        ui->colorWellText->setColor(ColorArchive::storedColor(defaults, PreferenceKeys::metadataTextColor, Qt::white));
+    TaggedItems::select(*ui_->pBtnCornor, defaults_.int64Value(PreferenceKeys::gridTextPosition));
+    if (defaults_.contains(PreferenceKeys::metadataTextColor)) {
+        ui_->colorWellText->setColor(
+            ColorArchive::storedColor(defaults_, PreferenceKeys::metadataTextColor, Qt::white));
     }
-    ui->colorWellGridText->setColor(ColorArchive::storedColor(defaults, PreferenceKeys::gridTextColor, Qt::black));
+    ui_->colorWellGridText->setColor(ColorArchive::storedColor(defaults_, PreferenceKeys::gridTextColor, Qt::black));
 }
 
 bool RBMetadataPrefViewCtl::commitControls()
 {
     std::int32_t bits = 0;
-    for (const auto &[checkBox, line] : checkBoxes) {
+    for (const auto &[checkBox, line] : checkBoxes_) {
         bits += checkBox->checkState() != Qt::Unchecked ? static_cast<std::int32_t>(line.item) : 0;
     }
-    defaults.setInteger(PreferenceKeys::metadataText, bits);
-    defaults.setInteger(PreferenceKeys::gridTextPosition, TaggedItems::selectedTag(*ui->pBtnCornor));
-    defaults.setText(PreferenceKeys::gridTextColor, ColorArchive::archive(ui->colorWellGridText->color()));
-    defaults.setText(PreferenceKeys::metadataTextColor, ColorArchive::archive(ui->colorWellText->color()));
-    defaults.synchronize();
-    notifications.post(PreferenceKeys::metadataTextChanged);
+    defaults_.setInteger(PreferenceKeys::metadataText, bits);
+    defaults_.setInteger(PreferenceKeys::gridTextPosition, TaggedItems::selectedTag(*ui_->pBtnCornor));
+    defaults_.setText(PreferenceKeys::gridTextColor, ColorArchive::archive(ui_->colorWellGridText->color()));
+    defaults_.setText(PreferenceKeys::metadataTextColor, ColorArchive::archive(ui_->colorWellText->color()));
+    defaults_.synchronize();
+    notifications_.post(PreferenceKeys::metadataTextChanged);
     return true;
 }
 
@@ -86,7 +87,7 @@ void RBMetadataPrefViewCtl::uncheckAll()
 void RBMetadataPrefViewCtl::checkLines(bool on)
 {
     view(); // the boxes are there from here on
-    for (const auto &[checkBox, line] : checkBoxes) {
+    for (const auto &[checkBox, line] : checkBoxes_) {
         if (line.value) {
             checkBox->setChecked(on);
         }

@@ -38,8 +38,8 @@ protected:
 private:
     void checkLines(bool on);
 
-    UserDefaults &defaults;
-    NotificationCenter &notifications;
-    std::unique_ptr<Ui::RBMetadataPrefViewCtl> ui;
-    std::vector<std::pair<QCheckBox *, const MetadataLine &>> checkBoxes; // of the form
+    UserDefaults &defaults_;
+    NotificationCenter &notifications_;
+    std::unique_ptr<Ui::RBMetadataPrefViewCtl> ui_;
+    std::vector<std::pair<QCheckBox *, const MetadataLine &>> checkBoxes_; // of the form
 };

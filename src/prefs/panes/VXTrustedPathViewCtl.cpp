@@ -11,12 +11,12 @@
 
 using namespace Qt::StringLiterals;
 
-VXTrustedPathViewCtl::VXTrustedPathViewCtl(TrustedFolders &trustedFolders, OpenPanel &panel, MainQueue &queue) :
-    folders(trustedFolders), openPanel(panel), mainQueue(queue), model(std::make_unique<FolderTableModel>())
+VXTrustedPathViewCtl::VXTrustedPathViewCtl(TrustedFolders &folders, OpenPanel &openPanel, MainQueue &mainQueue) :
+    folders_(folders), openPanel_(openPanel), mainQueue_(mainQueue), model_(std::make_unique<FolderTableModel>())
 {
     // The list may be changed on any thread, while folders are loaded for instance.
-    folders.setChangedHandler([this, life = std::weak_ptr(alive)] {
-        mainQueue.async([this, life] {
+    folders_.setChangedHandler([this, life = std::weak_ptr(alive_)] {
+        mainQueue_.async([this, life] {
             if (!life.expired()) {
                 reloadTable();
             }
@@ -26,7 +26,7 @@ VXTrustedPathViewCtl::VXTrustedPathViewCtl(TrustedFolders &trustedFolders, OpenP
 
 VXTrustedPathViewCtl::~VXTrustedPathViewCtl()
 {
-    folders.setChangedHandler({});
+    folders_.setChangedHandler({});
 }
 
 QString VXTrustedPathViewCtl::identifier() const
@@ -47,28 +47,28 @@ QString VXTrustedPathViewCtl::toolbarItemLabel() const
 
 void VXTrustedPathViewCtl::loadView(QWidget &view)
 {
-    ui = std::make_unique<Ui::VXTrustedPathViewCtl>();
-    ui->setupUi(&view);
-    ui->tableView->setModel(model.get());
-    ui->tableView->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    QObject::connect(ui->btnAdd, &QPushButton::clicked, &view, [this] { addFolderDown(); });
-    QObject::connect(ui->btnRemove, &QPushButton::clicked, &view, [this] { removeFolderDown(); });
-    QObject::connect(ui->tableView->selectionModel(), &QItemSelectionModel::selectionChanged, &view,
+    ui_ = std::make_unique<Ui::VXTrustedPathViewCtl>();
+    ui_->setupUi(&view);
+    ui_->tableView->setModel(model_.get());
+    ui_->tableView->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    QObject::connect(ui_->btnAdd, &QPushButton::clicked, &view, [this] { addFolderDown(); });
+    QObject::connect(ui_->btnRemove, &QPushButton::clicked, &view, [this] { removeFolderDown(); });
+    QObject::connect(ui_->tableView->selectionModel(), &QItemSelectionModel::selectionChanged, &view,
                      [this] { enableRemoving(); });
-    auto *deleteKey = new QShortcut(QKeySequence::Delete, ui->tableView);
+    auto *deleteKey = new QShortcut(QKeySequence::Delete, ui_->tableView);
     deleteKey->setContext(Qt::WidgetShortcut);
     QObject::connect(deleteKey, &QShortcut::activated, &view, [this] { removeFolderDown(); });
 }
 
 void VXTrustedPathViewCtl::awakeFromNib()
 {
-    folders.load();
+    folders_.load();
     reloadTable();
 }
 
 bool VXTrustedPathViewCtl::commitControls()
 {
-    folders.commit();
+    folders_.commit();
     return true;
 }
 
@@ -81,7 +81,7 @@ void VXTrustedPathViewCtl::addFolderDown()
     request.prompt = qtTrId("trusted_folders_panel_add");
     request.folders = true;
     request.multiple = true;
-    openPanel.open(request, [this, life = std::weak_ptr(alive)](const QStringList &paths) {
+    openPanel_.open(request, [this, life = std::weak_ptr(alive_)](const QStringList &paths) {
         if (!life.expired()) {
             addFolders(paths);
         }
@@ -91,7 +91,7 @@ void VXTrustedPathViewCtl::addFolderDown()
 void VXTrustedPathViewCtl::addFolders(const QStringList &paths)
 {
     for (const QString &path : paths) {
-        folders.addToBookmarkWithURL(path);
+        folders_.addToBookmarkWithURL(path);
     }
     reloadTable();
 }
@@ -99,22 +99,22 @@ void VXTrustedPathViewCtl::addFolders(const QStringList &paths)
 void VXTrustedPathViewCtl::removeFolderDown()
 {
     QList<int> rows;
-    for (const QModelIndex &index : ui->tableView->selectionModel()->selectedRows()) {
+    for (const QModelIndex &index : ui_->tableView->selectionModel()->selectedRows()) {
         rows << index.row(); // the list has the same rows: other threads add to its end only
     }
-    folders.removeRows(rows);
+    folders_.removeRows(rows);
     reloadTable();
 }
 
 void VXTrustedPathViewCtl::reloadTable()
 {
-    model->reloadData(folders.items());
-    if (ui) {
+    model_->reloadData(folders_.items());
+    if (ui_) {
         enableRemoving();
     }
 }
 
 void VXTrustedPathViewCtl::enableRemoving()
 {
-    ui->btnRemove->setEnabled(ui->tableView->selectionModel()->hasSelection());
+    ui_->btnRemove->setEnabled(ui_->tableView->selectionModel()->hasSelection());
 }

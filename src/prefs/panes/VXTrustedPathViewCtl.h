@@ -39,10 +39,10 @@ private:
     void reloadTable();
     void enableRemoving();
 
-    TrustedFolders &folders;
-    OpenPanel &openPanel;
-    MainQueue &mainQueue;
-    std::unique_ptr<Ui::VXTrustedPathViewCtl> ui;
-    std::unique_ptr<FolderTableModel> model;
-    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true); ///< what comes later looks whether it is
+    TrustedFolders &folders_;
+    OpenPanel &openPanel_;
+    MainQueue &mainQueue_;
+    std::unique_ptr<Ui::VXTrustedPathViewCtl> ui_;
+    std::unique_ptr<FolderTableModel> model_;
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true); ///< what comes later looks whether it is
 };
