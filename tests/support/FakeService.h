@@ -10,11 +10,11 @@
 
 /// Another program on a test's bus. It answers each call by its member and keeps what it has been asked, on a thread of
 /// its own: the test may block meanwhile.
-class FakeService final : private QDBusVirtualObject {
+class FakeService : private QDBusVirtualObject {
 public:
-    FakeService(const SessionBus &sessionBus, const char *name, const char *objectPath,
-                const QVariantMap &answers = {}) :
-        answers_(answers), path_(QString::fromLatin1(objectPath)), bus_(sessionBus.connect())
+    FakeService(const SessionBus &sessionBus, const char *name, const char *objectPath, const QVariantMap &answers = {},
+                bool neverAnswers = false) :
+        answers_(answers), isFrozen_(neverAnswers), path_(QString::fromLatin1(objectPath)), bus_(sessionBus.connect())
     {
         moveToThread(&thread_);
         thread_.start();
@@ -41,11 +41,15 @@ private:
     {
         const std::scoped_lock lock(mutex_);
         received_.append(message);
+        if (isFrozen_) {
+            return true;
+        }
         const QVariant answer = answers_.value(message.member());
         return connection.send(answer.isValid() ? message.createReply(answer) : message.createReply());
     }
 
     const QVariantMap answers_;
+    const bool isFrozen_;
     const QString path_;
     mutable std::mutex mutex_;
     QList<QDBusMessage> received_;
@@ -54,21 +58,9 @@ private:
 };
 
 /// Another program on a test's bus that has frozen: it takes calls and never answers.
-class FrozenService final {
-public:
+struct FrozenService final : FakeService {
     FrozenService(const SessionBus &sessionBus, const char *name, const char *objectPath) :
-        path_(QString::fromLatin1(objectPath)), bus_(sessionBus.connect())
+        FakeService(sessionBus, name, objectPath, {}, true)
     {
-        object_.moveToThread(&neverStarted_);
-        EXPECT_TRUE(bus_.registerObject(path_, &object_, QDBusConnection::ExportAllSlots));
-        EXPECT_TRUE(bus_.registerService(QString::fromLatin1(name)));
     }
-    ~FrozenService() { bus_.unregisterObject(path_); }
-    Q_DISABLE_COPY(FrozenService)
-
-private:
-    const QString path_;
-    QThread neverStarted_;
-    QObject object_;
-    QDBusConnection bus_;
 };

@@ -26,8 +26,7 @@ public:
         std::error_code ignored;
         std::filesystem::remove_all(root_.toStdString(), ignored);
     }
-    ScratchFolder(const ScratchFolder &) = delete;
-    ScratchFolder &operator=(const ScratchFolder &) = delete;
+    Q_DISABLE_COPY(ScratchFolder)
 
     /// The bytes of a path in the folder, or of the folder itself.
     QByteArray bytes(const QByteArray &name = {}) const

@@ -48,8 +48,7 @@ public:
             ::kill(daemonId_, SIGTERM); // and the stream's end waits for it
         }
     }
-    SessionBus(const SessionBus &) = delete;
-    SessionBus &operator=(const SessionBus &) = delete;
+    Q_DISABLE_COPY(SessionBus)
 
     QString address() const { return busAddress_; }
     /// A new connection, as another program would have; closed with the bus. On any thread.

@@ -14,8 +14,7 @@ public:
         mounted_ = ::mount("none", path_.constData(), "tmpfs", 0, options.constData()) == 0;
     }
     ~SmallDisk() { EXPECT_TRUE(!mounted_ || ::umount(path_.constData()) == 0); }
-    SmallDisk(const SmallDisk &) = delete;
-    SmallDisk &operator=(const SmallDisk &) = delete;
+    Q_DISABLE_COPY(SmallDisk)
 
     bool isMounted() const { return mounted_; }
 

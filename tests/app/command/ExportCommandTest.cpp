@@ -6,7 +6,6 @@
 #include "movies/ColorClock.h"
 #include "platform/store/UserDefaults.h"
 #include "prefs/DefaultsSeed.h"
-#include "support/CapturedStream.h"
 #include "support/ScratchFolder.h"
 #include "support/SmallDisk.h"
 
@@ -28,8 +27,9 @@ struct ExportCommandTest : testing::Test {
     /// Runs it with options, separated by blanks, on paths; "-o" is added where `output` is set.
     int run(const QByteArray &optionText, const QStringList &paths)
     {
-        const CapturedStream out;
-        const CapturedStream err;
+        using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE *)>;
+        const Stream out(std::fopen(folder.bytes("results").constData(), "w"), std::fclose);
+        const Stream err(std::fopen(folder.bytes("messages").constData(), "w"), std::fclose);
         UserDefaults defaults(folder.path("settings.json"));
         DefaultsSeed::registDefaults(defaults, DefaultsSeed::resource(), folder.path("home"),
                                      DefaultsSeed::OutputFolder::WhenWritten);
@@ -40,11 +40,16 @@ struct ExportCommandTest : testing::Test {
         }
         const ExportOptions options = ExportOptions::parse(words + QStringList{u"--"_s} + paths);
         EXPECT_EQ(options.action, ExportOptions::Action::Export) << options.problem.toStdString();
-        Console console(out.stream(), err.stream(), options.quiet);
+        Console console(out.get(), err.get(), options.quiet);
         const int status = ExportCommand(options, {defaults, grabber, console, folder.path("home"), cancelled}).run();
-        results = out.lines();
-        messages = err.lines();
+        results = linesOf("results");
+        messages = linesOf("messages");
         return status;
+    }
+    QByteArrayList linesOf(const char *name) const
+    {
+        const QByteArray text = folder.read(name);
+        return text.isEmpty() ? QByteArrayList() : text.chopped(1).split('\n');
     }
 
     ScratchFolder folder;
@@ -81,18 +86,15 @@ TEST_F(ExportCommandTest, BadMoviesAreToldAndTheGoodOnesMadeInTheDefaultFolder)
 {
     output.clear();
     ASSERT_EQ(mkfifo(folder.bytes("fifo.mp4").constData(), 0600), 0);
-    folder.makeFolder("empty");
     folder.makeFolder("loop");
-    for (const auto &[target, link] :
-         {std::pair{"self.mp4", "self.mp4"}, {"loop", "folder-link"}, {"../loop", "loop/a"}, {"../loop", "loop/b"}}) {
-        folder.link(target, link);
-    }
+    folder.link("../loop", "loop/again");
     folder.link(movie("short.mp4").toUtf8(), "loop/x.mp4");
-    QStringList bad;
-    for (const char *name : {"fifo.mp4", "empty", "missing.mp4", "self.mp4", "folder-link"}) {
-        bad += folder.path(name);
-    }
-    bad += folder.write("DISC.VOB");
+    QStringList bad{folder.path("fifo.mp4"),
+                    folder.makeFolder("empty"),
+                    folder.path("missing.mp4"),
+                    folder.link("self.mp4", "self.mp4"),
+                    folder.link("loop", "folder-link"),
+                    folder.write("DISC.VOB")};
     for (const char *name : {"text.mp4", "empty.mp4", "cut-off.mp4", "noise.mp4", "sound.m4a", "cover.m4a",
                              "picture.mp4", "terminal.ans"}) {
         bad += movie(name);

