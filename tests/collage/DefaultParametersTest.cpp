@@ -24,22 +24,15 @@ TEST_F(DefaultParametersTest, AnEmptyStoreGivesZeroesNotTheInitialValues)
               (CollageSettings{0, QColor(Qt::black), 0, QColor(Qt::white), 0, 0, 0, 0, 0, 0, 0, 0, false, true}));
 }
 
-TEST_F(DefaultParametersTest, EachKeyReachesItsField)
+TEST_F(DefaultParametersTest, NumbersAreWholeAndTheHeightIsExactlyTheMovies)
 {
-    const std::pair<const char *, int> numbers[] = {{"DefaultRowNumber", 5},   {"DefaultColumeNumber", 7},
-                                                    {"DefaultTileWidth", 301}, {"DefaultTileBorderWidth", 6},
-                                                    {"DefaultHGaps", 10},      {"DefaultVGaps", 2}};
-    for (const auto &[key, value] : numbers) {
-        defaults.setInteger(QLatin1StringView(key), value);
-    }
-    defaults.setText("DefaultBorderWidth", u"12.9"_s);
-    defaults.setBool("DefaultDrawShadow", true);
+    defaults.setText("DefaultTileWidth", u"301.9"_s);
     defaults.setText("DefultBkgColor", u"#280a141E"_s);
     defaults.setText("DefaultTileBorderColor", u"no colour"_s);
-    const CollageSettings read = settings();
-    EXPECT_EQ(read.backgroundColor.rgba(), qRgba(10, 20, 30, 40));
-    EXPECT_EQ(read, (CollageSettings{12, read.backgroundColor, 6, QColor(Qt::white), 2, 10, 301, 169.3125, 5, 7, 0, 0,
-                                     true, true}));
+    EXPECT_EQ(settings().gridWidth, 301.0);
+    EXPECT_EQ(settings().gridHeight, 169.3125);
+    EXPECT_EQ(settings().backgroundColor.rgba(), qRgba(10, 20, 30, 40));
+    EXPECT_EQ(settings().gridBorderColor, QColor(Qt::white));
 }
 
 TEST_F(DefaultParametersTest, OnlyMoviesOverFourSecondsLeaveOutTheirEnds)

@@ -9,21 +9,6 @@ static CollageSettings grid(std::int32_t rows, std::int32_t columns)
     return {.rowNumber = rows, .columeNumber = columns};
 }
 
-TEST(CollageLayout, TilesStandBelowTheTextWithTheirOwnGaps)
-{
-    CollageSettings settings = grid(2, 3);
-    settings.columeSpace = 10.0;
-    settings.rowSpace = 7.0;
-    settings.gridHeight = 168.75;
-    const CollageLayout layout = CollageLayout(settings).withText({120.0, 60.0});
-    EXPECT_EQ(layout.textBox(), QSizeF(960.0, 384.5));
-    EXPECT_EQ(layout.canvasSize(), QSizeF(960.0, 444.5));
-    EXPECT_EQ(layout.pixelSize(), QSize(960, 445));
-    EXPECT_EQ(layout.textRect(), QRectF(20.0, 20.0, 120.0, 60.0));
-    EXPECT_EQ(layout.tileRect(1, 2), QRectF(640.0, 255.75, 300.0, 168.75));
-    EXPECT_EQ(layout.pictureRect(layout.tileRect(1, 2)), QRectF(643.0, 258.75, 294.0, 162.75));
-}
-
 TEST(CollageLayout, AnyCountIsAllowed)
 {
     EXPECT_EQ(CollageLayout(grid(-2, -3)).tileCount(), 0);

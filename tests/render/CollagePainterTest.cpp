@@ -11,9 +11,9 @@ constexpr QRgb ground = qRgb(10, 20, 30);
 constexpr QRgb frame = qRgb(255, 255, 0);
 constexpr QRgb content = qRgb(200, 0, 0);
 
-/// Two by two tiles of 100 x 60 with frames of 4, gaps of 10 and a margin of 20; every picture one colour.
+/// Two by two tiles of 100 x 60 with frames of 4, gaps of 10 and 7 and a margin of 20; every picture one colour.
 struct CollagePainterTest : testing::Test {
-    CollagePainterTest() { settings = {20.0, ground, 4.0, frame, 10.0, 10.0, 100.0, 60.0, 2, 2, 0.0, 30.0}; }
+    CollagePainterTest() { settings = {20.0, ground, 4.0, frame, 10.0, 7.0, 100.0, 60.0, 2, 2, 0.0, 30.0}; }
     QImage picture(std::int64_t tile, double seconds)
     {
         times.push_back(seconds);
@@ -46,12 +46,12 @@ TEST_F(CollagePainterTest, GroundFramesAndPicturesAreSharpRectanglesBelowTheText
     for (const QString &text : {QString(), u"Duration: 00:00:30\nFPS: 25\n"_s}) {
         times.clear();
         const QImage canvas = paint(text);
-        ASSERT_EQ(canvas.size(), QSize(250, 170 + textHeight));
+        ASSERT_EQ(canvas.size(), QSize(250, 167 + textHeight));
         const QImage heading = canvas.copy(20, 20, 210, textHeight);
         QImage empty = heading;
         empty.fill(ground);
         EXPECT_EQ(heading == empty, text.isEmpty());
-        for (const QPoint tile : {QPoint(20, 20), QPoint(130, 20), QPoint(20, 90), QPoint(130, 90)}) {
+        for (const QPoint tile : {QPoint(20, 20), QPoint(130, 20), QPoint(20, 87), QPoint(130, 87)}) {
             const QRect outer = QRect(tile, QSize(100, 60)).translated(0, textHeight);
             const QRect inner = outer.adjusted(4, 4, -4, -4);
             const QPoint one(1, 1);

@@ -188,8 +188,11 @@ TEST_F(ExportJobTest, OneMoviesTroubleStaysItsOwn)
     add("a.mov", 2);
     tool = scriptedTool(folder, "failing", "exit 1");
     exportAll();
+    diary.movies = {diary.movies.at(1)};
+    defaults.setInteger(PreferenceKeys::outputFormat, 4); // there is none of that number
+    exportAll();
     EXPECT_THAT(diary.entries, ElementsAre("failed huge.mov", "incomplete empty.jpg", "movie 2/3 tile 1/2",
-                                           "movie 2/3 tile 2/2", "incomplete a.jpg", "end"));
+                                           "movie 2/3 tile 2/2", "incomplete a.jpg", "end", "failed empty.mov", "end"));
 }
 
 TEST_F(ExportJobTest, AToolThatHangsIsTriedOncePerMovie)

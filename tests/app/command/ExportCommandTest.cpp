@@ -144,17 +144,6 @@ TEST_F(ExportCommandTest, StoredSettingsHoldAndOptionsLieOverThem)
     EXPECT_EQ(UserDefaults(folder.path("settings.json")).int32Value(PreferenceKeys::columeNumber), 4);
 }
 
-TEST_F(ExportCommandTest, OddSettingsNeverCrash)
-{
-    const std::pair<const char *, int> settings[] = {
-        {"DefaultTileWidth=1000000", 1}, {"DefaultHGaps=-99999999999", 1},  {"DefaultBorderWidth=2147483647", 1},
-        {"OutputFormatKey=4", 1},        {"DefaultTileBorderWidth=1e5", 0}, {"GridTextPositionKey=99", 0},
-        {"MetadataTextKey=-1", 0}};
-    for (const auto &[setting, status] : settings) {
-        EXPECT_EQ(run("--columns 1 --set " + QByteArray(setting), {movie("short.mp4")}), status) << setting;
-    }
-}
-
 TEST_F(ExportCommandTest, ARangeOutsideTheMovieIsWrongUsage)
 {
     EXPECT_EQ(run("--rows 1 --start 500", {movie("short.mp4"), movie("clock.mp4")}), 2);

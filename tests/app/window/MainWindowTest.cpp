@@ -3,6 +3,8 @@
 #include "Shared/FrameGrabber.h"
 #include "Shared/PreferenceKeys.h"
 #include "app/window/AppDelegate.h"
+#include "app/window/JKDropInTipsView.h"
+#include "app/window/MyTableView.h"
 #include "platform/desktop/AlertPanel.h"
 #include "platform/desktop/OpenPanel.h"
 #include "platform/desktop/Workspace.h"
@@ -19,9 +21,10 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTableView>
+#include <QMimeData>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -65,7 +68,7 @@ struct MainWindowTest : testing::Test {
     QStringList rows()
     {
         QStringList names;
-        const QAbstractItemModel &model = *control<QTableView>("tableView").model();
+        const QAbstractItemModel &model = *table.model();
         for (int row = 0; row < model.rowCount(); ++row) {
             names += model.index(row, 2).data().toString().section(u'\n', 0, 0);
         }
@@ -89,6 +92,7 @@ struct MainWindowTest : testing::Test {
     Answers answers;
     MainQueue mainQueue;
     AppDelegate delegate{{defaults, grabber, bookmarks, {answers, answers, answers}, mainQueue, folder.path("home")}};
+    MyTableView &table = control<MyTableView>("tableView");
 };
 
 TEST_F(MainWindowTest, BatchesWaitTheirTurnAndStandInReverseOrder)
@@ -101,11 +105,60 @@ TEST_F(MainWindowTest, BatchesWaitTheirTurnAndStandInReverseOrder)
     delegate.openFile(movie("clock.mp4"));
     EXPECT_TRUE(waitForRows({u"clock.mp4"_s, u"portrait.mp4"_s, u"short.mp4"_s}));
     EXPECT_TRUE(control<QAbstractButton>("btnStart").isEnabled());
-    control<QTableView>("tableView").selectRow(1);
-    QTest::keyClick(&control<QTableView>("tableView"), Qt::Key_Delete);
+    table.selectRowAlone(0);
+    QTest::keyClick(&table, Qt::Key_Down);
+    QTest::keyClick(&table, Qt::Key_Delete);
     EXPECT_EQ(rows(), (QStringList{u"clock.mp4"_s, u"short.mp4"_s}));
     control<QAction>("clearlibrary").trigger();
     EXPECT_FALSE(control<QAbstractButton>("btnStart").isEnabled());
+}
+
+TEST_F(MainWindowTest, FilesAreDroppedBetweenRowsNeverOntoOne)
+{
+    ASSERT_TRUE(QTest::qWaitFor([this] { return table.findChild<JKDropInTipsView *>() != nullptr; }));
+    const auto &hint = *table.findChild<JKDropInTipsView *>();
+    QMimeData mime;
+    const auto isWelcome = [&](QDropEvent &&event) {
+        QCoreApplication::sendEvent(hint.isVisible() ? static_cast<QWidget *>(&table) : table.viewport(), &event);
+        return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+    };
+    const auto drag = [&](const QByteArray &uris, int y) {
+        mime.setData(u"text/uri-list"_s, uris);
+        return isWelcome(QDragEnterEvent({300, y}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier)) &&
+               isWelcome(QDragMoveEvent({300, y}, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier));
+    };
+    for (const char *nothing : {"", "http://example.org/a.mkv", "# file:///a.mkv"}) {
+        EXPECT_FALSE(drag(nothing, 99)) << nothing;
+    }
+    const int high = table.verticalHeader()->defaultSectionSize();
+    const std::tuple<const char *, int, QStringList> drops[] = {
+        {"clock.mp4", 5, {u"clock.mp4"_s}},
+        {"short.mp4", 2, {u"short.mp4"_s, u"clock.mp4"_s}},
+        {"odd.mkv", high - 2, {u"short.mp4"_s, u"odd.mkv"_s, u"clock.mp4"_s}},
+        {"portrait.mp4", 4 * high, {u"short.mp4"_s, u"odd.mkv"_s, u"clock.mp4"_s, u"portrait.mp4"_s}},
+    };
+    for (const auto &[name, y, expected] : drops) {
+        EXPECT_TRUE(drag("http://example.org/a\r\nfile://" + movie(name).toUtf8(), y));
+        EXPECT_TRUE(hint.bHighlighted());
+        const bool isMarked =
+            table.viewport()->grab().toImage().pixelColor(300, high - 1) == table.palette().highlight();
+        EXPECT_EQ(isMarked, y == high - 2);
+        EXPECT_TRUE(isWelcome(QDropEvent(QPointF(300, y), Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier)));
+        EXPECT_TRUE(waitForRows(expected)) << name;
+        EXPECT_TRUE(QTest::qWaitFor([&hint] { return !hint.bHighlighted() && !hint.isVisible(); }));
+    }
+    EXPECT_FALSE(drag("file:///a.mkv", high / 2));
+    for (const int row : {1, 3}) {
+        table.selectionModel()->select(table.model()->index(row, 0),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+    delegate.openFile(movie("portrait.mp4"));
+    EXPECT_TRUE(waitForRows(QStringList{u"portrait.mp4"_s} + std::get<QStringList>(drops[3])));
+    EXPECT_EQ(table.selectedRows(), (std::vector{2, 4})) << "movies stay selected wherever they are put";
+    QTest::keyClick(&table, Qt::Key_Backspace);
+    EXPECT_EQ(rows(), (QStringList{u"portrait.mp4"_s, u"short.mp4"_s, u"clock.mp4"_s}));
+    control<QAction>("clearlibrary").trigger();
+    EXPECT_TRUE(QTest::qWaitFor([&hint] { return hint.isVisible(); }));
 }
 
 TEST_F(MainWindowTest, FilesThatComeWhileOthersLoadAreOneBatchThatOneCancelEnds)
@@ -125,15 +178,25 @@ TEST_F(MainWindowTest, FilesThatComeWhileOthersLoadAreOneBatchThatOneCancelEnds)
     folder.write("go", {});
     ASSERT_TRUE(waitForRows({u"short.mp4"_s, u"clock.mp4"_s}));
     EXPECT_EQ(control<QLabel>("lblPrgTip").text(), u"Loading 3 of 3"_s);
-    std::filesystem::remove(folder.bytes("go").toStdString());
-    for (const char *end : {waits, "exec sleep 60"}) { // a movie in work is finished, but nobody waits for ever
+    QStringList all = rows();
+    auto &sheet = control<QDialog>("VXLoadingWndCtl");
+    const std::pair<const char *, std::function<void()>> cancels[] = {
+        {waits, [this] { control<QAbstractButton>("btnCancel").click(); }}, // a movie in work is finished
+        {waits, [&sheet] { EXPECT_FALSE(sheet.close()); }},
+        {"exec sleep 60", [&sheet] { QTest::keyClick(&sheet, Qt::Key_Escape); }}, // but nobody waits for ever
+    };
+    for (const auto &[end, cancel] : cancels) {
+        std::filesystem::remove(folder.bytes("go").toStdString());
         ASSERT_TRUE(runsSlowTool("portrait.mp4", end));
         delegate.openFile(movie("odd.mkv"));
-        control<QAbstractButton>("btnCancel").click();
+        QTest::keyClick(&sheet, Qt::Key_Return); // typed ahead: no answer to anything
+        cancel();
+        EXPECT_TRUE(sheet.isVisible());
         folder.write("go", {});
-        EXPECT_TRUE(waitForRows({u"portrait.mp4"_s, u"short.mp4"_s, u"clock.mp4"_s}));
+        all = (end == waits ? QStringList{u"portrait.mp4"_s} : QStringList()) + all;
+        EXPECT_TRUE(waitForRows(all));
     }
-    const QVariant thumbnail = control<QTableView>("tableView").model()->index(0, 0).data(Qt::DecorationRole);
+    const QVariant thumbnail = table.model()->index(0, 0).data(Qt::DecorationRole);
     EXPECT_FALSE(thumbnail.value<QImage>().isNull());
 }
 
@@ -218,7 +281,6 @@ TEST_F(MainWindowTest, TheEditorStepsThroughTheListWhileBatchesWait)
     const QStringList all = {u"portrait.mp4"_s, u"short.mp4"_s, u"clock.mp4"_s};
     delegate.mainWindow().loadMediasWithPaths({movie("clock.mp4"), movie("short.mp4"), movie("portrait.mp4")}, 0);
     ASSERT_TRUE(waitForRows(all));
-    auto &table = control<QTableView>("tableView");
     EXPECT_FALSE(control<QAction>("customcollage").isEnabled());
     const auto open = [&](int row) {
         table.selectRow(row);
@@ -259,7 +321,7 @@ TEST_F(MainWindowTest, EveryControlHasANameAndIsReachedByTab)
     QApplication::setActiveWindow(&delegate.mainWindow());
     ASSERT_TRUE(QTest::qWaitForWindowActive(&delegate.mainWindow()));
     QStringList order;
-    control<QTableView>("tableView").setFocus();
+    table.setFocus();
     for (int step = 0; step < 6; ++step) {
         QWidget *focused = QApplication::focusWidget();
         ASSERT_NE(focused, nullptr) << order.join(u' ').toStdString();

@@ -16,22 +16,6 @@ static std::shared_ptr<KTMovieObject> movieAt(const QString &path)
     return movie;
 }
 
-TEST(MovieList, KeepsTheOrderOfItsInsertions)
-{
-    MovieList list;
-    for (const auto &[index, path] : {std::pair(0, u"/a"), {0, u"/b"}, {1, u"/c"}, {99, u"/d"}, {-5, u"/e"}}) {
-        list.insert(index, movieAt(QString::fromUtf16(path)));
-    }
-    const auto removed = list.movieAt(1);
-    list.remove({removed, removed, movieAt(u"/a"_s)});
-    QString paths;
-    for (const auto &movie : list.snapshot()) {
-        paths += movie->filePath;
-    }
-    EXPECT_EQ(paths, u"/e/c/a/d");
-    EXPECT_TRUE(!list.movieAt(4) && !list.movieAt(-1));
-}
-
 TEST(MovieList, ThreadsMayShareIt)
 {
     MovieList list;

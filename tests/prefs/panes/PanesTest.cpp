@@ -31,59 +31,37 @@ struct PanesTest : testing::Test {
     NotificationCenter notifications;
 };
 
-TEST_F(PanesTest, GeneralControlsShowAndWriteTheirOwnKeys)
+TEST_F(PanesTest, BoxesShowTheirOwnKeysAndWriteThemAtTheCommit)
 {
-    const std::pair<const char *, QLatin1StringView> boxes[] = {
-        {"revealFinder", PreferenceKeys::revealInFinder},
-        {"chkOpenAfter", PreferenceKeys::openAfterFinish},
-        {"chkRemoveAfter", PreferenceKeys::clearAfterFinish},
-    };
-    for (const auto &[name, key] : boxes) {
-        for (const auto &[other, otherKey] : boxes) {
-            defaults.setBool(otherKey, otherKey == key);
-        }
-        RBGeneralPreferViewCtl pane(defaults);
-        for (const auto &[other, otherKey] : boxes) {
-            EXPECT_EQ(control<QCheckBox>(pane, other).isChecked(), otherKey == key) << name << other;
-        }
-        control<QCheckBox>(pane, name).setChecked(false);
-        EXPECT_TRUE(defaults.boolValue(key)) << "written before the commit";
-        EXPECT_TRUE(pane.commitEditing());
-        EXPECT_EQ(stored(key), 0) << name;
+    defaults.setBool(PreferenceKeys::openAfterFinish, true);
+    RBGeneralPreferViewCtl pane(defaults);
+    for (const char *name : {"revealFinder", "chkOpenAfter", "chkRemoveAfter"}) {
+        QCheckBox &box = control<QCheckBox>(pane, name);
+        EXPECT_EQ(box.isChecked(), qstrcmp(name, "chkOpenAfter") == 0) << name;
+        box.toggle();
     }
+    EXPECT_TRUE(defaults.boolValue(PreferenceKeys::openAfterFinish)) << "written before the commit";
+    EXPECT_TRUE(pane.commitEditing());
+    EXPECT_EQ(stored(PreferenceKeys::revealInFinder), 1);
+    EXPECT_EQ(stored(PreferenceKeys::openAfterFinish), 0);
+    EXPECT_EQ(stored(PreferenceKeys::clearAfterFinish), 1);
 }
 
 TEST_F(PanesTest, FormatAndCornerThatAreNoneBecomeTheFirst)
 {
     EXPECT_TRUE(RBGeneralPreferViewCtl(defaults).commitEditing()); // never seen
     EXPECT_FALSE(defaults.contains(PreferenceKeys::outputFormat));
-    for (const std::int64_t number : {0LL, 1LL, 3LL, 4LL, -1LL, 1LL << 32}) {
+    for (const auto &[number, kept, format] :
+         {std::tuple{3LL, 3, "TIFF"}, {4LL, 0, "JPEG"}, {-1LL, 0, "JPEG"}, {1LL << 32, 0, "JPEG"}}) {
         defaults.setInteger(PreferenceKeys::outputFormat, number);
         defaults.setInteger(PreferenceKeys::gridTextPosition, number);
         RBGeneralPreferViewCtl general(defaults);
         RBMetadataPrefViewCtl metadata(defaults, notifications);
         metadata.view();
-        EXPECT_EQ(control<QComboBox>(general, "pBtnFmts").currentText(), number == 1   ? u"PNG"
-                                                                         : number == 3 ? u"TIFF"
-                                                                                       : u"JPEG");
+        EXPECT_EQ(control<QComboBox>(general, "pBtnFmts").currentText(), QLatin1StringView(format));
         EXPECT_TRUE(general.commitEditing() && metadata.commitEditing());
-        const std::int64_t kept = number > 3 || number < 0 ? 0 : number;
         EXPECT_EQ(stored(PreferenceKeys::outputFormat), kept);
         EXPECT_EQ(stored(PreferenceKeys::gridTextPosition), kept);
-    }
-}
-
-TEST_F(PanesTest, MetadataBoxesAreTheBitsOfTheNumber)
-{
-    const std::pair<const char *, int> bits[] = {
-        {"chkTimestamp", 1}, {"chkMilisec", 2}, {"chkFilename", 4}, {"chkFilesize", 8},    {"chkResolution", 16},
-        {"chkDuration", 32}, {"chkDate", 64},   {"chkFPS", 128},    {"chkCodecname", 256}, {"chkBitrate", 512}};
-    for (const auto &[name, bit] : bits) {
-        defaults.setInteger(PreferenceKeys::metadataText, bit | 1024);
-        RBMetadataPrefViewCtl pane(defaults, notifications);
-        EXPECT_TRUE(control<QCheckBox>(pane, name).isChecked()) << name;
-        pane.commitEditing();
-        EXPECT_EQ(stored(PreferenceKeys::metadataText), bit) << name;
     }
 }
 
