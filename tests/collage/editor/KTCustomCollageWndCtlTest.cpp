@@ -22,6 +22,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 static std::shared_ptr<KTMovieObject> movieOf(int width, int height, double duration)
@@ -35,13 +37,21 @@ static std::shared_ptr<KTMovieObject> movieOf(int width, int height, double dura
 }
 
 struct EditorTest : testing::Test, protected CollageEditorHost, protected AlertPanel {
-    EditorTest() { openWith(0); }
+    EditorTest()
+    {
+        alertBox.setWindowModality(Qt::WindowModal);
+        openWith(0);
+    }
     void openWith(std::size_t index)
     {
         editor.flushWithKTObject(movies.at(index));
         editor.open();
-        QApplication::setActiveWindow(&editor);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&editor));
+        activate(editor);
+    }
+    static void activate(QWidget &front)
+    {
+        front.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&front));
     }
     template<typename Control>
     Control &control(const char *name)
@@ -62,6 +72,8 @@ struct EditorTest : testing::Test, protected CollageEditorHost, protected AlertP
         replaceText(edit, seconds);
         QTest::keyClick(&edit, Qt::Key_Return);
     }
+    SWTimeEditView &endTime() { return control<SWTimeEditView>("endTimeView"); }
+    QLineEdit &endPart(const char *name) { return *endTime().findChild<QLineEdit *>(QLatin1StringView(name)); }
     void click(const char *name) { QTest::mouseClick(&control<QWidget>(name), Qt::LeftButton); }
     void tick(const char *box) { control<QAbstractButton>(box).click(); }
     CollageSettings settings() { return editor.movieObj()->settings(); }
@@ -69,10 +81,23 @@ struct EditorTest : testing::Test, protected CollageEditorHost, protected AlertP
     void selectPrevMovie() override { calls += u"previous"_s; }
     void selectNextMovie() override { calls += u"next"_s; }
     void reloadData() override { calls += u"reload"_s; }
-    int run(const QString &title, const QString &message, const QStringList & /*buttons*/) override
+    int run(const QString & /*title*/, const QString & /*message*/, const QStringList & /*buttons*/) override
     {
-        alerts += title + message;
+        ADD_FAILURE() << "it would wait";
         return 0;
+    }
+    void show(const QString &title, const QString & /*message*/, const QStringList & /*buttons*/,
+              std::function<void(int)> /*answered*/) override
+    {
+        alerts += title;
+        field("lblGridRowNum").setFocus(); // nothing to ask about again
+        alertBox.show();
+        activate(alertBox);
+    }
+    void closeAlert()
+    {
+        alertBox.hide();
+        activate(editor);
     }
 
     const ScratchFolder folder;
@@ -83,6 +108,7 @@ struct EditorTest : testing::Test, protected CollageEditorHost, protected AlertP
     QStringList calls;
     NotificationCenter notifications;
     KTCustomCollageWndCtl editor{{defaults, notifications, *this, *this}};
+    QDialog alertBox{&editor};
 };
 
 TEST_F(EditorTest, NumbersShowLiveFromOneThresholdAndMayStayFromAnother)
@@ -113,6 +139,7 @@ TEST_F(EditorTest, NumbersShowLiveFromOneThresholdAndMayStayFromAnother)
         Q_EMIT edit.textEdited(edit.text());
         EXPECT_EQ(settings().*length, live != 0.0 ? live : old);
         QTest::keyClick(&edit, Qt::Key_Tab);
+        closeAlert();
         EXPECT_EQ(alerts.join(u' ').toStdString(), alert);
         EXPECT_EQ(edit.hasFocus(), !alerts.isEmpty());
         edit.setText(before);
@@ -134,6 +161,7 @@ TEST_F(EditorTest, ARefusedNumberIsToldOnceWhateverTheUserDoesNext)
             columns.setText(QLatin1StringView(wrong));
             leave();
             EXPECT_EQ(alerts.size(), 1) << wrong;
+            closeAlert();
             EXPECT_TRUE(columns.hasFocus() && editor.isVisible());
             EXPECT_EQ(calls, QStringList());
             columns.setText(u"3"_s);
@@ -144,6 +172,80 @@ TEST_F(EditorTest, ARefusedNumberIsToldOnceWhateverTheUserDoesNext)
     QTest::keyClick(&editor, Qt::Key_Escape);
     EXPECT_FALSE(editor.isVisible());
     EXPECT_EQ(alerts, QStringList());
+}
+
+TEST_F(EditorTest, TimesAreWholeSecondsReadFromANumberOrNothing)
+{
+    const auto shown = [this] {
+        return QStringList{endPart("lblHour").text(), endPart("lblMinite").text(), endPart("lblSecond").text()}.join(
+            u' ');
+    };
+    for (const auto &[seconds, fields] :
+         {std::pair{3725.9, u"01 02 05"_s}, {-3725.0, u"-1 -2 -5"_s}, {1e12, u"596523 14 07"_s}}) {
+        endTime().flushWithSeconds(seconds);
+        EXPECT_EQ(shown(), fields);
+    }
+    endTime().flushWithSeconds(60.0);
+    for (const auto &[text, expected] : {std::pair{"1.5", 61.5}, {"-5", 55.0}, {"5abc", 60.0}, {"nan", 60.0}}) {
+        replaceText(endPart("lblSecond"), text);
+        EXPECT_EQ(endTime().secondsValue(), expected);
+    }
+    replaceText(endPart("lblHour"), "1e308");
+    EXPECT_TRUE(std::isfinite(endTime().secondsValue()));
+}
+
+TEST_F(EditorTest, EveryWayOutOfATimeKeepsItOrTakesItBackWithOneAlert)
+{
+    auto &range = control<SplitSliderView>("timeRangeSlidView");
+    const std::function<void(QLineEdit &)> waysOut[] = {
+        [](QLineEdit &from) { QTest::keyClick(&from, Qt::Key_Tab); },
+        [this](QLineEdit &) { QTest::mouseClick(&endPart("lblHour"), Qt::LeftButton); },
+        [](QLineEdit &from) { QTest::keyClick(&from, Qt::Key_Return); },
+        [this](QLineEdit &from) { EXPECT_EQ(endTime().endEditing(), &from == &endPart("lblSecond")); },
+        [&range](QLineEdit &) {
+            QTest::mousePress(&range, Qt::LeftButton, {}, range.clipRect(true).center().toPoint());
+            QTest::mouseMove(&range, range.rect().center());
+            QTest::mouseRelease(&range, Qt::LeftButton);
+        },
+    };
+    for (const auto &leave : waysOut) {
+        alerts.clear();
+        replaceText(endPart("lblSecond"), "20");
+        leave(endPart("lblSecond"));
+        EXPECT_EQ(settings().endPoint, 20.0);
+        const double start = settings().startPoint;
+        replaceText(endPart("lblMinite"), "99");
+        EXPECT_EQ(alerts, QStringList());
+        leave(endPart("lblMinite"));
+        EXPECT_EQ(alerts.size(), 1);
+        EXPECT_EQ(settings().startPoint, start) << "a drag behind the alert";
+        closeAlert();
+        EXPECT_TRUE(endPart("lblMinite").hasFocus());
+        EXPECT_EQ(endTime().secondsValue(), 20.0);
+        EXPECT_EQ(settings().endPoint, 20.0);
+        endTime().flushWithSeconds(10.0);
+    }
+}
+
+TEST_F(EditorTest, EditingGoesOnInAFieldThatKeepsTheFocusAndBehindOtherWindows)
+{
+    replaceText(endPart("lblSecond"), "20");
+    ASSERT_TRUE(endTime().endEditing());
+    QTest::keyClicks(&endPart("lblSecond"), u"77"_s);
+    EXPECT_FALSE(endTime().endEditing());
+    EXPECT_EQ(endTime().secondsValue(), 20.0) << "what the editing began with";
+    closeAlert();
+    alerts.clear();
+    replaceText(endPart("lblMinite"), "99");
+    QDialog front;
+    front.show();
+    activate(front);
+    activate(editor);
+    EXPECT_EQ(alerts, QStringList());
+    EXPECT_EQ(endPart("lblMinite").text(), u"99");
+    field("lblGridRowNum").setFocus();
+    EXPECT_EQ(alerts.size(), 1);
+    EXPECT_EQ(endTime().secondsValue(), 20.0);
 }
 
 TEST_F(EditorTest, AutomaticHeightFollowsTheWidthInWholePixels)
@@ -181,13 +283,13 @@ TEST_F(EditorTest, WhatIsHeldOrTypedDoesNotReachTheNextMovie)
         QTest::mouseRelease(held[index], Qt::LeftButton, {}, held[index]->rect().center());
         EXPECT_EQ(movies.at(1)->settings(), before) << index;
     }
-    QLineEdit &minutes = *control<SWTimeEditView>("endTimeView").findChild<QLineEdit *>(u"lblMinite"_s);
+    QLineEdit &minutes = endPart("lblMinite");
     replaceText(minutes, "0");
     movies.at(1)->setSettings({.startPoint = 1.0, .endPoint = 6.0});
     editor.flushWithKTObject(movies.at(1));
     QTest::keyClicks(&minutes, u"99"_s);
     QTest::keyClick(&minutes, Qt::Key_Return);
-    EXPECT_EQ(control<SWTimeEditView>("endTimeView").secondsValue(), 6.0) << "the next movie's, not the one before's";
+    EXPECT_EQ(endTime().secondsValue(), 6.0) << "the next movie's, not the one before's";
 }
 
 TEST_F(EditorTest, ThePreviewFollowsThePreferences)
@@ -239,6 +341,7 @@ TEST_F(EditorTest, ANewStartMovesTheRangeANewEndDoesNot)
         alerts.clear();
         typeTime(view, seconds);
         EXPECT_EQ(alerts.isEmpty(), valid) << view << ' ' << seconds;
+        closeAlert();
     }
 }
 
