@@ -39,7 +39,7 @@ QString Desktop::awaitWindow(const QString &title) const
                                 u"--onlyvisible"_s, u"--name"_s, u'^' + title + u'$'};
     QString window;
     for (int attempt = 0; window.isEmpty() && attempt < 3; ++attempt) {
-        window = tryRun(u"xdotool"_s, search).value_or(QString()); // it fails when any window goes as it looks
+        window = run(u"xdotool"_s, search, true); // it fails when any window goes as it looks
     }
     xdotool({u"windowactivate"_s, u"--sync"_s, window});
     return window;
@@ -62,19 +62,11 @@ void Desktop::grab(const QString &window, const QString &imagePath) const
     run(u"ffmpeg"_s, options.arg(window, screen_.display()).split(u' ') + QStringList(imagePath));
 }
 
-QString Desktop::run(const QString &tool, const QStringList &arguments) const
-{
-    const std::optional<QString> said = tryRun(tool, arguments);
-    EXPECT_TRUE(said.has_value()) << arguments.join(u' ').toStdString();
-    return said.value_or(QString());
-}
-
-std::optional<QString> Desktop::tryRun(const QString &tool, const QStringList &arguments) const
+QString Desktop::run(const QString &tool, const QStringList &arguments, bool mayFail) const
 {
     QProcess program;
     start(program, tool, arguments);
-    if (!program.waitForFinished() || program.exitCode() != 0) {
-        return std::nullopt;
-    }
-    return QString::fromLatin1(program.readAllStandardOutput().trimmed());
+    const bool succeeds = program.waitForFinished() && program.exitCode() == 0;
+    EXPECT_TRUE(succeeds || mayFail) << arguments.join(u' ').toStdString();
+    return succeeds ? QString::fromLatin1(program.readAllStandardOutput().trimmed()) : QString();
 }

@@ -8,8 +8,6 @@
 #include <QPoint>
 #include <QProcess>
 
-#include <optional>
-
 /// A small desktop of a test's own: windows, a bus, an empty home, a pointer and a keyboard. Nothing on it reaches the
 /// real one.
 class Desktop {
@@ -34,9 +32,8 @@ public:
     const ScratchFolder folder; ///< with the homes of settings and data in it
 
 private:
-    QString run(const QString &tool, const QStringList &arguments) const;
-    /// Nothing when the tool fails.
-    std::optional<QString> tryRun(const QString &tool, const QStringList &arguments) const;
+    /// What the tool says; nothing when it fails.
+    QString run(const QString &tool, const QStringList &arguments, bool mayFail = false) const;
 
     /// Tells programs that a screen reader listens on the session bus, so that they describe themselves there.
     const FakeService accessibility_{bus,
