@@ -9,17 +9,6 @@ using namespace GlobalFun;
 constexpr double infinite = std::numeric_limits<double>::infinity();
 constexpr double noNumber = std::numeric_limits<double>::quiet_NaN();
 
-TEST(TimeFormat, WritesHoursMinutesSeconds)
-{
-    const std::pair<double, const char *> cases[] = {
-        {3599.99, "00:59:59"},   {360000, "100:00:00"}, {-5, "00:00:-5"},       {-3600, "00:00"},
-        {1e300, "596523:14:07"}, {-infinite, "-14:-8"}, {noNumber, "00:00:00"},
-    };
-    for (const auto &[seconds, text] : cases) {
-        EXPECT_EQ(getTimeStringBySecond(seconds).toStdString(), text) << seconds;
-    }
-}
-
 TEST(TimeFormat, ReadsSecondsByTheirPlaceFromTheLeft)
 {
     const std::pair<const char *, double> cases[] = {

@@ -59,11 +59,10 @@ TEST(HttpExchange, GivesTheWholeBodyOrAReason)
         qsizetype bodySize = 0;
         std::chrono::milliseconds timeout = 20s;
     } cases[] = {
-        {HttpServer::answering("hello"), true, 200, 5},
+        {HttpServer::answering(QByteArray(1 << 20, 'x')), true, 200, 1 << 20},
         {HttpServer::saying(ok + "\r\nup to the end"), true, 200, 13},
         {HttpServer::saying(ok + "Content-Length: 9\r\n\r\ncut off"), false, 200},
         {HttpServer::answering("no", "404 \x1b[31mNo"), false, 404},
-        {HttpServer::answering(QByteArray(1 << 20, 'x')), true, 200, 1 << 20},
         {HttpServer::answering(QByteArray(2 << 20, 'x')), false, 200},
         {HttpServer::saying(QByteArray(5000, '\xff')), false, 0},
         {HttpServer::silent, false, 0, 0, 200ms},
@@ -114,5 +113,4 @@ TEST(HttpExchange, EndsAtOnceWithItsOwner)
     exchange = std::make_unique<HttpExchange>(HttpRequest{QUrl(), {}}, fail);
     exchange.reset();
     EXPECT_TRUE(QTest::qWaitFor([&] { return server.clientCount == 0; }));
-    EXPECT_FALSE(answerTo({QUrl(), {}}).error.isEmpty());
 }

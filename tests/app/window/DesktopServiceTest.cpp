@@ -58,6 +58,11 @@ TEST(DesktopServiceTest, ASecondStartHandsOverWhateverTheFirstIsBusyWithAndNothi
     EXPECT_EQ(Program::startOn(bus, {u"/m/b.mp4"_s}), Outcome::HandedOver);
     QCoreApplication::processEvents();
     EXPECT_EQ(first.log, (QStringList{u"open /m/a.mp4|" + odd, u"activatewayland-7 x_TIME7"_s, u"open /m/b.mp4"_s}));
+    first.service.stop();
+    Program second(bus);
+    EXPECT_EQ(second.service.start({}), Outcome::First) << "it leaves its place when it quits";
+    DesktopService lonely(QDBusConnection(u"never connected"_s), Program::name(), {});
+    EXPECT_EQ(lonely.start({u"/m/a.mp4"_s}), Outcome::Alone);
 }
 
 TEST(DesktopServiceTest, AFirstThatIsFrozenOrHangsDoesNotHoldTheSecond)
@@ -76,18 +81,6 @@ TEST(DesktopServiceTest, AFirstThatIsFrozenOrHangsDoesNotHoldTheSecond)
     EXPECT_EQ(Program::startOn(other, {u"/m/b.mp4"_s}), Outcome::Alone);
     QCoreApplication::processEvents();
     EXPECT_EQ(hangs.log, QStringList(u"open /m/a.mp4"_s));
-}
-
-TEST(DesktopServiceTest, AFirstThatQuitsLeavesItsPlaceAndNoBusIsNoHindrance)
-{
-    const SessionBus bus;
-    Program first(bus);
-    EXPECT_EQ(first.service.start({}), Outcome::First);
-    first.service.stop();
-    Program second(bus);
-    EXPECT_EQ(second.service.start({}), Outcome::First);
-    DesktopService lonely(QDBusConnection(u"never connected"_s), Program::name(), {});
-    EXPECT_EQ(lonely.start({u"/m/a.mp4"_s}), Outcome::Alone);
 }
 
 TEST(DesktopServiceTest, CallsAreThoseThatEveryDesktopProgramUnderstands)

@@ -2,9 +2,9 @@
 
 #include "platform/threads/NotificationCenter.h"
 
+#include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -12,61 +12,41 @@
 
 using namespace Qt::StringLiterals;
 
-struct VXLoadingWndCtlTest : testing::Test {
-    VXLoadingWndCtlTest()
-    {
-        window.resize(900, 600);
-        window.show();
-        picture.fill(Qt::red);
-    }
-    template<typename Widget>
-    Widget *find(const char *name)
-    {
-        return sheet.findChild<Widget *>(QLatin1StringView(name));
-    }
-    QString text(const char *label) { return find<QLabel>(label)->text(); }
-    double progress()
-    {
-        const auto *bar = find<QProgressBar>("prgSaving");
-        return static_cast<double>(bar->value()) / bar->maximum();
-    }
-
+TEST(VXLoadingWndCtl, ShowsAnyProgressOfAJobAndIsEmptyForTheNext)
+{
     NotificationCenter center;
     QWidget window;
-    VXLoadingWndCtl sheet{center, &window};
-    QImage picture{640, 360, QImage::Format_RGB32};
-};
+    window.resize(900, 600);
+    window.show();
+    VXLoadingWndCtl sheet(center, &window);
+    const auto label = [&sheet](const char *name) { return sheet.findChild<QLabel *>(QLatin1StringView(name)); };
+    const auto texts = [&label]() -> QString { return label("lblPrgTip")->text() + label("lblSaveProgress")->text(); };
+    const auto *bar = sheet.findChild<QProgressBar *>();
+    QImage picture(640, 360, QImage::Format_RGB32);
+    picture.fill(Qt::red);
 
-TEST_F(VXLoadingWndCtlTest, AJobOpensFillsAndClosesIt)
-{
-    const QString file = u"/films/holiday.mkv"_s;
-    sheet.startLoading(u"Loading..."_s, &window);
-    EXPECT_TRUE(sheet.isVisible());
-    for (const auto &[given, shown] : {std::pair(0.25, 0.25), {-1.0, 0.0}, {std::nan(""), 0.0}, {1e300, 1.0}}) {
-        sheet.updateProgress(given, u"Loading 2 of 8"_s, file, picture);
-        EXPECT_DOUBLE_EQ(progress(), shown) << given;
-    }
-    EXPECT_EQ(text("lblPrgTip") + text("lblSaveProgress"), u"Loading 2 of 8" + file);
-    const QPixmap shown = find<QLabel>("imageView")->pixmap();
-    EXPECT_NEAR(static_cast<double>(shown.width()) / shown.height(), 16.0 / 9.0, 0.03);
-    sheet.endLoading();
-    EXPECT_FALSE(sheet.isVisible());
-    sheet.updateProgress(0.5, QString(), file, {}); // comes too late
-    sheet.startLoading(u"again"_s, &window);
-    EXPECT_EQ(text("lblPrgTip") + text("lblSaveProgress"), u"again");
-    EXPECT_DOUBLE_EQ(progress(), 0.0);
-}
-
-TEST_F(VXLoadingWndCtlTest, TextsOfAnyLengthMoveNothing)
-{
     sheet.startLoading(QString(), &window);
-    const QRect before = find<QWidget>("lblSaveProgress")->geometry();
+    const QPoint place = label("lblSaveProgress")->pos();
     const QRect frame = sheet.geometry();
-    sheet.updateProgress(0.5, u"main "_s.repeated(200), u"/dir"_s.repeated(500), picture);
+    const QString main = u"main "_s.repeated(200);
+    const QString path = u"/dir"_s.repeated(500);
+    for (const auto &[given, shown] : {std::pair(0.25, 0.25), {-1.0, 0.0}, {std::nan(""), 0.0}, {1e300, 1.0}}) {
+        sheet.updateProgress(given, main, path, picture);
+        EXPECT_EQ(bar->value(), qRound(shown * bar->maximum())) << given;
+    }
+    EXPECT_EQ(texts(), main + path);
     sheet.setRemaining(u"1 hour remaining"_s);
     QCoreApplication::processEvents();
-    EXPECT_EQ(find<QWidget>("lblSaveProgress")->geometry().topLeft(), before.topLeft());
+    EXPECT_GE(label("lblRemaining")->width(), label("lblRemaining")->sizeHint().width());
+    EXPECT_EQ(label("lblSaveProgress")->pos(), place) << "texts of any length move nothing";
     EXPECT_EQ(sheet.geometry(), frame);
-    const auto *remaining = find<QLabel>("lblRemaining");
-    EXPECT_GE(remaining->width(), remaining->sizeHint().width());
+    const QSizeF shown = label("imageView")->pixmap().size();
+    EXPECT_NEAR(shown.width() / shown.height(), 16.0 / 9.0, 0.03);
+
+    sheet.endLoading();
+    EXPECT_FALSE(sheet.isVisible());
+    sheet.updateProgress(0.5, QString(), path, {}); // comes too late
+    sheet.startLoading(u"again"_s, &window);
+    EXPECT_EQ(texts(), u"again");
+    EXPECT_EQ(bar->value(), 0);
 }

@@ -9,7 +9,6 @@
 
 #include <QProcess>
 #include <QTest>
-#include <QTimeZone>
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -43,13 +42,11 @@ TEST(CrashReportSingal, RecordsOnceAndEndsByTheSignal)
         {u"overflow"_s, SIGSEGV, u" _Z7recursei\n"_s},
         {u"worker-overflow"_s, SIGSEGV, u" _Z7recursei\n"_s},
         {u"throw"_s, SIGABRT, u" _Z10throwErrorv\n"_s},
-        {u"worker-throw"_s, SIGABRT, u" _Z10throwErrorv\n"_s},
         {u"throw-broken"_s, SIGABRT, u"online_crash_child+0x"_s}, // it throws again while it is told of
         {u"terminate"_s, SIGABRT, u" _ZSt9terminatev\n"_s},
         {u"worker-heap"_s, SIGABRT, u" _Z9breakHeapv\n"_s},
         {u"smash"_s, SIGSEGV, u"online_crash_child+0x"_s}, // to follow its stack is one more crash
         {u"two"_s, SIGSEGV, u" _Z11writeToNullv\n"_s},
-        {u"3"_s, SIGQUIT, u" gsignal\n"_s},
     };
     const ScratchFolder folder;
     const QString report = CrashReportUtil::getCrashReportObjectPath(folder.path());
@@ -68,29 +65,13 @@ TEST(CrashReportSingal, RecordsOnceAndEndsByTheSignal)
         EXPECT_TRUE(record->description().contains(frame)) << qPrintable(record->description());
         EXPECT_LE(record->stackArray.size(), 128);
     }
-    for (const int signal : {SIGILL, SIGTRAP, SIGFPE, SIGBUS, SIGSYS, SIGPIPE, SIGALRM, SIGXCPU, SIGXFSZ}) {
+    for (const int signal : {SIGQUIT, SIGILL, SIGTRAP, SIGFPE, SIGBUS, SIGSYS, SIGPIPE, SIGALRM, SIGXCPU, SIGXFSZ}) {
         EXPECT_EQ(crash(QString::number(signal), report).first, signal);
         EXPECT_EQ(::unlink(folder.bytes("crash.info").constData()), 0) << signal;
     }
     folder.makeFolder("crash.info/in use");
-    for (const QString &path : {report, u"/proc/nowhere/crash.info"_s}) {
-        EXPECT_EQ(crash(u"null"_s, path).first, SIGSEGV);
-    }
+    EXPECT_EQ(crash(u"null"_s, report).first, SIGSEGV);
     EXPECT_EQ(folder.names(), QStringList{u"crash.info"_s});
-}
-
-TEST(CrashReportObject, WritesWhatItReadsInAFixedOrder)
-{
-    const ScratchFolder folder;
-    const auto record =
-        CrashReportObject::initWithCrashDate(QDateTime::fromMSecsSinceEpoch(1709209845007, QTimeZone::utc()),
-                                             {u"a \"frame\" \\ 帧"_s, u"\n\t\x1f"_s}, Bundle::main(), u"\"\\\x01"_s);
-    for (const CrashReportObject &written : {CrashReportObject(), record}) {
-        ASSERT_TRUE(written.writeToFile(folder.path("crash.info")));
-        EXPECT_EQ(CrashReportObject::initWithContentsOfFile(folder.path("crash.info")), written);
-    }
-    const QByteArray text = folder.read("crash.info");
-    EXPECT_TRUE(text.contains("2024-02-29T12:30:45.007Z") && !text.contains("\"version\""));
 }
 
 struct Delegate : CrashReportSenderDelegate {
@@ -120,7 +101,6 @@ TEST(CrashReportSender, HandsOnAnyReportAndDeletesIt)
         make();
         EXPECT_TRUE(sender.hasPendingCrashReport());
         EXPECT_CALL(delegate, handleCrashReport(testing::Eq(std::nullopt)));
-        sender.handleCrashReport(nullptr);
         sender.handleCrashReport(&delegate);
         sender.noticeHandleCrashReportSuccess();
         EXPECT_FALSE(sender.hasPendingCrashReport());
@@ -133,10 +113,8 @@ TEST(CrashReportSender, HandsOnAnyReportAndDeletesIt)
 TEST(CrashReportUpload, KeepsTheReportUntilTheServerHasIt)
 {
     const std::tuple<HttpServer::Respond, std::chrono::milliseconds, bool> cases[] = {
-        {HttpServer::answering(""), 20s, true},
         {HttpServer::saying("HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n"), 20s, true}, // it has said that it has it
         {HttpServer::answering("", "400 Bad"), 20s, false},
-        {HttpServer::saying(""), 20s, false},
         {HttpServer::silent, 200ms, false},
     };
     for (const auto &[respond, patience, isReceived] : cases) {
@@ -148,13 +126,13 @@ TEST(CrashReportUpload, KeepsTheReportUntilTheServerHasIt)
         CrashReportUpload upload(folder.path("crash.info"), notifications, 1ms, patience);
         upload.sendCrashReportToURL(QUrl(server.url()), &delegate); // nothing pending
         CrashReportObject report;
-        report.stackArray = QStringList{u"main"_s, u"栈"_s};
+        report.stackArray = QStringList{u"main"_s, u"a \"frame\" \\ 栈\t\x1f"_s};
         EXPECT_TRUE(report.writeToFile(folder.path("crash.info")));
         upload.sendCrashReportToURL(QUrl(u"http://superseded.invalid"_s), &delegate);
         upload.sendCrashReportToURL(QUrl(server.url() + u"/crash"), &delegate);
         EXPECT_TRUE(QTest::qWaitFor([] { return CapturedLog::lines.join(u' ').contains(u"送CRASH报告"); }, 30'000));
         EXPECT_NE(folder.has("crash.info"), isReceived);
         EXPECT_TRUE(server.requests.value(0).contains("POST /crash HTTP/1.1\r\n"));
-        EXPECT_TRUE(server.requests.value(0).endsWith("\r\n\r\nSTACK:\nmain\n栈\n"));
+        EXPECT_TRUE(server.requests.value(0).endsWith("\r\n\r\nSTACK:\nmain\na \"frame\" \\ 栈\t\x1f\n"));
     }
 }

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <optional>
 
 using namespace std::chrono_literals;
@@ -60,20 +61,19 @@ TEST(DroppedFilesTest, ThePortalIsAskedWhereNamesLeadNowhere)
 TEST(DroppedFilesTest, APortalThatFailsLeavesTheNames)
 {
     const Drag drag("file:///host/a", "key");
-    const SessionBus silent;
-    const SessionBus confused;
-    const SessionBus stuck;
-    const FakeService wrong(confused, portalName, portalPath, {{u"RetrieveFiles"_s, 7}});
-    const FrozenService frozen(stuck, portalName, portalPath);
-    for (const QDBusConnection &bus : {silent.connect(), confused.connect(), stuck.connect()}) {
+    const std::array<SessionBus, 3> buses;
+    const FakeService wrong(buses[1], portalName, portalPath, {{u"RetrieveFiles"_s, 7}});
+    const FrozenService frozen(buses[2], portalName, portalPath);
+    for (const SessionBus &bus : buses) {
         const CapturedLog log;
-        EXPECT_EQ(fetched(DroppedFiles(bus, true, 50ms), drag), u"/host/a");
+        EXPECT_EQ(fetched(DroppedFiles(bus.connect(), true, 50ms), drag), u"/host/a");
         EXPECT_EQ(CapturedLog::lines.size(), 1);
     }
-    EXPECT_EQ(fetched(DroppedFiles(), Drag("file:///host/a", "key")), u"/host/a");
+    EXPECT_EQ(fetched(DroppedFiles(), drag), u"/host/a") << "no bus";
+    const DroppedFiles files(buses[1].connect(), true);
     {
         QObject gone;
-        DroppedFiles(confused.connect(), true).fetch(drag, gone, [](const QStringList &) { FAIL(); });
+        files.fetch(drag, gone, [](const QStringList &) { FAIL(); });
     }
-    EXPECT_EQ(fetched(DroppedFiles(confused.connect(), true), drag), u"/host/a");
+    EXPECT_EQ(fetched(files, drag), u"/host/a");
 }

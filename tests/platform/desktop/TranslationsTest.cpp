@@ -31,11 +31,8 @@ TEST(TranslationsTest, EveryTextOfTheProgramIsThereInEveryLanguage)
     EXPECT_GT(count, 10);
 }
 
-TEST(TranslationsTest, ChineseIsCompleteAndOtherLanguagesFallBackToEnglish)
+TEST(TranslationsTest, OtherLanguagesFallBackToEnglish)
 {
-    QFile chinese(QStringLiteral(TESSARINE_TRANSLATIONS "/tessarine_zh_CN.ts"));
-    ASSERT_TRUE(chinese.open(QIODevice::ReadOnly));
-    EXPECT_FALSE(chinese.readAll().contains("unfinished"));
     const std::pair<const char *, const char16_t *> languages[] = {
         {"zh_CN", u"通用"}, {"zh_Hans_SG", u"通用"}, {"zh_TW", u"General"}, {"de_DE", u"General"}, {"C", u"General"}};
     for (const auto &[name, text] : languages) {

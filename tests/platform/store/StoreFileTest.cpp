@@ -104,39 +104,32 @@ TEST(StoreFile, StaysWhenBrokenAndNoCopyFits)
     EXPECT_EQ(folder.names(), QStringList{u"s.json"_s});
 }
 
-TEST(StoreFile, MayBeReadOnly)
-{
-    const ScratchFolder folder;
-    folder.write("s.json", R"({"guid":"x"})");
-    folder.setMode(0555);
-    UserDefaults defaults(folder.path("s.json"));
-    {
-        const WithoutPrivileges user;
-        defaults.setText(u"k", u"new"_s);
-        EXPECT_FALSE(defaults.synchronize());
-    }
-    EXPECT_EQ(defaults.textValue(u"k"), u"new");
-    EXPECT_EQ(folder.read("s.json"), R"({"guid":"x"})");
-    EXPECT_TRUE(defaults.synchronize()); // what could not be written is not forgotten
-    EXPECT_EQ(folder.read("s.json"), "{\n    \"guid\": \"x\",\n    \"k\": \"new\"\n}\n");
-}
-
-TEST(StoreFile, IsNotReplacedWhenItCannotBeRead)
+TEST(StoreFile, MayBeOutOfReachForReadingOrWriting)
 {
     const ScratchFolder folder;
     folder.write("secret.json", R"({"guid":"x"})");
-    folder.setMode(0777); // not the folder is in the way
+    folder.write("closed/s.json", R"({"guid":"x"})");
     folder.setMode(0, "secret.json");
+    folder.setMode(0555, "closed");
+    folder.setMode(0777); // not the folder is in the way
     ASSERT_EQ(::mkfifo(folder.bytes("fifo.json").constData(), 0666), 0);
     folder.makeFolder("folder.json/x");
-    const WithoutPrivileges user;
-    for (const QString &name : folder.names()) {
-        UserDefaults defaults(folder.path(name.toLatin1()));
-        defaults.setText(u"k", u"new"_s);
-        EXPECT_FALSE(defaults.synchronize()) << qPrintable(name);
-        EXPECT_EQ(defaults.textValue(u"k"), u"new");
+    UserDefaults closed(folder.path("closed/s.json"));
+    {
+        const WithoutPrivileges user;
+        for (const char *name : {"secret.json", "fifo.json", "folder.json"}) {
+            UserDefaults defaults(folder.path(name));
+            defaults.setText(u"k", u"new"_s);
+            EXPECT_FALSE(defaults.synchronize()) << name;
+            EXPECT_EQ(defaults.textValue(u"k"), u"new");
+        }
+        closed.setText(u"k", u"new"_s);
+        EXPECT_FALSE(closed.synchronize());
     }
-    EXPECT_EQ(folder.names().size(), 3);
+    EXPECT_EQ(folder.names().size(), 4);
+    EXPECT_EQ(folder.read("closed/s.json"), R"({"guid":"x"})");
+    EXPECT_TRUE(closed.synchronize()); // what could not be written is not forgotten
+    EXPECT_EQ(folder.read("closed/s.json"), "{\n    \"guid\": \"x\",\n    \"k\": \"new\"\n}\n");
 }
 
 TEST(StoreFile, IsSharedWithOtherProcesses)

@@ -56,20 +56,6 @@ TEST(MainQueueTest, WorkOfEachThreadIsDoneInItsOrderOnTheMainThread)
     EXPECT_TRUE(std::ranges::is_sorted(done[0]) && std::ranges::is_sorted(done[1]));
 }
 
-TEST(MainQueueTest, WorkThatAddsWorkDoesNotKeepTheEventLoop)
-{
-    MainQueue queue;
-    int runs = 0;
-    std::function<void()> again = [&] {
-        ++runs;
-        queue.async(again);
-    };
-    queue.async(again);
-    QCoreApplication::sendPostedEvents();
-    EXPECT_GE(runs, 1);
-    again = nullptr;
-}
-
 TEST(MainQueueTest, WorkThatIsWaitingAtTheEndIsDropped)
 {
     auto held = std::make_shared<bool>(false);

@@ -97,8 +97,6 @@ TEST_F(PreferencesWindowTest, SizesPlaceAndSelectionComeBackAfterARestart)
     EXPECT_EQ(pane(1).view().size(), QSize(500, 250));
     controller->window().move(37, 41);
     controller->window().resize(controller->window().size() + QSize(60, 30));
-    EXPECT_EQ(defaults.textValue(PreferenceKeys::preferencesFrame(u"second")), u"{{0, 0}, {560, 280}}");
-    EXPECT_EQ(defaults.textValue(PreferenceKeys::preferencesTopLeft), u"{37, 41}");
     restart();
     show();
     EXPECT_EQ(selected(), u"second");

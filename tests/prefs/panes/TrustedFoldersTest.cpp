@@ -127,7 +127,6 @@ TEST_F(TrustedPathPaneTest, AddsChosenFoldersAtOnceAndRemovesSelectedOnesAtTheCo
     EXPECT_FALSE(button("btnRemove")->isEnabled());
     table().selectRow(0);
     QTest::mouseClick(button("btnRemove"), Qt::LeftButton);
-    EXPECT_EQ(rows(), 1);
     EXPECT_FALSE(button("btnRemove")->isEnabled());
     EXPECT_THAT(remembered(), ElementsAre(b, a));
     EXPECT_TRUE(pane.commitEditing());
