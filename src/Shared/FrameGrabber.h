@@ -24,8 +24,8 @@ class FrameGrabber {
 public:
     using Waiting = std::function<void(std::chrono::seconds)>;
 
-    /// `toolPath` is the tool to run; the frames pass through the file "x.jpg" in `temporaryFolder`, which should be
-    /// this process's own. `patience` says when a tool that does not end is stopped.
+    /// `tool` is the path of the one to run; the frames pass through the file "x.jpg" in `temporaryFolder`, which
+    /// should be this process's own. `limits` say when a tool that does not end is stopped.
     FrameGrabber(QString tool, const QString &temporaryFolder, TaskLimits limits = {});
 
     /// The frame shown at `seconds`. When the tool gives none, the previous grab's picture, whatever movie it was of.

@@ -27,7 +27,7 @@ struct TaskLimits {
 /// no event loop. Never leaves a process behind.
 class TaskWrapper {
 public:
-    /// `listener` may be null and must outlive this. Element 0 of `commandLine` is the program, by its path; all of it
+    /// `controller` may be null and must outlive this. Element 0 of `arguments` is the program, by its path; all of it
     /// reaches the tool with the bytes that PathText gives.
     TaskWrapper(TaskController *controller, QStringList arguments, TaskLimits limits = {});
     ~TaskWrapper();

@@ -35,7 +35,7 @@ QStringList absolutePaths(const QStringList &paths)
 
 } // namespace
 
-int runWindowFront(const QStringList &given, int argc, char **argv)
+int runWindowFront(const QStringList &paths, int argc, char **argv)
 {
     if (!hasDisplayServer({argv, static_cast<std::size_t>(argc)})) {
         std::fprintf(stderr,
@@ -48,7 +48,7 @@ int runWindowFront(const QStringList &given, int argc, char **argv)
     const QString identifier = Bundle::main().identifier();
     describeApplication(identifier);
     const Translations translations{QLocale()};
-    const QStringList paths = absolutePaths(given);
+    const QStringList files = absolutePaths(paths);
     WindowProgram program(identifier);
-    return program.handOver(paths, token) ? 0 : program.run(paths);
+    return program.handOver(files, token) ? 0 : program.run(files);
 }

@@ -38,7 +38,7 @@ public:
     };
 
     /// The name is the one to have on the bus; a path on the bus follows from it. Calls are refused when one has been
-    /// waiting for the main thread for `hangTime`: who makes them is better served by a program that works.
+    /// waiting for the main thread for `longestWait`: who makes them is better served by a program that works.
     DesktopService(QDBusConnection bus, QString name, Requests requests,
                    std::chrono::milliseconds longestWait = std::chrono::seconds(15));
     ~DesktopService() override;

@@ -14,7 +14,7 @@ public:
     enum Column { Thumbnail, Summary, Title, Grids, Description, ColumnCount };
 
     /// The list must outlive the model.
-    explicit MovieTableModel(const MovieList &aryItems, QObject *parent = nullptr);
+    explicit MovieTableModel(const MovieList &list, QObject *parent = nullptr);
 
     /// Takes a new snapshot of the list.
     void reloadData();

@@ -70,7 +70,7 @@ private:
     void setInsertion(std::optional<int> row);
     /// Whether the delegate wants files there; shows it.
     bool offer(const DropSpot &spot);
-    void select(const MovieList::Movies &movies);
+    void select(const MovieList::Movies &selected);
     void fitRowsToFont();
 
     QPointer<MovieTableModel> movies_;

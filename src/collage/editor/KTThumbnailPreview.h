@@ -28,7 +28,7 @@ public:
     /// The movie that is drawn; null at first.
     std::shared_ptr<KTMovieObject> ktObject() const { return movie_; }
     /// Shows the movie with the settings that it has now.
-    void flushWithMovieObject(std::shared_ptr<KTMovieObject> movie);
+    void flushWithMovieObject(std::shared_ptr<KTMovieObject> object);
 
     /// What the view shows as an image, transparent around the collage.
     QImage imageWithSubviews();

@@ -14,7 +14,7 @@ struct CrashReportObject;
 /// program's main, one at a time; main thread.
 class CrashReportSender {
 public:
-    /// Installs the handlers. `path` is where reports lie; `record` holds what is known before a crash.
+    /// Installs the handlers. `reportPath` is where reports lie; `record` holds what is known before a crash.
     CrashReportSender(const QString &reportPath, const CrashReportObject &record);
 
     /// Whether anything is at the reports' path.

@@ -19,8 +19,8 @@ class CrashReportSenderDelegate;
 /// Owned by CrashReportSender; main thread.
 class CrashReportUpload {
 public:
-    /// `reportPath` is where the pending report lies, if there is one; `delay` comes before the first try, and the
-    /// server has the `patience` for its answer. The centre must outlive this.
+    /// `path` is where the pending report lies, if there is one; `delay` comes before the first try, and the
+    /// server has the `answerTime` for its answer. The centre must outlive this.
     CrashReportUpload(const QString &path, NotificationCenter &center,
                       std::chrono::milliseconds delay = std::chrono::seconds(1),
                       std::chrono::milliseconds answerTime = std::chrono::seconds(15));

@@ -9,8 +9,8 @@
 #include <utility>
 #include <xcb/xcb.h>
 
-BlockedCloseButton::BlockedCloseButton(QWindow &blocked, std::function<void()> pressed) :
-    window_(&blocked), pressed_(std::move(pressed))
+BlockedCloseButton::BlockedCloseButton(QWindow &window, std::function<void()> pressed) :
+    window_(&window), pressed_(std::move(pressed))
 {
     if (xcb_connection_t *server = XConnection::ofThisProgram()) {
         protocols_ = XConnection::atom(server, "WM_PROTOCOLS");

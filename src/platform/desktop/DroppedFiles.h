@@ -22,7 +22,7 @@ public:
 
     /// Without a portal: files by their names only.
     DroppedFiles();
-    /// A portal that does not answer within `patience` is given up.
+    /// A portal that does not answer within `portalPatience` is given up.
     DroppedFiles(QDBusConnection bus, bool isSandboxed, std::chrono::milliseconds portalPatience = defaultPatience);
 
     /// Whether it seems to be files that are dragged. Asks nobody but the drag's source, and not for a key: giving one

@@ -5,8 +5,8 @@
 #include <QFocusEvent>
 #include <QScopedValueRollback>
 
-FieldEditing::FieldEditing(QLineEdit &lineEdit, FieldEditingDelegate &delegate, QObject *parent) :
-    QObject(parent), field_(&lineEdit), delegate_(delegate)
+FieldEditing::FieldEditing(QLineEdit &field, FieldEditingDelegate &delegate, QObject *parent) :
+    QObject(parent), field_(&field), delegate_(delegate)
 {
     field_->installEventFilter(this);
     connect(field_, &QLineEdit::textEdited, this, [this] {

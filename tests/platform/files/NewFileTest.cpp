@@ -19,7 +19,7 @@ static const QByteArray picture = QByteArray("\xFF\xD8\0picture", 10).repeated(2
 static bool hasFlags = true; // as a disk in the network may not
 static bool hasLinks = true; // as a memory stick does not
 
-// In place of the C library's.
+// In place of the C library's. NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 int renameat2(int from, const char *name, int to, const char *newName, unsigned flags) noexcept
 {
     return hasFlags ? static_cast<int>(::syscall(SYS_renameat2, from, name, to, newName, flags)) : (errno = EINVAL, -1);
@@ -32,6 +32,7 @@ int fsync(int file)
 {
     return hasLinks ? static_cast<int>(::syscall(SYS_fsync, file)) : (errno = EINVAL, -1);
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 TEST(NewFile, RefusesWithoutTrace)
 {

@@ -50,7 +50,7 @@ struct TrustedFoldersTest : testing::Test {
     const QString a = scratch.makeFolder("a");
     const QString b = scratch.makeFolder("b \xFF%"); // no text, and in need of escaping
     UserDefaults defaults{storePath};
-    const PathBookmarks bookmarks;
+    const PathBookmarks bookmarks{};
     TrustedFolders folders{defaults, bookmarks};
 };
 
