@@ -30,8 +30,7 @@ public:
     void append(const QByteArray &line)
     {
         curl_slist *longer = curl_slist_append(lines_.get(), line.constData());
-        if (longer != nullptr) { // the list's first line stays its address
-            lines_.release();
+        if (lines_ == nullptr) { // otherwise what is longer is the same list
             lines_.reset(longer);
         }
     }
@@ -173,18 +172,20 @@ private:
         return 0;
     }
 
-    static std::size_t countHeader(const char * /*line*/, std::size_t size, std::size_t count, void *data)
+    // Both get `count` pieces of one byte, and end the transfer by returning another number.
+
+    static std::size_t countHeader(const char * /*line*/, std::size_t /*one*/, std::size_t count, void *data)
     {
         auto &self = *static_cast<Carrier *>(data);
-        self.headerSize_ += size * count;
-        return self.headerSize_ > largestHeader ? 0 : size * count; // anything but its size ends the transfer
+        self.headerSize_ += count;
+        return self.headerSize_ > largestHeader ? 0 : count;
     }
 
-    static std::size_t take(const char *bytes, std::size_t size, std::size_t count, void *data)
+    static std::size_t take(const char *bytes, std::size_t /*one*/, std::size_t count, void *data)
     {
         auto &self = *static_cast<Carrier *>(data);
-        self.received_.append(bytes, static_cast<qsizetype>(size * count));
-        return self.received_.size() > self.limit_ ? 0 : size * count;
+        self.received_.append(bytes, static_cast<qsizetype>(count));
+        return self.received_.size() > self.limit_ ? 0 : count;
     }
 
     void proceed(curl_socket_t socket, int events)
