@@ -11,7 +11,6 @@
 
 #include <unistd.h>
 
-#include <cerrno>
 #include <system_error>
 #include <tuple>
 #include <utility>
@@ -20,7 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isSameFile(const std::optional<struct stat> &before, const std::optional<struct stat> &after)
+using Look = Result<struct stat, std::error_code>;
+
+bool isSameFile(const Look &before, const Look &after)
 {
     const auto identity = [](const struct stat &status) {
         return std::tuple(status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec);
@@ -48,10 +49,8 @@ QString problemOf(const QString &moviePath, const TaskWrapper &task, const QStri
     if (!task.hasRun()) {
         return u"ffmpeg cannot be run, expected at "_s + PathText::forDisplay(tool);
     }
-    if (!FileSystem::isAllowed(moviePath, R_OK)) {
-        return QString::fromStdString(std::generic_category().message(errno));
-    }
-    return {};
+    const auto access = FileSystem::checkAccess(moviePath, R_OK);
+    return access ? QString() : inWords(access.error());
 }
 
 /// Passes on each new second of a tool's run.

@@ -114,12 +114,12 @@ int runExportFront(ExportOptions options, int argc, char **argv)
                                           cancelExport(cancelled, worker, ending);
                                       });
     Console console(stdout, stderr, options.quiet);
-    const TemporaryFolder temporaryFolder(QDir::tempPath());
-    if (temporaryFolder.error()) {
-        console.printMessage(u"no temporary folder: "_s + QString::fromStdString(temporaryFolder.error().message()));
+    const auto temporaryFolder = TemporaryFolder::in(QDir::tempPath());
+    if (!temporaryFolder) {
+        console.printMessage(u"no temporary folder: "_s + inWords(temporaryFolder.error()));
         return ExportCommand::SomeFailed;
     }
-    prepareForNoDisplay(temporaryFolder.path());
+    prepareForNoDisplay(temporaryFolder->path());
     argc = 1; // what follows is not the toolkit's
     const QGuiApplication application(argc, argv);
     const QString toolPath = ProgramSetup::toolPath();
@@ -129,7 +129,7 @@ int runExportFront(ExportOptions options, int argc, char **argv)
     ProgramSetup::seed(defaults, DefaultsSeed::OutputFolder::WhenWritten);
     const CrashReportSender crashes = ProgramSetup::crashReportSender(storedGuid(defaults));
     ignoreFailedWrites();
-    FrameGrabber grabber(toolPath, temporaryFolder.path());
+    FrameGrabber grabber(toolPath, temporaryFolder->path());
     makeAbsolute(options);
     try {
         return ExportCommand(std::move(options),

@@ -94,13 +94,13 @@ int WindowProgram::run(const QStringList &paths)
     // Before the folder, which a signal would leave behind otherwise; what it asks for waits for the event loop.
     const InterruptSignals interrupts(InterruptSignals::HeardBy::AnyThread, // as files are opened by programs it starts
                                       [this](const auto &) { mainQueue_.async([this] { quit(); }); });
-    const TemporaryFolder temporaryFolder(QDir::tempPath());
-    if (temporaryFolder.error()) {
+    const auto temporaryFolder = TemporaryFolder::in(QDir::tempPath());
+    if (!temporaryFolder) {
         qCCritical(lcTessarine) << "no temporary folder:" << temporaryFolder.error().message().c_str();
         return 1;
     }
     ProgramSetup::warnOfMissingParts(ProgramSetup::toolPath());
-    parts_ = std::make_unique<Parts>(temporaryFolder.path(), mainQueue_);
+    parts_ = std::make_unique<Parts>(temporaryFolder->path(), mainQueue_);
     parts_->helper.awakeFromNib();
     parts_->delegate.applicationDidFinishLaunching();
     for (const QString &path : paths) { // now that there is a window for the sheet to hang over

@@ -50,7 +50,7 @@ void TrustedFolders::loadBookmark(const QByteArray &data)
         }
     }
     qCInfo(lcTessarine).noquote() << "---" << PathText::forDisplay(folder->path);
-    qCInfo(lcTessarine) << "---" << (FileSystem::isAllowed(folder->path, R_OK) ? 1 : 0);
+    qCInfo(lcTessarine) << "---" << (FileSystem::checkAccess(folder->path, R_OK) ? 1 : 0);
 }
 
 bool TrustedFolders::append(const QString &path)

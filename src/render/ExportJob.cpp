@@ -203,15 +203,15 @@ QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, QStri
         fail(result, u"the image cannot be encoded as "_s + extension);
         return path;
     }
-    std::error_code error = file.publishAs(path);
-    while (error == std::errc::file_exists) { // somebody took the name since it was chosen
+    auto published = file.publishAs(path);
+    while (!published && published.error() == std::errc::file_exists) { // somebody took the name since it was chosen
         path = OutputFile::freePath(GlobalFun::deletingLastPathComponent(path), movie.filePath, extension);
-        error = file.publishAs(path);
+        published = file.publishAs(path);
     }
-    if (error) {
-        fail(result, PathText::forDisplay(path) + u": "_s + QString::fromStdString(error.message()));
-    } else {
+    if (published) {
         result.imagePath = path;
+    } else {
+        fail(result, PathText::forDisplay(path) + u": "_s + inWords(published.error()));
     }
     return path;
 }

@@ -54,5 +54,5 @@ QString OutputFile::freePath(const QString &folder, const QString &moviePath, co
 
 bool OutputFile::isWritableFolder(const QString &folder)
 {
-    return FileSystem::isFolder(folder) && FileSystem::isAllowed(folder, W_OK | X_OK);
+    return FileSystem::isFolder(folder) && FileSystem::checkAccess(folder, W_OK | X_OK);
 }

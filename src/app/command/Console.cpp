@@ -98,12 +98,15 @@ Console::~Console()
     clearBar();
 }
 
-bool Console::printResult(const QString &path)
+Result<void, std::error_code> Console::printResult(const QString &path)
 {
     clearBar();
     const QByteArray line = isatty(fileno(results_)) == 1 ? quotedForShell(path) : PathText::toBytes(path);
     const bool printed = std::fprintf(results_, "%s\n", line.constData()) >= 0;
-    return (std::fflush(results_) == 0 && printed) || errno == EPIPE;
+    if ((std::fflush(results_) == 0 && printed) || errno == EPIPE) {
+        return {};
+    }
+    return failure(lastError());
 }
 
 void Console::printMessage(const QString &text)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/loading/RemainingTime.h"
+#include "platform/Result.h"
 
 #include <QString>
 
@@ -20,9 +21,8 @@ public:
     Console &operator=(const Console &) = delete;
 
     /// One path on a line of its own: its bytes as they are, or, on a terminal that they would garble, as a shell takes
-    /// them. False, with errno set, when nobody will read it because of an error; one who wants no more has read
-    /// enough.
-    bool printResult(const QString &path);
+    /// them. A failure when nobody will read it because of an error; one who wants no more has read enough.
+    Result<void, std::error_code> printResult(const QString &path);
     /// One line for the user.
     void printMessage(const QString &text);
     /// A line about one file: its path and what is the matter.

@@ -16,8 +16,6 @@
 #include "render/OutputFile.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <system_error>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -157,9 +155,11 @@ void ExportCommand::updateProgress(const ExportProgress &progress)
 
 void ExportCommand::movieEnded(const ExportResult &result)
 {
-    if (!result.imagePath.isEmpty() && !services_.console.printResult(result.imagePath)) {
-        const std::error_code error(errno, std::generic_category());
-        report(result.imagePath, u"is written, but cannot be told: "_s + QString::fromStdString(error.message()));
+    if (!result.imagePath.isEmpty()) {
+        const auto told = services_.console.printResult(result.imagePath);
+        if (!told) {
+            report(result.imagePath, u"is written, but cannot be told: "_s + inWords(told.error()));
+        }
     }
     if (!result.reason.isEmpty()) {
         report(result.filePath, result.reason);

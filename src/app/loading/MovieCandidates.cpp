@@ -5,7 +5,6 @@
 #include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 
-#include <cerrno>
 #include <system_error>
 
 namespace {
@@ -13,11 +12,6 @@ namespace {
 bool isVob(const QString &path)
 {
     return GlobalFun::pathExtension(path).compare(u"vob", Qt::CaseInsensitive) == 0;
-}
-
-QString systemError(int number)
-{
-    return QString::fromStdString(std::generic_category().message(number));
 }
 
 template<typename... Parameters, typename... Arguments>
@@ -40,19 +34,20 @@ QStringList MovieCandidates::expand(const QStringList &paths, const QStringList 
         }
         const auto status = FileSystem::linkStatus(path);
         if (!status) {
-            tell(events.unreadable, path, u"lstat error: " + systemError(errno));
+            tell(events.unreadable, path, u"lstat error: " + inWords(status.error()));
         } else if (S_ISDIR(status->st_mode)) {
             const auto leftOut = [&events](const QByteArray &place, FolderWalk::LeftOut why) {
                 if (why == FolderWalk::LeftOut::PathTooLong) {
-                    tell(events.unreadable, PathText::fromBytes(place), systemError(ENAMETOOLONG));
+                    tell(events.unreadable, PathText::fromBytes(place),
+                         inWords(std::make_error_code(std::errc::filename_too_long)));
                 } else {
                     tell(events.linkedTooOften, PathText::fromBytes(place));
                 }
             };
             const QStringList found = GlobalFun::fileListAtDirenctory(path, extensions, cancelled, leftOut);
             candidates += found;
-            if (!FileSystem::isAllowed(path, R_OK | X_OK)) {
-                tell(events.unreadable, path, systemError(errno));
+            if (const auto access = FileSystem::checkAccess(path, R_OK | X_OK); !access) {
+                tell(events.unreadable, path, inWords(access.error()));
             } else if (found.isEmpty()) {
                 tell(events.emptyFolder, path);
             }

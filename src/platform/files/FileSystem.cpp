@@ -20,16 +20,22 @@ QByteArray native(const QString &path)
 
 } // namespace
 
-std::optional<struct stat> FileSystem::status(const QString &path)
+Result<struct stat, std::error_code> FileSystem::status(const QString &path)
 {
     struct stat found = {};
-    return ::stat(native(path).constData(), &found) == 0 ? std::optional(found) : std::nullopt;
+    if (::stat(native(path).constData(), &found) != 0) {
+        return failure(lastError());
+    }
+    return found;
 }
 
-std::optional<struct stat> FileSystem::linkStatus(const QString &path)
+Result<struct stat, std::error_code> FileSystem::linkStatus(const QString &path)
 {
     struct stat found = {};
-    return ::lstat(native(path).constData(), &found) == 0 ? std::optional(found) : std::nullopt;
+    if (::lstat(native(path).constData(), &found) != 0) {
+        return failure(lastError());
+    }
+    return found;
 }
 
 bool FileSystem::isFolder(const QString &path)
@@ -43,9 +49,12 @@ bool FileSystem::isTaken(const QString &path)
     return linkStatus(path).has_value();
 }
 
-bool FileSystem::isAllowed(const QString &path, int access)
+Result<void, std::error_code> FileSystem::checkAccess(const QString &path, int access)
 {
-    return ::faccessat(AT_FDCWD, native(path).constData(), access, AT_EACCESS) == 0;
+    if (::faccessat(AT_FDCWD, native(path).constData(), access, AT_EACCESS) != 0) {
+        return failure(lastError());
+    }
+    return {};
 }
 
 FileDescriptor FileSystem::open(const QString &path)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Result.h"
 #include "platform/files/FileDescriptor.h"
 
 #include <QByteArray>
@@ -14,10 +15,10 @@
 /// The system's calls on files, by PathText's paths; one with a NUL in it names nothing. Safe on any thread.
 namespace FileSystem {
 
-/// What is at the path, links followed; nothing, with errno set, when nothing can be reached there.
-std::optional<struct stat> status(const QString &path);
+/// What is at the path, links followed.
+Result<struct stat, std::error_code> status(const QString &path);
 /// The same of a link itself.
-std::optional<struct stat> linkStatus(const QString &path);
+Result<struct stat, std::error_code> linkStatus(const QString &path);
 
 /// Whether a folder can be reached at the path, links followed.
 bool isFolder(const QString &path);
@@ -25,11 +26,10 @@ bool isFolder(const QString &path);
 /// Whether a name is in use: by a link that leads nowhere too.
 bool isTaken(const QString &path);
 
-/// Whether this process may do that with what is at the path: R_OK, W_OK, X_OK or several. With errno set when not.
-bool isAllowed(const QString &path, int access);
+/// Whether this process may do that with what is at the path: R_OK, W_OK, X_OK or several.
+Result<void, std::error_code> checkAccess(const QString &path, int access);
 
-/// Opens a file or folder for reading, without ever waiting as for the writer of a FIFO. Not open, with errno set, when
-/// that failed.
+/// Opens a file or folder for reading, without ever waiting as for the writer of a FIFO. Not open when that failed.
 FileDescriptor open(const QString &path);
 
 /// All bytes of the file; nothing when it cannot be opened or holds more than `mostBytes`.
@@ -38,7 +38,7 @@ std::optional<QByteArray> contentsOf(const QString &path, qint64 mostBytes = qin
 /// The path of the running program.
 QString executablePath();
 
-/// Writes all of the text to an open file; false, with errno set, when some of it is lost. Fit for signal handlers.
+/// Writes all of the text to an open file; false when some of it is lost. Fit for signal handlers.
 bool writeAll(int file, std::string_view text);
 
 /// Gives the path a file with these contents, which comes to be at the `temporary` path in the same folder: there is

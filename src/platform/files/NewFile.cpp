@@ -16,11 +16,6 @@
 
 namespace {
 
-std::error_code lastError()
-{
-    return {errno, std::generic_category()};
-}
-
 /// The last component of a path and the folder it is in.
 struct Place {
     QByteArray folder;
@@ -84,7 +79,7 @@ NewFile::~NewFile()
 bool NewFile::succeeded(bool isGood)
 {
     if (!isGood && !problem_) {
-        problem_ = {errno, std::generic_category()};
+        problem_ = lastError();
     }
     return !problem_;
 }
@@ -126,16 +121,19 @@ qint64 NewFile::writeData(const char *data, qint64 count)
     return problem_ ? -1 : count;
 }
 
-std::error_code NewFile::publishAs(const QString &path)
+Result<void, std::error_code> NewFile::publishAs(const QString &path)
 {
     if (isOpen() && succeeded(keep())) {
         close(); // for writers; the lock holds until the file has its name
     }
     const auto place = placeOf(PathText::toBytes(path));
     if (problem_) {
-        return problem_;
+        return failure(problem_);
     }
-    return place && giveName(place->name) ? std::error_code() : lastError();
+    if (!place || !giveName(place->name)) {
+        return failure(lastError());
+    }
+    return {};
 }
 
 /// Waits until the disk has it; false, with errno set, when it could not be kept. Some file systems tell that only at a
@@ -209,7 +207,7 @@ void NewFile::removeLeftovers(const QString &folder)
     }
 }
 
-std::error_code writeNewFile(const QString &path, const QByteArray &contents)
+Result<void, std::error_code> writeNewFile(const QString &path, const QByteArray &contents)
 {
     static const CancelFlag never{false};
     NewFile file(path, never);

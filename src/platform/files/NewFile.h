@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Result.h"
 #include "platform/files/FileDescriptor.h"
 #include "platform/threads/CancelFlag.h"
 
@@ -19,12 +20,12 @@ public:
     NewFile(const QString &path, const CancelFlag &cancelled);
     ~NewFile() override;
 
-    /// Why it could not be made or written; nothing when all is well.
+    /// Why it could not be made or written, from the first failure on; nothing when all is well.
     std::error_code error() const { return problem_; }
 
     /// Gives it its name, the last of `path`, when all that was written is on the disk. An existing file is never
     /// replaced (std::errc::file_exists); another name can then be tried.
-    std::error_code publishAs(const QString &path);
+    Result<void, std::error_code> publishAs(const QString &path);
 
     qint64 size() const override { return length_; }
 
@@ -54,4 +55,4 @@ private:
 
 /// Writes `contents` as a new file at `path`, all or nothing, never over another (std::errc::file_exists). Safe on any
 /// thread.
-std::error_code writeNewFile(const QString &path, const QByteArray &contents);
+Result<void, std::error_code> writeNewFile(const QString &path, const QByteArray &contents);

@@ -6,10 +6,10 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
-#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -54,32 +54,29 @@ void removeLeftovers(const QString &parent)
 
 } // namespace
 
-TemporaryFolder::TemporaryFolder(const QString &parent)
+Result<TemporaryFolder, std::error_code> TemporaryFolder::in(const QString &parent)
 {
     removeLeftovers(parent);
-    const QByteArray pattern = PathText::toBytes(parent) + '/' + QByteArray(prefix.data()) + unique.data();
-    while (!make(pattern) && !problem_) {
+    for (;;) { // a start that cleans up may take the folder before it is locked
+        QByteArray name = PathText::toBytes(parent) + '/' + QByteArray(prefix.data()) + unique.data();
+        if (::mkdtemp(name.data()) == nullptr) {
+            return failure(lastError());
+        }
+        FileDescriptor lock = openLock(name, ownFile | O_CREAT | O_EXCL);
+        const std::error_code error = lock.isOpen() ? std::error_code() : lastError();
+        if (!error && FileLock::take(lock.get())) {
+            return TemporaryFolder(name, std::move(lock));
+        }
+        removeWithContents(name);
+        if (error) {
+            return failure(error);
+        }
     }
 }
 
-/// False without a problem when a start that cleans up has taken the folder before it was locked.
-bool TemporaryFolder::make(const QByteArray &pattern)
+TemporaryFolder::TemporaryFolder(const QByteArray &folder, FileDescriptor lock) :
+    folder_(folder), lock_(std::move(lock))
 {
-    QByteArray name = pattern;
-    if (::mkdtemp(name.data()) == nullptr) {
-        problem_ = {errno, std::generic_category()};
-        return false;
-    }
-    lock_ = openLock(name, ownFile | O_CREAT | O_EXCL);
-    if (!lock_.isOpen()) {
-        problem_ = {errno, std::generic_category()};
-    }
-    if (!lock_.isOpen() || !FileLock::take(lock_.get())) {
-        removeWithContents(name);
-        return false;
-    }
-    folder_ = name;
-    return true;
 }
 
 TemporaryFolder::~TemporaryFolder()

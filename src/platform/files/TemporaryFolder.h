@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Result.h"
 #include "platform/files/FileDescriptor.h"
 
 #include <QString>
@@ -10,20 +11,18 @@
 /// file in it tells that the process is still there. To be made and used on one thread.
 class TemporaryFolder {
 public:
-    /// Makes it in the folder `parent`, after it has removed there what killed processes of this user have left behind.
-    explicit TemporaryFolder(const QString &parent);
+    /// Makes one in the folder `parent`, after it has removed there what killed processes of this user have left
+    /// behind.
+    static Result<TemporaryFolder, std::error_code> in(const QString &parent);
     ~TemporaryFolder();
-    TemporaryFolder(const TemporaryFolder &) = delete;
-    TemporaryFolder &operator=(const TemporaryFolder &) = delete;
+    TemporaryFolder(TemporaryFolder &&other) noexcept = default;
+    TemporaryFolder &operator=(TemporaryFolder &&other) = delete;
 
-    /// Why there is none; nothing when all is well.
-    std::error_code error() const { return problem_; }
     QString path() const;
 
 private:
-    bool make(const QByteArray &pattern);
+    TemporaryFolder(const QByteArray &folder, FileDescriptor lock);
 
-    QByteArray folder_; ///< empty when there is none
+    QByteArray folder_; ///< empty when another has taken it over
     FileDescriptor lock_;
-    std::error_code problem_;
 };

@@ -37,14 +37,15 @@ bool keepAside(const QString &path, const QByteArray &contents, const QString &r
 {
     const QString base = path + u".broken"_s;
     QString copy = base;
-    std::error_code error = writeNewFile(copy, contents);
-    for (int n = 1; error == std::errc::file_exists && !holds(copy, contents); ++n) {
+    auto written = writeNewFile(copy, contents);
+    const auto isTaken = [&written] { return !written && written.error() == std::errc::file_exists; };
+    for (int n = 1; isTaken() && !holds(copy, contents); ++n) {
         copy = u"%1(%2)"_s.arg(base).arg(n);
-        error = writeNewFile(copy, contents);
+        written = writeNewFile(copy, contents);
     }
-    const bool kept = !error || error == std::errc::file_exists;
+    const bool kept = written || isTaken();
     const QString outcome = kept ? QString(u"its contents are kept in "_s + copy)
-                                 : QString(u"no copy could be kept: "_s + QString::fromStdString(error.message()));
+                                 : QString(u"no copy could be kept: "_s + inWords(written.error()));
     QFile::setPermissions(copy, ownerOnly);
     qCWarning(lcTessarine).noquote() << "error: settings not understood in" << path + u':' << reason + u';' << outcome;
     return kept;

@@ -19,12 +19,12 @@ TEST(TemporaryFolder, ClearsUpAfterKilledProcessesOnly)
     QStringList expected = folder.names();
     expected.removeOne(QString::fromLatin1("tessarine-killed"));
     {
-        const TemporaryFolder first(folder.path());
-        const TemporaryFolder second(folder.path());
-        EXPECT_TRUE(std::filesystem::exists(PathText::toBytes(first.path()).toStdString()));
+        const auto first = TemporaryFolder::in(folder.path());
+        const auto second = TemporaryFolder::in(folder.path());
+        EXPECT_TRUE(std::filesystem::exists(PathText::toBytes(first.value().path()).toStdString()));
         EXPECT_EQ(folder.names().size(), expected.size() + 2);
     }
     EXPECT_EQ(folder.names(), expected);
     EXPECT_TRUE(folder.has("kept/lock"));
-    EXPECT_TRUE(TemporaryFolder(folder.path("missing")).error());
+    EXPECT_FALSE(TemporaryFolder::in(folder.path("missing")));
 }
