@@ -1,24 +1,25 @@
 #pragma once
 
-#include <QByteArray>
+#include <QtGlobal>
 
 #include <gtest/gtest.h>
-#include <sys/mount.h>
+#include <sys/resource.h>
 
-/// A disk of a few KiB over a folder, for as long as this lives. Only root can have one, and not everywhere.
+#include <csignal>
+
+/// No file can grow beyond so many bytes while this lives, as on a disk that is full.
 class SmallDisk {
 public:
-    SmallDisk(const QByteArray &path, int kibibytes) : path_(path)
+    explicit SmallDisk(rlim_t bytes)
     {
-        const QByteArray options = "size=" + QByteArray::number(kibibytes) + 'k';
-        mounted_ = ::mount("none", path_.constData(), "tmpfs", 0, options.constData()) == 0;
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
     }
-    ~SmallDisk() { EXPECT_TRUE(!mounted_ || ::umount(path_.constData()) == 0); }
+    ~SmallDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
     Q_DISABLE_COPY(SmallDisk)
 
-    bool isMounted() const { return mounted_; }
-
 private:
-    QByteArray path_;
-    bool mounted_ = false;
+    rlimit before_{};
 };

@@ -154,12 +154,8 @@ TEST_F(ExportCommandTest, ARangeOutsideTheMovieIsWrongUsage)
 
 TEST_F(ExportCommandTest, AFullDiskLeavesNoPartialImage)
 {
-    folder.makeFolder("out");
-    const SmallDisk disk(folder.bytes("out"), 16);
-    if (!disk.isMounted()) {
-        GTEST_SKIP() << "mounting a tmpfs is refused here";
-    }
+    const SmallDisk disk(16 << 10);
     EXPECT_EQ(run("--rows 4", {movie("clock.mp4")}), 1);
     EXPECT_EQ(folder.names("out"), QStringList());
-    EXPECT_TRUE(messages.value(0).endsWith("No space left on device")) << messages.join('\n').constData();
+    EXPECT_TRUE(messages.value(0).endsWith("File too large")) << messages.join('\n').constData();
 }

