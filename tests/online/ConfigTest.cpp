@@ -21,10 +21,10 @@ struct ConfigTest : testing::Test {
         return {onDisk.boolValue("SupportVOBKey"), onDisk.boolValue("ExperimentalKey")};
     }
     /// Asks the server, and waits for other flags or a line in the log.
-    void fetch(const QString &service, std::chrono::milliseconds timeout = 20s)
+    void fetch(const QString &service)
     {
         const QList<bool> before = stored();
-        config.getOnlineConfig(ServiceUrl(service), bundle, timeout);
+        config.getOnlineConfig(ServiceUrl(service), bundle, 20s);
         EXPECT_TRUE(QTest::qWaitFor([&] { return stored() != before || !CapturedLog::lines.isEmpty(); }, 30'000));
     }
 
@@ -65,10 +65,9 @@ TEST_F(ConfigTest, AnAnswerSwitchesOffOnlyWhatItSaysIsOff)
 TEST_F(ConfigTest, AFailureIsALineInTheLogAndLeavesTheFlags)
 {
     const HttpServer broken(HttpServer::answering("{}", "500 No"));
-    const HttpServer silent(HttpServer::silent);
     config.setSupportVOB(false);
-    for (const QString &service : {broken.url(), silent.url(), u"http://127.0.0.1:1"_s, u"http://h.invalid"_s}) {
-        fetch(service, service == silent.url() ? 200ms : 20s);
+    for (const QString &service : {broken.url(), u"http://h.invalid"_s}) {
+        fetch(service);
         ASSERT_EQ(CapturedLog::lines.size(), 1) << qUtf8Printable(service);
         EXPECT_TRUE(CapturedLog::lines.takeFirst().startsWith(u"get configure error : "));
         EXPECT_EQ(stored(), (QList<bool>{false, false})) << qUtf8Printable(service);

@@ -102,15 +102,6 @@ struct ExportJobTest : testing::Test {
     CancelFlag cancelled = false;
 };
 
-TEST_F(ExportJobTest, EachMovieIsWrittenBeforeTheNextBegins)
-{
-    add("a.mov", 2);
-    add("a.mp4", 2);
-    exportAll();
-    EXPECT_THAT(diary.entries, ElementsAre("movie 0/2 tile 1/2", "movie 0/2 tile 2/2", "written a.jpg",
-                                           "movie 1/2 tile 1/2", "movie 1/2 tile 2/2", "written a(1).jpg", "end"));
-}
-
 TEST_F(ExportJobTest, TheActionsFollowEachMovieAndClearingEndsTheExport)
 {
     add("a.mov");

@@ -98,9 +98,7 @@ struct MainWindowTest : testing::Test {
 TEST_F(MainWindowTest, BatchesWaitTheirTurnAndStandInReverseOrder)
 {
     EXPECT_FALSE(control<QAbstractButton>("btnStart").isEnabled());
-    for (const char *item : {"menuDelete", "menuClear", "menuCustomCollage", "start"}) {
-        EXPECT_TRUE(control<QAction>(item).isEnabled()) << item;
-    }
+    EXPECT_TRUE(control<QAction>("menuDelete").isEnabled());
     delegate.mainWindow().loadMediasWithPaths({movie("short.mp4"), movie("text.mp4"), movie("portrait.mp4")}, 0);
     delegate.openFile(movie("clock.mp4"));
     EXPECT_TRUE(waitForRows({u"clock.mp4"_s, u"portrait.mp4"_s, u"short.mp4"_s}));
@@ -287,19 +285,19 @@ TEST_F(MainWindowTest, TheEditorStepsThroughTheListWhileBatchesWait)
         control<QAction>("customcollage").trigger();
     };
     open(2);
-    const auto &previous = control<QAbstractButton>("btnPrev");
-    const auto &next = control<QAbstractButton>("btnNext");
+    auto &previous = control<QAbstractButton>("btnPrev");
+    auto &next = control<QAbstractButton>("btnNext");
     EXPECT_TRUE(previous.isEnabled() && !next.isEnabled());
     control<QAbstractButton>("btnCancel").click();
     open(1); // away from the ends both stay as they were
     EXPECT_TRUE(previous.isEnabled() && !next.isEnabled());
-    control<QAbstractButton>("btnPrev").click();
+    previous.click();
     EXPECT_TRUE(!previous.isEnabled() && next.isEnabled());
     EXPECT_EQ(table.currentIndex().row(), 0);
     delegate.openFile(movie("odd.mkv"));
     for (int row : {1, 2}) {
         control<QLineEdit>("lblGridRowNum").setText(QString::number(row + 5));
-        control<QAbstractButton>("btnNext").click();
+        next.click();
         EXPECT_TRUE(previous.isEnabled());
         EXPECT_EQ(next.isEnabled(), row == 1);
     }

@@ -106,7 +106,7 @@ TEST_F(SplitSliderViewTest, OnlyTheLeftButtonDragsAndADragAlwaysEnds)
     EXPECT_THAT(take(), ElementsAre("begin<10-40", "end<10-40"));
 }
 
-TEST_F(SplitSliderViewTest, KeysMoveTheHandleThatHasTheFocus)
+TEST_F(SplitSliderViewTest, KeysAndScreenReadersMoveTheHandleThatHasTheFocus)
 {
     const std::tuple<Qt::Key, const char *, const char *> cases[] = {
         {Qt::Key_Left, "<19-60", ">20-59"},     {Qt::Key_Up, "<21-60", ">20-61"},  {Qt::Key_PageUp, "<30-60", ">20-70"},
@@ -119,6 +119,11 @@ TEST_F(SplitSliderViewTest, KeysMoveTheHandleThatHasTheFocus)
             EXPECT_THAT(take(), ElementsAre("begin" + moved, "drag" + moved, "end" + moved));
         }
     }
+    select(20.0, 3600.0);
+    QAccessibleInterface *const end = QAccessible::queryAccessibleInterface(right);
+    EXPECT_EQ(end->text(QAccessible::Value), u"01:00:20");
+    end->valueInterface()->setCurrentValue(70.0);
+    EXPECT_THAT(take(), ElementsAre("begin>20-70", "drag>20-70", "end>20-70"));
 }
 
 TEST_F(SplitSliderViewTest, HandlesAreFocusStopsAndShowIt)
@@ -138,15 +143,6 @@ TEST_F(SplitSliderViewTest, HandlesAreFocusStopsAndShowIt)
     EXPECT_NE(drawn(), leftFocused);
 }
 
-TEST_F(SplitSliderViewTest, ScreenReadersReadAndMoveTheHandles)
-{
-    select(20.0, 3600.0);
-    QAccessibleInterface *const end = QAccessible::queryAccessibleInterface(right);
-    EXPECT_EQ(end->text(QAccessible::Value), u"01:00:20");
-    end->valueInterface()->setCurrentValue(70.0);
-    EXPECT_THAT(take(), ElementsAre("begin>20-70", "drag>20-70", "end>20-70"));
-}
-
 TEST_F(SplitSliderViewTest, NoNumbersAndNoSizeBreakIt)
 {
     const double odd[] = {0.0, -1e308, 1e308, 360000.0, NAN, INFINITY};
@@ -158,8 +154,7 @@ TEST_F(SplitSliderViewTest, NoNumbersAndNoSizeBreakIt)
         slider.setDMinValue(start);
         slider.setDLength(length);
         select(start, length);
-        EXPECT_TRUE(std::isfinite(slider.curProgressWithXValue(160.0)));
-        EXPECT_TRUE(std::isfinite(slider.curXValueWithProgress(start)));
+        EXPECT_TRUE(std::isfinite(slider.curProgressWithXValue(slider.curXValueWithProgress(start))));
         slider.moveClip(true, start);
         QTest::mouseClick(&slider, Qt::LeftButton, {}, grip(true));
         QTest::mouseClick(&slider, Qt::LeftButton, {}, grip(false));

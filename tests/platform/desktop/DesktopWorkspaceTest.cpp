@@ -51,15 +51,23 @@ TEST_F(DesktopWorkspaceTest, OpensFilesOnTheMainThreadWhoeverAsksWhileThereIsTim
     EXPECT_THAT(opened.urls, ElementsAre(encodedFolder + "/a%20%FF%23%25.jpg"));
 }
 
-TEST_F(DesktopWorkspaceTest, HasTheFileBrowserSelectTheFile)
+TEST_F(DesktopWorkspaceTest, HasTheFileBrowserOrThePortalShowTheFile)
 {
     const FakeService browser(bus, "org.freedesktop.FileManager1", "/org/freedesktop/FileManager1");
-    DesktopWorkspace workspace(mainQueue, bus.connect(), false);
-    workspace.revealFile(file);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !browser.calls().empty(); }));
-    const QDBusMessage call = browser.calls().first();
-    EXPECT_EQ(call.member(), u"ShowItems");
-    EXPECT_EQ(call.arguments().at(0).toStringList().join(u'|').toStdString(), encodedFolder + "/a%20%FF%23%25.jpg");
+    const FakeService portal(bus, "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop");
+    DesktopWorkspace outside(mainQueue, bus.connect(), false);
+    DesktopWorkspace sandboxed(mainQueue, bus.connect(), true);
+    outside.revealFile(file);
+    sandboxed.revealFile(file);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !browser.calls().empty() && !portal.calls().empty(); }));
+    const QDBusMessage show = browser.calls().first();
+    EXPECT_EQ(show.member(), u"ShowItems");
+    EXPECT_EQ(show.arguments().at(0).toStringList().join(u'|').toStdString(), encodedFolder + "/a%20%FF%23%25.jpg");
+    const QDBusMessage open = portal.calls().first();
+    EXPECT_EQ(open.member(), u"OpenDirectory");
+    const int given = open.arguments().at(1).value<QDBusUnixFileDescriptor>().fileDescriptor();
+    EXPECT_EQ(std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(given)),
+              PathText::toBytes(file).toStdString());
     EXPECT_TRUE(opened.urls.empty());
 }
 
@@ -72,19 +80,6 @@ TEST_F(DesktopWorkspaceTest, OpensTheFolderWhereNobodyCanSelect)
         EXPECT_TRUE(QTest::qWaitFor([this] { return !opened.urls.empty(); }));
         EXPECT_THAT(opened.urls, ElementsAre(encodedFolder));
     }
-}
-
-TEST_F(DesktopWorkspaceTest, HandsThePortalTheFileItselfInASandbox)
-{
-    const FakeService portal(bus, "org.freedesktop.portal.Desktop", "/org/freedesktop/portal/desktop");
-    DesktopWorkspace workspace(mainQueue, bus.connect(), true);
-    workspace.revealFile(file);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !portal.calls().empty(); }));
-    const QDBusMessage call = portal.calls().first();
-    EXPECT_EQ(call.member(), u"OpenDirectory");
-    const int given = call.arguments().at(1).value<QDBusUnixFileDescriptor>().fileDescriptor();
-    EXPECT_EQ(std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(given)),
-              PathText::toBytes(file).toStdString());
 }
 
 #include "DesktopWorkspaceTest.moc"

@@ -1,11 +1,13 @@
+#include "collage/CollageForm.h"
 #include "collage/DefaultParameters.h"
-
 #include "media/VXMediaInfoItem.h"
 #include "platform/store/ColorArchive.h"
 #include "platform/store/UserDefaults.h"
 #include "support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
+
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -40,5 +42,21 @@ TEST_F(DefaultParametersTest, OnlyMoviesOverFourSecondsLeaveOutTheirEnds)
     for (const auto &[duration, start, end] : {std::tuple{4.0, 0.0, 0.0}, {4.5, 2.0, 2.5}}) {
         movie.duration = duration;
         EXPECT_EQ(std::pair(settings().startPoint, settings().endPoint), std::pair(start, end)) << duration;
+    }
+}
+
+TEST(AutomaticGridHeight, IsWholePixelsOfTheMoviesOwnShape)
+{
+    constexpr auto most = std::numeric_limits<std::int32_t>::max();
+    VXMediaInfoItem movie;
+    const std::array<int, 4> cases[] = {{1920, 1080, 320, 180},
+                                        {640, 360, -301, -169},
+                                        {0, 360, 301, 0},
+                                        {2, most, most, 0}, // (2^31 - 1)^2 wraps to 1
+                                        {1, 1 << 16, 1 << 15, 1 << 31}};
+    for (const auto &[width, height, gridWidth, gridHeight] : cases) {
+        movie.pixWidth = width;
+        movie.pixHeight = height;
+        EXPECT_EQ(automaticGridHeight(movie, gridWidth), gridHeight) << width << ' ' << height << ' ' << gridWidth;
     }
 }
