@@ -43,8 +43,7 @@ int openRegularFile(AVFormatContext *context, AVIOContext **file, const char *ur
     if (path.starts_with(scheme)) {
         path.remove_prefix(scheme.size());
     }
-    const auto check = checkRegularFile(QByteArray(path.data(), static_cast<qsizetype>(path.size())));
-    if (!check.problem.isEmpty()) {
+    if (!checkRegularFile(QByteArray(path.data(), static_cast<qsizetype>(path.size())))) {
         return AVERROR(EACCES);
     }
     return static_cast<const ProbeGuard *>(context->opaque)->openPlainly(context, file, url, flags, options);
@@ -83,13 +82,12 @@ QString describe(int code)
     return QString::fromUtf8(text.data());
 }
 
-/// Opens the container and looks into its streams; `code` is negative when that failed.
-InputContext openContainer(const QByteArray &path, ProbeGuard &guard, int &code)
+/// Opens the container and looks into its streams.
+Result<InputContext> openContainer(const QByteArray &path, ProbeGuard &guard)
 {
     InputContext context(avformat_alloc_context());
     if (!context) {
-        code = AVERROR(ENOMEM);
-        return nullptr;
+        return failure(describe(AVERROR(ENOMEM)));
     }
     guard.openPlainly = std::exchange(context->io_open, &openRegularFile);
     context->opaque = &guard;
@@ -100,10 +98,16 @@ InputContext openContainer(const QByteArray &path, ProbeGuard &guard, int &code)
     options.set("format_whitelist", allowedDemuxers().constData());
     // On failure FFmpeg frees the context itself.
     AVFormatContext *raw = context.release();
-    code = avformat_open_input(&raw, QByteArray("file:" + path).constData(), nullptr, &options.entries);
+    int code = avformat_open_input(&raw, QByteArray("file:" + path).constData(), nullptr, &options.entries);
     context.reset(raw);
     if (code >= 0) {
         code = avformat_find_stream_info(context.get(), nullptr);
+    }
+    if (guard.cancelled) {
+        code = AVERROR_EXIT;
+    }
+    if (code < 0) {
+        return failure(describe(code));
     }
     return context;
 }
@@ -223,6 +227,33 @@ void fillVideoFields(VXMediaInfoItem &item, const AVFormatContext &context, cons
                                    sane(static_cast<double>(size) * 8.0 / item.duration)});
 }
 
+/// Fills the item once all of it is known.
+Result<void> probe(VXMediaInfoItem &item, const CancelFlag &cancelled)
+{
+    const QByteArray path = PathText::toBytes(item.filePath);
+    const auto fileSize = checkRegularFile(path);
+    if (!fileSize) {
+        return failure(fileSize.error());
+    }
+    ProbeGuard guard{cancelled};
+    const auto opened = openContainer(path, guard);
+    if (!opened) {
+        return failure(opened.error());
+    }
+    const AVFormatContext &context = **opened;
+    const AVStream *video = chooseVideo(context);
+    const VXMediaType kind = kindOf(context, video);
+    if (kind == VXMediaType::Movie && (video->codecpar->width <= 0 || video->codecpar->height <= 0)) {
+        return failure(u"has a picture without a size"_s);
+    }
+    item.eumMediaType = kind;
+    item.duration = durationOf(context, video);
+    if (video) {
+        fillVideoFields(item, context, *video, *fileSize);
+    }
+    return {};
+}
+
 } // namespace
 
 void FFMpegInit()
@@ -237,33 +268,7 @@ void FFMpegInit()
 void VXMediaInfo::dumpMediaInfo(VXMediaInfoItem &item, std::optional<MediaError> &error, const CancelFlag &cancelled)
 {
     FFMpegInit();
-    const QByteArray path = PathText::toBytes(item.filePath);
-    const RegularFileCheck file = checkRegularFile(path);
-    if (!file.problem.isEmpty()) {
-        error = MediaError{file.problem};
-        return;
-    }
-
-    ProbeGuard guard{cancelled};
-    int code = 0;
-    const InputContext context = openContainer(path, guard, code);
-    if (cancelled) {
-        code = AVERROR_EXIT;
-    }
-    if (code < 0) {
-        error = MediaError{describe(code)};
-        return;
-    }
-
-    const AVStream *video = chooseVideo(*context);
-    const VXMediaType kind = kindOf(*context, video);
-    if (kind == VXMediaType::Movie && (video->codecpar->width <= 0 || video->codecpar->height <= 0)) {
-        error = MediaError{u"has a picture without a size"_s};
-        return;
-    }
-    item.eumMediaType = kind;
-    item.duration = durationOf(*context, video);
-    if (video) {
-        fillVideoFields(item, *context, *video, file.size);
+    if (const auto probed = probe(item, cancelled); !probed) {
+        error = MediaError{probed.error()};
     }
 }

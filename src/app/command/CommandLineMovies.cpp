@@ -19,18 +19,18 @@ std::shared_ptr<KTMovieObject> CommandLineMovies::movieAt(int index)
 {
     const QString &path = candidates_.at(index);
     events_.loading(path, index);
-    const MovieLoader::Result result = loader_.load(path, cancelled_);
-    if (!result.movie) {
+    const auto movie = loader_.load(path, cancelled_);
+    if (!movie) {
         if (!cancelled_) {
-            events_.unreadable(path, result.problem);
+            events_.unreadable(path, movie.error());
         }
         return nullptr;
     }
-    CollageSettings settings = result.movie->settings();
+    CollageSettings settings = (*movie)->settings();
     settings.startPoint = clip_.start.value_or(settings.startPoint);
     settings.endPoint = clip_.end.value_or(settings.endPoint);
-    result.movie->setSettings(settings);
-    return result.movie;
+    (*movie)->setSettings(settings);
+    return *movie;
 }
 
 void CommandLineMovies::removeAll()

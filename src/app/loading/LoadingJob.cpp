@@ -101,10 +101,11 @@ QImage LoadingJob::preview(const KTMovieObject &movie) const
 
 void LoadingJob::loadMovie(const Candidate &candidate) const
 try {
-    const auto movie = loader_.load(candidate.path, services_.bMovieDropped).movie;
-    if (!movie) {
+    const auto loaded = loader_.load(candidate.path, services_.bMovieDropped);
+    if (!loaded) {
         return;
     }
+    const auto &movie = *loaded;
     const GrabbedFrame frame =
         services_.grabber.createThumbnail(candidate.path, thumbnailTime, services_.bMovieDropped);
     if (services_.bMovieDropped) {

@@ -28,7 +28,7 @@ QString notAMovie(VXMediaType type)
 
 MovieLoader::MovieLoader(const UserDefaults &defaults) : defaults_(defaults) {}
 
-MovieLoader::Result MovieLoader::load(const QString &path, const CancelFlag &cancelled) const
+Result<std::shared_ptr<KTMovieObject>> MovieLoader::load(const QString &path, const CancelFlag &cancelled) const
 try {
     auto movie = std::make_shared<KTMovieObject>();
     movie->filePath = path;
@@ -36,13 +36,13 @@ try {
     VXMediaInfo::dumpMediaInfo(*movie, error, cancelled);
     if (error) {
         qCInfo(lcTessarine).noquote() << u"error:" + PathText::forDisplay(path) + u": " + error->description;
-        return {nullptr, error->description};
+        return failure(error->description);
     }
     if (movie->eumMediaType != VXMediaType::Movie) {
-        return {nullptr, notAMovie(movie->eumMediaType)};
+        return failure(notAMovie(movie->eumMediaType));
     }
     movie->setSettings(DefaultParameters::settingsOfNewMovie(defaults_, *movie));
-    return {movie, {}};
+    return movie;
 } catch (const std::bad_alloc &) {
-    return {nullptr, u"there is not enough memory to read it"_s};
+    return failure(u"there is not enough memory to read it"_s);
 }
