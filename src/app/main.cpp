@@ -30,19 +30,20 @@ int main(int argc, char **argv)
 {
     ProgramSetup::ensureUtf8Locale();
     paintInline();
-    ExportOptions options = ExportOptions::parse(ProgramSetup::arguments(argc, argv));
-    switch (options.action) {
+    auto options = ExportOptions::parse(ProgramSetup::arguments(argc, argv));
+    if (!options) {
+        std::fprintf(stderr, "tessarine: %s\nTry 'tessarine --help'.\n", qUtf8Printable(options.error()));
+        return ExportCommand::WrongUsage;
+    }
+    switch (options->action) {
     case ExportOptions::Action::OpenWindow:
-        return runWindowFront(options.paths, argc, argv);
+        return runWindowFront(options->paths, argc, argv);
     case ExportOptions::Action::Export:
-        return runExportFront(std::move(options), argc, argv);
+        return runExportFront(std::move(*options), argc, argv);
     case ExportOptions::Action::ShowHelp:
         return say(ExportOptions::help());
     case ExportOptions::Action::ShowVersion:
-        return say(u"Tessarine %1\n"_s.arg(Bundle::main().value(u"CFBundleShortVersionString"_s)));
-    case ExportOptions::Action::RefuseUsage:
         break;
     }
-    std::fprintf(stderr, "tessarine: %s\nTry 'tessarine --help'.\n", qUtf8Printable(options.problem));
-    return ExportCommand::WrongUsage;
+    return say(u"Tessarine %1\n"_s.arg(Bundle::main().value(u"CFBundleShortVersionString"_s)));
 }

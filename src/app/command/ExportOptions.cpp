@@ -70,111 +70,130 @@ QString formatNames()
     return names.join(u", ") + u" or " + last;
 }
 
-/// Throws nothing outside this file: it carries the first problem out of the readers below.
-struct UsageProblem {
-    QString text;
-};
-
-QVariant wholeNumber(const NumberOption &option, const QString &text)
+Result<QVariant> wholeNumber(const NumberOption &option, const QString &text)
 {
     bool isNumber = false;
     const qlonglong number = text.toLongLong(&isNumber);
     if (!isNumber || number < option.least || number > std::numeric_limits<std::int32_t>::max()) {
-        throw UsageProblem{
-            u"--%1 takes a whole number from %2 up, not \"%3\""_s.arg(option.name).arg(option.least).arg(text)};
+        return failure(
+            u"--%1 takes a whole number from %2 up, not \"%3\""_s.arg(option.name).arg(option.least).arg(text));
     }
     return number;
 }
 
-QVariant formatNumber(const QString &text)
+Result<QVariant> formatNumber(const QString &text)
 {
     const auto *const found = std::ranges::find(imageFormats, QStringView(text), &ImageFormat::extension);
     if (found == imageFormats.end()) {
-        throw UsageProblem{u"--format takes %1, not \"%2\""_s.arg(formatNames(), text)};
+        return failure(u"--format takes %1, not \"%2\""_s.arg(formatNames(), text));
     }
     return static_cast<qlonglong>(found - imageFormats.begin());
 }
 
-double seconds(const QString &option, const QString &text)
+/// The seconds that an option says; none when it is not there.
+Result<std::optional<double>> seconds(const QCommandLineParser &parser, const QString &option)
 {
     static const QRegularExpression plain(u"^[0-9]+(\\.[0-9]*)?$"_s);
     static const QRegularExpression clock(u"^[0-9]+:[0-9]{1,2}:[0-9]{1,2}(\\.[0-9]*)?$"_s);
+    const QString text = parser.value(option);
+    if (!parser.isSet(option)) {
+        return std::nullopt;
+    }
     if (plain.match(text).hasMatch()) {
         return text.toDouble();
     }
     if (clock.match(text).hasMatch()) {
         return GlobalFun::getSecondsByTimeString(text);
     }
-    throw UsageProblem{u"--%1 takes seconds or hh:mm:ss, not \"%2\""_s.arg(option, text)};
-}
-
-std::optional<double> optionalSeconds(const QCommandLineParser &parser, const QString &option)
-{
-    return parser.isSet(option) ? std::optional(seconds(option, parser.value(option))) : std::nullopt;
+    return failure(u"--%1 takes seconds or hh:mm:ss, not \"%2\""_s.arg(option, text));
 }
 
 /// What an option of its own refuses, --set refuses too.
-void checkNumber(const SettingOption &setting)
+Result<SettingOption> checkNumber(const SettingOption &setting)
 {
     const auto *const option = std::ranges::find_if(
         numberOptions, [&setting](const NumberOption &number) { return number.key == setting.key; });
     if (option != numberOptions.end() && setting.value.toDouble() < static_cast<double>(option->least)) {
-        throw UsageProblem{u"--set %1 takes a number from %2 up"_s.arg(setting.key).arg(option->least)};
+        return failure(u"--set %1 takes a number from %2 up"_s.arg(setting.key).arg(option->least));
     }
+    return setting;
 }
 
-std::vector<SettingOption> readSettings(const QCommandLineParser &parser)
+/// In the order in which they lie over the stored ones; the first that is wrong is the failure.
+Result<std::vector<SettingOption>> readSettings(const QCommandLineParser &parser)
 {
-    std::vector<SettingOption> settings;
+    std::vector<Result<SettingOption>> read;
     const QStringList texts = parser.values(u"set"_s);
     for (const QString &text : texts) {
-        QString problem;
-        settings.push_back(SettingOption::parse(text, problem));
-        if (!problem.isEmpty()) {
-            throw UsageProblem{problem};
-        }
-        checkNumber(settings.back());
+        read.push_back(SettingOption::parse(text).and_then(checkNumber));
     }
+    const auto keep = [&read](QLatin1StringView key, const Result<QVariant> &value) {
+        read.push_back(value.map([key](const QVariant &number) { return SettingOption{key, number}; }));
+    };
     for (const NumberOption &option : numberOptions) {
         if (const QString name = option.name.toString(); parser.isSet(name)) {
-            settings.push_back({option.key, wholeNumber(option, parser.value(name))});
+            keep(option.key, wholeNumber(option, parser.value(name)));
         }
     }
     if (parser.isSet(u"format"_s)) {
-        settings.push_back({PreferenceKeys::outputFormat, formatNumber(parser.value(u"format"_s))});
+        keep(PreferenceKeys::outputFormat, formatNumber(parser.value(u"format"_s)));
+    }
+    std::vector<SettingOption> settings;
+    for (const Result<SettingOption> &setting : read) {
+        if (!setting) {
+            return failure(setting.error());
+        }
+        settings.push_back(*setting);
     }
     return settings;
 }
 
-/// Fills what only an export asks for.
-void readExport(const QCommandLineParser &parser, ExportOptions &result)
+Result<ExportOptions> checkTogether(const ExportOptions &asked)
 {
+    if (asked.paths.isEmpty() || asked.paths.contains(QString())) {
+        return failure(u"name the movies or folders to make collages of"_s);
+    }
+    if (asked.outputFolder && asked.beside) {
+        return failure(u"--output and --beside cannot go together"_s);
+    }
+    if (asked.outputFolder && asked.outputFolder->isEmpty()) {
+        return failure(u"--output takes a folder"_s);
+    }
+    if (asked.start && asked.end && *asked.start > *asked.end) {
+        return failure(u"--start lies after --end"_s);
+    }
+    return asked;
+}
+
+/// Everything that only an export asks for.
+Result<ExportOptions> readExport(const QCommandLineParser &parser)
+{
+    ExportOptions result;
+    result.action = ExportOptions::Action::Export;
     result.paths = parser.positionalArguments();
     result.beside = parser.isSet(u"beside"_s);
     result.quiet = parser.isSet(u"quiet"_s);
-    result.start = optionalSeconds(parser, u"start"_s);
-    result.end = optionalSeconds(parser, u"end"_s);
-    result.settings = readSettings(parser);
     if (parser.isSet(u"output"_s)) {
         result.outputFolder = parser.value(u"output"_s);
     }
-    if (result.paths.isEmpty() || result.paths.contains(QString())) {
-        throw UsageProblem{u"name the movies or folders to make collages of"_s};
+    const auto start = seconds(parser, u"start"_s);
+    const auto end = seconds(parser, u"end"_s);
+    const auto settings = readSettings(parser);
+    if (!start || !end) {
+        return failure(start ? end.error() : start.error());
     }
-    if (result.outputFolder && result.beside) {
-        throw UsageProblem{u"--output and --beside cannot go together"_s};
+    if (!settings) {
+        return failure(settings.error());
     }
-    if (result.outputFolder && result.outputFolder->isEmpty()) {
-        throw UsageProblem{u"--output takes a folder"_s};
-    }
-    if (result.start && result.end && *result.start > *result.end) {
-        throw UsageProblem{u"--start lies after --end"_s};
-    }
+    result.start = *start;
+    result.end = *end;
+    result.settings = *settings;
+    return checkTogether(result);
 }
 
 } // namespace
 
-ExportOptions ExportOptions::parse(const QStringList &arguments)
+Result<ExportOptions> ExportOptions::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
     for (const Option &option : options) {
@@ -182,27 +201,21 @@ ExportOptions ExportOptions::parse(const QStringList &arguments)
         const QString value = QString::fromLatin1(option.value);
         parser.addOption(QCommandLineOption(names, QString(), value));
     }
+    const bool isExport = arguments.contains(u"--export"_s);
+    if (!parser.parse(isExport ? arguments : withoutToolkitOptions(arguments))) {
+        return failure(parser.errorText());
+    }
     ExportOptions result;
-    try {
-        const bool isExport = arguments.contains(u"--export"_s);
-        if (!parser.parse(isExport ? arguments : withoutToolkitOptions(arguments))) {
-            throw UsageProblem{parser.errorText()};
-        }
-        if (parser.isSet(u"help"_s)) {
-            result.action = Action::ShowHelp;
-        } else if (parser.isSet(u"version"_s)) {
-            result.action = Action::ShowVersion;
-        } else if (parser.isSet(u"export"_s)) {
-            result.action = Action::Export;
-            readExport(parser, result);
-        } else if (!parser.optionNames().isEmpty()) {
-            throw UsageProblem{u"--%1 goes with --export"_s.arg(parser.optionNames().first())};
-        } else {
-            result.paths = parser.positionalArguments();
-        }
-    } catch (const UsageProblem &problem) {
-        result.action = Action::RefuseUsage;
-        result.problem = problem.text;
+    if (parser.isSet(u"help"_s)) {
+        result.action = Action::ShowHelp;
+    } else if (parser.isSet(u"version"_s)) {
+        result.action = Action::ShowVersion;
+    } else if (parser.isSet(u"export"_s)) {
+        return readExport(parser);
+    } else if (!parser.optionNames().isEmpty()) {
+        return failure(u"--%1 goes with --export"_s.arg(parser.optionNames().first()));
+    } else {
+        result.paths = parser.positionalArguments();
     }
     return result;
 }

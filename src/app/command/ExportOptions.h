@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/command/SettingOption.h"
+#include "platform/Result.h"
 
 #include <QString>
 #include <QStringList>
@@ -10,10 +11,9 @@
 
 /// What the command line asks for. A value.
 struct ExportOptions {
-    enum class Action { OpenWindow, Export, ShowHelp, ShowVersion, RefuseUsage };
+    enum class Action { OpenWindow, Export, ShowHelp, ShowVersion };
 
     Action action = Action::OpenWindow;
-    QString problem; ///< of a refused usage, for the user
     QStringList paths;
     std::optional<QString> outputFolder;
     bool beside = false;
@@ -22,8 +22,9 @@ struct ExportOptions {
     std::optional<double> end;
     std::vector<SettingOption> settings; ///< to lie over the stored ones, later entries over earlier ones
 
-    /// Reads the arguments, the program's name first; paths as PathText. Nothing on the disk is looked at.
-    static ExportOptions parse(const QStringList &arguments);
+    /// Reads the arguments, the program's name first; paths as PathText. Nothing on the disk is looked at. A failure is
+    /// a usage that makes no sense.
+    static Result<ExportOptions> parse(const QStringList &arguments);
 
     /// The text of --help.
     static QString help();

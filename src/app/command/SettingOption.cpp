@@ -51,19 +51,20 @@ QString expectation(Kind kind)
 
 } // namespace
 
-SettingOption SettingOption::parse(const QString &text, QString &problem)
+Result<SettingOption> SettingOption::parse(const QString &text)
 {
     const qsizetype separator = text.indexOf(u'=');
     const QString key = text.left(separator);
     const std::optional<Kind> kind = PreferenceKeys::kindOf(key);
     if (separator < 0) {
-        problem = u"--set takes KEY=VALUE, not \"%1\""_s.arg(text);
-    } else if (!kind) {
-        problem = u"there is no setting named \"%1\""_s.arg(key);
-    } else if (const QVariant value = valueFrom(text.mid(separator + 1), *kind); value.isValid()) {
-        return {key, value};
-    } else {
-        problem = u"--set %1 %2"_s.arg(key, expectation(*kind));
+        return failure(u"--set takes KEY=VALUE, not \"%1\""_s.arg(text));
     }
-    return {};
+    if (!kind) {
+        return failure(u"there is no setting named \"%1\""_s.arg(key));
+    }
+    const QVariant value = valueFrom(text.mid(separator + 1), *kind);
+    if (!value.isValid()) {
+        return failure(u"--set %1 %2"_s.arg(key, expectation(*kind)));
+    }
+    return SettingOption{key, value};
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Result.h"
+
 #include <QString>
 #include <QVariant>
 
@@ -8,6 +10,6 @@ struct SettingOption {
     QString key;
     QVariant value;
 
-    /// Reads "KEY=VALUE". On failure the result has no key and `problem` says why, for the user.
-    static SettingOption parse(const QString &text, QString &problem);
+    /// Reads "KEY=VALUE".
+    static Result<SettingOption> parse(const QString &text);
 };

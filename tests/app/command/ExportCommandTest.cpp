@@ -38,8 +38,7 @@ struct ExportCommandTest : testing::Test {
         if (!output.isEmpty()) {
             words += {u"-o"_s, output};
         }
-        const ExportOptions options = ExportOptions::parse(words + QStringList{u"--"_s} + paths);
-        EXPECT_EQ(options.action, ExportOptions::Action::Export) << options.problem.toStdString();
+        const ExportOptions options = ExportOptions::parse(words + QStringList{u"--"_s} + paths).value();
         Console console(out.get(), err.get(), options.quiet);
         const int status = ExportCommand(options, {defaults, grabber, console, folder.path("home"), cancelled}).run();
         results = linesOf("results");
