@@ -66,14 +66,16 @@ struct EditorTest : testing::Test, protected CollageEditorHost, protected AlertP
     }
     QLineEdit &field(const char *name) { return control<QLineEdit>(name); }
     void type(const char *name, const char *text) { replaceText(field(name), text); }
+    SWTimeEditView &endTime() { return control<SWTimeEditView>("endTimeView"); }
+    QLineEdit &timePart(const char *name, const char *view = "endTimeView")
+    {
+        return *control<SWTimeEditView>(view).findChild<QLineEdit *>(QLatin1StringView(name));
+    }
     void typeTime(const char *view, const char *seconds)
     {
-        auto &edit = *control<SWTimeEditView>(view).findChild<QLineEdit *>(u"lblSecond"_s);
-        replaceText(edit, seconds);
-        QTest::keyClick(&edit, Qt::Key_Return);
+        replaceText(timePart("lblSecond", view), seconds);
+        QTest::keyClick(&timePart("lblSecond", view), Qt::Key_Return);
     }
-    SWTimeEditView &endTime() { return control<SWTimeEditView>("endTimeView"); }
-    QLineEdit &endPart(const char *name) { return *endTime().findChild<QLineEdit *>(QLatin1StringView(name)); }
     void click(const char *name) { QTest::mouseClick(&control<QWidget>(name), Qt::LeftButton); }
     void tick(const char *box) { control<QAbstractButton>(box).click(); }
     CollageSettings settings() { return editor.movieObj()->settings(); }
@@ -175,7 +177,7 @@ TEST_F(EditorTest, ARefusedNumberIsToldOnceWhateverTheUserDoesNext)
 TEST_F(EditorTest, TimesAreWholeSecondsReadFromANumberOrNothing)
 {
     const auto shown = [this] {
-        return QStringList{endPart("lblHour").text(), endPart("lblMinite").text(), endPart("lblSecond").text()}.join(
+        return QStringList{timePart("lblHour").text(), timePart("lblMinite").text(), timePart("lblSecond").text()}.join(
             u' ');
     };
     for (const auto &[seconds, fields] :
@@ -185,10 +187,10 @@ TEST_F(EditorTest, TimesAreWholeSecondsReadFromANumberOrNothing)
     }
     endTime().flushWithSeconds(60.0);
     for (const auto &[text, expected] : {std::pair{"1.5", 61.5}, {"-5", 55.0}, {"5abc", 60.0}, {"nan", 60.0}}) {
-        replaceText(endPart("lblSecond"), text);
+        replaceText(timePart("lblSecond"), text);
         EXPECT_EQ(endTime().secondsValue(), expected);
     }
-    replaceText(endPart("lblHour"), "1e308");
+    replaceText(timePart("lblHour"), "1e308");
     EXPECT_TRUE(std::isfinite(endTime().secondsValue()));
 }
 
@@ -197,9 +199,9 @@ TEST_F(EditorTest, EveryWayOutOfATimeKeepsItOrTakesItBackWithOneAlert)
     auto &range = control<SplitSliderView>("timeRangeSlidView");
     const std::function<void(QLineEdit &)> waysOut[] = {
         [](QLineEdit &from) { QTest::keyClick(&from, Qt::Key_Tab); },
-        [this](QLineEdit &) { QTest::mouseClick(&endPart("lblHour"), Qt::LeftButton); },
+        [this](QLineEdit &) { QTest::mouseClick(&timePart("lblHour"), Qt::LeftButton); },
         [](QLineEdit &from) { QTest::keyClick(&from, Qt::Key_Return); },
-        [this](QLineEdit &from) { EXPECT_EQ(endTime().endEditing(), &from == &endPart("lblSecond")); },
+        [this](QLineEdit &from) { EXPECT_EQ(endTime().endEditing(), &from == &timePart("lblSecond")); },
         [&range](QLineEdit &) {
             QTest::mousePress(&range, Qt::LeftButton, {}, range.clipRect(true).center().toPoint());
             QTest::mouseMove(&range, range.rect().center());
@@ -208,17 +210,17 @@ TEST_F(EditorTest, EveryWayOutOfATimeKeepsItOrTakesItBackWithOneAlert)
     };
     for (const auto &leave : waysOut) {
         alerts.clear();
-        replaceText(endPart("lblSecond"), "20");
-        leave(endPart("lblSecond"));
+        replaceText(timePart("lblSecond"), "20");
+        leave(timePart("lblSecond"));
         EXPECT_EQ(settings().endPoint, 20.0);
         const double start = settings().startPoint;
-        replaceText(endPart("lblMinite"), "99");
+        replaceText(timePart("lblMinite"), "99");
         EXPECT_EQ(alerts, QStringList());
-        leave(endPart("lblMinite"));
+        leave(timePart("lblMinite"));
         EXPECT_EQ(alerts.size(), 1);
         EXPECT_EQ(settings().startPoint, start) << "a drag behind the alert";
         closeAlert();
-        EXPECT_TRUE(endPart("lblMinite").hasFocus());
+        EXPECT_TRUE(timePart("lblMinite").hasFocus());
         EXPECT_EQ(endTime().secondsValue(), 20.0);
         EXPECT_EQ(settings().endPoint, 20.0);
         endTime().flushWithSeconds(10.0);
@@ -227,20 +229,20 @@ TEST_F(EditorTest, EveryWayOutOfATimeKeepsItOrTakesItBackWithOneAlert)
 
 TEST_F(EditorTest, EditingGoesOnInAFieldThatKeepsTheFocusAndBehindOtherWindows)
 {
-    replaceText(endPart("lblSecond"), "20");
+    replaceText(timePart("lblSecond"), "20");
     ASSERT_TRUE(endTime().endEditing());
-    QTest::keyClicks(&endPart("lblSecond"), u"77"_s);
+    QTest::keyClicks(&timePart("lblSecond"), u"77"_s);
     EXPECT_FALSE(endTime().endEditing());
     EXPECT_EQ(endTime().secondsValue(), 20.0) << "what the editing began with";
     closeAlert();
     alerts.clear();
-    replaceText(endPart("lblMinite"), "99");
+    replaceText(timePart("lblMinite"), "99");
     QDialog front;
     front.show();
     activate(front);
     activate(editor);
     EXPECT_EQ(alerts, QStringList());
-    EXPECT_EQ(endPart("lblMinite").text(), u"99");
+    EXPECT_EQ(timePart("lblMinite").text(), u"99");
     field("lblGridRowNum").setFocus();
     EXPECT_EQ(alerts.size(), 1);
     EXPECT_EQ(endTime().secondsValue(), 20.0);
@@ -280,7 +282,7 @@ TEST_F(EditorTest, WhatIsHeldOrTypedDoesNotReachTheNextMovie)
         QTest::mouseRelease(held, Qt::LeftButton, {}, held->rect().center());
         EXPECT_EQ(movies.at(1)->settings(), before) << handle.x();
     }
-    QLineEdit &minutes = endPart("lblMinite");
+    QLineEdit &minutes = timePart("lblMinite");
     replaceText(minutes, "0");
     movies.at(1)->setSettings({.startPoint = 1.0, .endPoint = 6.0});
     editor.flushWithKTObject(movies.at(1));
