@@ -11,8 +11,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 class DragWindow final : public QWidget {
     void mousePressEvent(QMouseEvent * /*event*/) override
     {
@@ -28,8 +26,6 @@ class DragWindow final : public QWidget {
         std::puts(drag->exec(Qt::CopyAction) == Qt::IgnoreAction ? "kept" : "given");
     }
 };
-
-} // namespace
 
 int main(int argc, char **argv)
 {

@@ -2,7 +2,7 @@
 
 #include "support/SessionBus.h"
 
-#include <QProcessEnvironment>
+#include <QProcess>
 
 /// An X server without a screen, with a window manager, of a test's own; both end with their owner.
 class XServer {
@@ -13,12 +13,9 @@ public:
         server_.start(u"Xvfb"_qs, u"-displayfd 1 -noreset -nolisten tcp -screen 0 2560x1600x24"_qs.split(u' '));
         name_ = u':' + QString::fromLatin1(nextLine(server_));
         EXPECT_NE(name_, u":") << "Xvfb does not start: " << server_.readAllStandardError().constData();
-
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"DISPLAY"_qs, name_);
-        windowManager_.setProcessEnvironment(environment);
-        // It runs this command once it manages the windows.
-        windowManager_.start(u"openbox"_qs, {u"--sm-disable"_qs, u"--startup"_qs, u"echo ready"_qs});
+        // It runs its last argument once it manages the windows.
+        windowManager_.start(
+            u"env"_qs, {u"DISPLAY="_qs + name_, u"openbox"_qs, u"--sm-disable"_qs, u"--startup"_qs, u"echo ready"_qs});
         QByteArray line = nextLine(windowManager_);
         while (!line.isEmpty() && line != "ready") { // it complains of missing menus
             line = nextLine(windowManager_);

