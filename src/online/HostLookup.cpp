@@ -1,5 +1,6 @@
 #include "online/HostLookup.h"
 
+#include "platform/MakeForQt.h"
 #include "platform/threads/AlternateStack.h"
 
 #include <QByteArray>
@@ -51,8 +52,7 @@ struct HostLookup::Question {
         const std::scoped_lock lock(mutex);
         if (asker != nullptr) {
             addresses = found;
-            QCoreApplication::postEvent(asker,
-                                        std::make_unique<QEvent>(QEvent::User).release()); // the event loop's now
+            QCoreApplication::postEvent(asker, makeForQt<QEvent>(QEvent::User));
         }
     }
 };

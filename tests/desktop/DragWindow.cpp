@@ -2,6 +2,8 @@
 // Usage: drag_window URI…
 // It writes "accepted" when what is under the pointer would take them, and "given" or "kept" at the end of a drag.
 
+#include "platform/MakeForQt.h"
+
 #include <QApplication>
 #include <QDrag>
 #include <QMimeData>
@@ -14,9 +16,9 @@ using namespace Qt::StringLiterals;
 class DragWindow final : public QWidget {
     void mousePressEvent(QMouseEvent * /*event*/) override
     {
-        auto *files = new QMimeData;
+        auto *files = makeForQt<QMimeData>();
         files->setData(u"text/uri-list"_s, QApplication::arguments().mid(1).join(u"\r\n").toUtf8());
-        auto *drag = new QDrag(this);
+        auto *drag = makeForQt<QDrag>(this);
         drag->setMimeData(files);
         QObject::connect(drag, &QDrag::actionChanged, this, [](Qt::DropAction action) {
             if (action != Qt::IgnoreAction) {

@@ -1,5 +1,6 @@
 #include "online/HttpExchange.h"
 
+#include "platform/MakeForQt.h"
 #include "support/HttpServer.h"
 
 #include <QTest>
@@ -27,7 +28,7 @@ static HttpAnswer answerTo(const HttpRequest &request, std::chrono::milliseconds
 static void drip(QTcpSocket &client, const QByteArray & /*request*/)
 {
     client.write("HTTP/1.1 200 OK\r\n\r\n");
-    auto *timer = new QTimer(&client);
+    auto *timer = makeForQt<QTimer>(&client);
     timer->callOnTimeout([&client] { client.write("x"); });
     timer->start(1);
 }

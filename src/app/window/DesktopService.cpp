@@ -2,6 +2,7 @@
 
 #include "applicationadaptor.h"
 #include "platform/Log.h"
+#include "platform/MakeForQt.h"
 #include "platform/files/FileUri.h"
 #include "platform/files/PathText.h"
 #include "platform/threads/AlternateStack.h"
@@ -87,7 +88,7 @@ DesktopService::DesktopService(QDBusConnection bus, QString name, Requests reque
                                std::chrono::milliseconds longestWait) :
     bus_(std::move(bus)), name_(std::move(name)), requests_(std::move(requests)), longestWait_(longestWait)
 {
-    new ApplicationAdaptor(this);
+    makeForQt<ApplicationAdaptor>(this);
 }
 
 DesktopService::~DesktopService()

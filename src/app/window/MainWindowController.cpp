@@ -3,6 +3,7 @@
 #include "Shared/PreferenceKeys.h"
 #include "collage/KTMovieObject.h"
 #include "online/SupportedFormats.h"
+#include "platform/MakeForQt.h"
 #include "platform/desktop/AlertPanel.h"
 #include "platform/desktop/OpenPanel.h"
 #include "platform/desktop/WindowActivation.h"
@@ -83,7 +84,7 @@ MainWindowController::~MainWindowController() = default;
 
 void MainWindowController::addToolbarItems()
 {
-    auto *space = new QWidget(ui_->toolBar);
+    auto *space = makeForQt<QWidget>(ui_->toolBar);
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     ui_->toolBar->addWidget(space);
     ui_->toolBar->addAction(ui_->customcollage);
@@ -111,7 +112,7 @@ void MainWindowController::connectActions()
     // Not activated(): some desktops send it at every click.
     connect(ui_->tableView, &QAbstractItemView::doubleClicked, this, &MainWindowController::customCollageDown);
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
-        auto *shortcut = new QShortcut(key, ui_->tableView, nullptr, nullptr, Qt::WidgetShortcut);
+        auto *shortcut = makeForQt<QShortcut>(key, ui_->tableView, nullptr, nullptr, Qt::WidgetShortcut);
         connect(shortcut, &QShortcut::activated, this, &MainWindowController::customCollageDown);
     }
     connect(ui_->preferences, &QAction::triggered, this, &MainWindowController::preferencesDown);

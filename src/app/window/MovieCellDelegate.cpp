@@ -1,12 +1,12 @@
 #include "app/window/MovieCellDelegate.h"
 
 #include "app/window/MovieTableModel.h"
+#include "platform/MakeForQt.h"
 
 #include <QApplication>
 #include <QPainter>
 
 #include <algorithm>
-#include <memory>
 
 namespace {
 
@@ -117,6 +117,6 @@ QPixmap MovieCellDelegate::fitted(const QImage &image, QSize pixels) const
     }
     QPixmap picture = QPixmap::fromImage(image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
     const int cost = pixels.width() * pixels.height() * picture.depth() / 8;
-    pictures_.insert(key, std::make_unique<QPixmap>(picture).release(), cost); // the cache owns it
+    pictures_.insert(key, makeForQt<QPixmap>(picture), cost);
     return picture;
 }

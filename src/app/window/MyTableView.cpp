@@ -5,6 +5,7 @@
 #include "app/window/MovieCellDelegate.h"
 #include "app/window/TableReloadDelegate.h"
 #include "platform/Log.h"
+#include "platform/MakeForQt.h"
 
 #include <QDropEvent>
 #include <QHeaderView>
@@ -26,7 +27,7 @@ constexpr std::array<int, MovieTableModel::ColumnCount> columnWidths{112, 112, 2
 
 MyTableView::MyTableView(QWidget *parent) : QTableView(parent)
 {
-    setItemDelegate(new MovieCellDelegate(this));
+    setItemDelegate(makeForQt<MovieCellDelegate>(this));
     setAcceptDrops(true);
     setDropIndicatorShown(false); // it has its own mark
     setSelectionBehavior(SelectRows);
@@ -82,7 +83,7 @@ void MyTableView::reloadData()
                                                          : std::min(current.row(), rowCount() - 1);
         selectionModel()->setCurrentIndex(movies_->index(row, MovieTableModel::Title), QItemSelectionModel::NoUpdate);
     }
-    auto *delay = new QTimer(this);
+    auto *delay = makeForQt<QTimer>(this);
     delay->setSingleShot(true);
     connect(delay, &QTimer::timeout, this, &MyTableView::rowsDrawn);
     connect(delay, &QTimer::timeout, delay, &QObject::deleteLater);
@@ -100,7 +101,7 @@ void MyTableView::rowsDrawn()
 void MyTableView::refreshState(bool highlighted)
 {
     if (!dropTipView) {
-        dropTipView = new JKDropInTipsView(this);
+        dropTipView = makeForQt<JKDropInTipsView>(this);
         //% "Drop movies or folders here"
         dropTipView->setStrPromot(qtTrId("library_drag_tip"));
     }

@@ -3,6 +3,7 @@
 #include "Shared/TimeFormat.h"
 #include "collage/editor/SWTimeEditViewDelegate.h"
 #include "collage/editor/TimeField.h"
+#include "platform/MakeForQt.h"
 #include "platform/desktop/AlertPanel.h"
 #include "platform/widgets/FieldEditing.h"
 
@@ -26,9 +27,14 @@ constexpr int colonSize = 12;
 
 TimeField *newField(QWidget *parent, const QString &name)
 {
-    auto *field = new TimeField(parent);
+    auto *field = makeForQt<TimeField>(parent);
     field->setObjectName(name);
     return field;
+}
+
+FieldEditing *newEditing(TimeField &field, FieldEditingDelegate &delegate, QObject *parent)
+{
+    return makeForQt<FieldEditing>(field, delegate, parent);
 }
 
 } // namespace
@@ -38,8 +44,8 @@ SWTimeEditView::SWTimeEditView(QWidget *parent) :
     lblHour(newField(this, u"lblHour"_s)),
     lblMinite(newField(this, u"lblMinite"_s)),
     lblSecond(newField(this, u"lblSecond"_s)),
-    editings_{new FieldEditing(*lblHour, *this, this), new FieldEditing(*lblMinite, *this, this),
-              new FieldEditing(*lblSecond, *this, this)}
+    editings_{newEditing(*lblHour, *this, this), newEditing(*lblMinite, *this, this),
+              newEditing(*lblSecond, *this, this)}
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::TabFocus);

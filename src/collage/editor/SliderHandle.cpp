@@ -2,11 +2,11 @@
 
 #include "Shared/TimeFormat.h"
 #include "collage/editor/BaseSliderView.h"
+#include "platform/MakeForQt.h"
 
 #include <QAccessibleWidget>
 #include <QKeyEvent>
 
-#include <memory>
 #include <utility>
 
 namespace {
@@ -49,7 +49,7 @@ private:
 QAccessibleInterface *accessibleHandle(const QString & /*className*/, QObject *object)
 {
     auto *handle = qobject_cast<SliderHandle *>(object);
-    return handle ? std::make_unique<AccessibleHandle>(*handle).release() : nullptr; // Qt owns it
+    return handle ? makeForQt<AccessibleHandle>(*handle) : nullptr;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "platform/desktop/DesktopWorkspace.h"
 
 #include "platform/Log.h"
+#include "platform/MakeForQt.h"
 #include "platform/files/FileSystem.h"
 #include "platform/files/FileUri.h"
 #include "platform/files/PathText.h"
@@ -83,7 +84,7 @@ void DesktopWorkspace::openDirectory(const QString &path)
 
 void DesktopWorkspace::callOrOpenFolder(const QDBusMessage &message, const QString &path)
 {
-    auto *watcher = new QDBusPendingCallWatcher(sessionBus_.asyncCall(message), &context_);
+    auto *watcher = makeForQt<QDBusPendingCallWatcher>(sessionBus_.asyncCall(message), &context_);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &context_, [watcher, path] {
         if (watcher->isError()) {
             openPath(folderOf(path));

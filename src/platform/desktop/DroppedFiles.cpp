@@ -1,6 +1,7 @@
 #include "platform/desktop/DroppedFiles.h"
 
 #include "platform/Log.h"
+#include "platform/MakeForQt.h"
 #include "platform/files/FileUri.h"
 
 #include <QDBusMessage>
@@ -98,7 +99,7 @@ void DroppedFiles::fetch(const QMimeData &data, QObject &receiver, Taker taker) 
 void DroppedFiles::askPortal(const QString &key, const QStringList &named, QObject &receiver, Taker taker) const
 {
     const int patience = static_cast<int>(portalPatience_.count());
-    auto *watcher = new QDBusPendingCallWatcher(bus_.asyncCall(retrieveFiles(key), patience), &receiver);
+    auto *watcher = makeForQt<QDBusPendingCallWatcher>(bus_.asyncCall(retrieveFiles(key), patience), &receiver);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, &receiver,
                      [watcher, named, taker = std::move(taker)] {
                          watcher->deleteLater();

@@ -1,5 +1,7 @@
 #include "platform/threads/MainQueue.h"
 
+#include "platform/MakeForQt.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 
@@ -10,7 +12,7 @@ void MainQueue::async(Work work)
     const std::scoped_lock lock(mutex_); // until the event is posted: it too goes from thread to thread
     waiting_.push_back(std::move(work));
     if (!std::exchange(isWoken_, true)) {
-        QCoreApplication::postEvent(this, std::make_unique<QEvent>(QEvent::User).release()); // the event loop's now
+        QCoreApplication::postEvent(this, makeForQt<QEvent>(QEvent::User));
     }
 }
 

@@ -1,5 +1,7 @@
 #include "platform/widgets/ColorWell.h"
 
+#include "platform/MakeForQt.h"
+
 #include <QColorDialog>
 #include <QDragEnterEvent>
 #include <QMimeData>
@@ -97,7 +99,7 @@ void ColorWell::openDialog()
         dialog_->activateWindow();
         return;
     }
-    auto *opened = new QColorDialog(this);
+    auto *opened = makeForQt<QColorDialog>(this);
     opened->setAttribute(Qt::WA_DeleteOnClose);
     opened->setOption(QColorDialog::ShowAlphaChannel); // first, or the colour would lose its alpha
     opened->setCurrentColor(shownColor_);

@@ -1,5 +1,6 @@
 #include "platform/widgets/FileOpenPanel.h"
 
+#include "platform/MakeForQt.h"
 #include "platform/widgets/FrontWindow.h"
 
 #include <QFileDialog>
@@ -86,7 +87,7 @@ FileOpenPanel::FileOpenPanel(bool sandboxed) : sandboxed_(sandboxed) {}
 
 void FileOpenPanel::open(const OpenPanelRequest &request, Chosen chosen)
 {
-    auto *dialog = new MixedFileDialog(frontWindow());
+    auto *dialog = makeForQt<MixedFileDialog>(frontWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     const bool needsToolkit = request.folders && (request.files || request.multiple);
     dialog->setOption(QFileDialog::DontUseNativeDialog, needsToolkit && !sandboxed_);

@@ -1,6 +1,7 @@
 #include "platform/widgets/MessageAlertPanel.h"
 
 #include "platform/Log.h"
+#include "platform/MakeForQt.h"
 #include "platform/threads/MainQueue.h"
 #include "platform/widgets/FrontWindow.h"
 
@@ -99,7 +100,7 @@ void addButtons(QMessageBox &box, const QStringList &buttons)
 /// Belongs to the front window, and goes when it is closed.
 QMessageBox *makeBox(const QString &title, const QString &message, const QStringList &buttons)
 {
-    auto *box = new QMessageBox(frontWindow());
+    auto *box = makeForQt<QMessageBox>(frontWindow());
     box->setAttribute(Qt::WA_DeleteOnClose);
     setPlainTexts(*box, title, message);
     addButtons(*box, buttons);

@@ -1,5 +1,6 @@
 #include "platform/widgets/SymbolicIcon.h"
 
+#include "platform/MakeForQt.h"
 #include "platform/desktop/SvgImage.h"
 
 #include <QFile>
@@ -7,8 +8,6 @@
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
-
-#include <memory>
 
 namespace {
 
@@ -40,7 +39,7 @@ public:
         return QPixmap::fromImage(tinted(size, 1.0, mode));
     }
 
-    QIconEngine *clone() const override { return std::make_unique<SymbolicIconEngine>(resource_).release(); }
+    QIconEngine *clone() const override { return makeForQt<SymbolicIconEngine>(resource_); }
 
 private:
     QImage tinted(const QSize &size, qreal devicePixelRatio, QIcon::Mode mode) const
@@ -62,5 +61,5 @@ QIcon symbolicIcon(const QString &name)
 {
     const QString resource = u":/images/" + name + u".svg";
     // The icon owns its engine.
-    return QFile::exists(resource) ? QIcon(std::make_unique<SymbolicIconEngine>(resource).release()) : QIcon();
+    return QFile::exists(resource) ? QIcon(makeForQt<SymbolicIconEngine>(resource)) : QIcon();
 }

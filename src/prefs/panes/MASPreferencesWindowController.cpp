@@ -1,6 +1,7 @@
 #include "prefs/panes/MASPreferencesWindowController.h"
 
 #include "Shared/PreferenceKeys.h"
+#include "platform/MakeForQt.h"
 #include "platform/store/GeometryText.h"
 #include "platform/store/UserDefaults.h"
 #include "platform/widgets/WindowPlacement.h"
@@ -68,7 +69,7 @@ void MASPreferencesWindowController::loadWindow()
     preferencesWindow_->setWindowTitle(title_);
     // The program ends with its main window, whether this one is open or not.
     preferencesWindow_->setAttribute(Qt::WA_QuitOnClose, false);
-    items_ = new QActionGroup(preferencesWindow_.get());
+    items_ = makeForQt<QActionGroup>(preferencesWindow_.get());
     addShortcuts();
     restoreTopLeft();
     selectRememberedPane();
@@ -78,7 +79,7 @@ void MASPreferencesWindowController::loadWindow()
 void MASPreferencesWindowController::addShortcuts()
 {
     const auto add = [this](const QKeySequence &keys, auto action) {
-        QObject::connect(new QShortcut(keys, preferencesWindow_.get()), &QShortcut::activated, this, action);
+        QObject::connect(makeForQt<QShortcut>(keys, preferencesWindow_.get()), &QShortcut::activated, this, action);
     };
     add(Qt::Key_Escape, [this] { preferencesWindow_->close(); });
     add(QKeySequence::Close, [this] { preferencesWindow_->close(); });

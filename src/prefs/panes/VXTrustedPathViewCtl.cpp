@@ -1,5 +1,6 @@
 #include "prefs/panes/VXTrustedPathViewCtl.h"
 
+#include "platform/MakeForQt.h"
 #include "platform/desktop/OpenPanel.h"
 #include "platform/threads/MainQueue.h"
 #include "platform/widgets/SymbolicIcon.h"
@@ -55,7 +56,7 @@ void VXTrustedPathViewCtl::loadView(QWidget &view)
     QObject::connect(ui_->btnRemove, &QPushButton::clicked, &view, [this] { removeFolderDown(); });
     QObject::connect(ui_->tableView->selectionModel(), &QItemSelectionModel::selectionChanged, &view,
                      [this] { enableRemoving(); });
-    auto *deleteKey = new QShortcut(QKeySequence::Delete, ui_->tableView);
+    auto *deleteKey = makeForQt<QShortcut>(QKeySequence::Delete, ui_->tableView);
     deleteKey->setContext(Qt::WidgetShortcut);
     QObject::connect(deleteKey, &QShortcut::activated, &view, [this] { removeFolderDown(); });
 }
