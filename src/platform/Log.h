@@ -2,6 +2,5 @@
 
 #include <QLoggingCategory>
 
-/// The program's diagnostics: free-form lines for whoever looks for a fault, never the only place where a user learns
-/// of an error.
+/// The program's diagnostics: lines of text for developers. An error that concerns the user is shown elsewhere too.
 Q_DECLARE_LOGGING_CATEGORY(lcTessarine)

@@ -24,8 +24,8 @@ ActivationToken ActivationToken::ofThisStart()
     ActivationToken given;
     given.token = qgetenv(tokenVariable);
     given.startupId = qgetenv(startupIdVariable);
-    // Emptied, not removed, and put there where there was none: a token that comes later, when other threads may be
-    // reading the environment, then needs no larger one.
+    // Emptied, not removed: exportForWayland() sets it again when other threads may be reading the environment, and
+    // then the environment need not grow.
     qputenv(tokenVariable, QByteArray());
     return given;
 }
@@ -37,7 +37,7 @@ void ActivationToken::clearEnvironment()
 
 ActivationToken ActivationToken::fromPlatformData(const QVariantMap &data)
 {
-    constexpr qsizetype longest = 1024; // bytes; no desktop makes longer ones
+    constexpr qsizetype longest = 1024; // bytes, more than any desktop uses; the token goes into the environment
     ActivationToken token;
     for (const Part &part : parts) {
         const QByteArray value = data.value(part.key).toString().toUtf8();

@@ -13,11 +13,11 @@ struct ActivationToken {
     QByteArray token;     ///< Wayland's
     QByteArray startupId; ///< X11's; also Wayland's, from launchers that know one name only
 
-    /// That of whoever started this program, out of the environment: children of this program have nothing to do with
-    /// it. Only to be called while there is but one thread, and before the application object, whose part for X11 takes
-    /// the id out as well, to tell the desktop that the start has come to its end.
+    /// The token with which this program was started, taken out of the environment so that children do not inherit it.
+    /// To be called before there are other threads, and before the application object: that removes the id on X11, when
+    /// it tells the desktop that the program has started.
     static ActivationToken ofThisStart();
-    /// Removes the id too where the application object has left it. Right after that is made.
+    /// Removes the id, which the application object takes out on X11 only. To be called right after that is made.
     static void clearEnvironment();
 
     /// As it travels in calls of org.freedesktop.Application; what is missing or no text is empty.

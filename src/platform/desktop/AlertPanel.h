@@ -11,13 +11,13 @@ public:
     virtual ~AlertPanel() = default;
 
     /// Shows title, message and buttons, the first button being the default and the last one what Escape means, and
-    /// waits; returns the index of the answer. On any thread but the main thread of a program with windows, which must
-    /// go on: there it is show().
+    /// waits; returns the index of the answer. Not for the main thread of a program with windows, which must not wait:
+    /// that calls show().
     virtual int run(const QString &title, const QString &message, const QStringList &buttons) = 0;
 
     /// The same without waiting, on the main thread: `answered` gets the index, once, later or during the call. It is
-    /// not called when the window that the question belongs to goes away first. As it stands here, for those who answer
-    /// without asking anybody, it is run().
+    /// not called when the window that the question belongs to goes away first. This default, for panels that answer by
+    /// themselves, calls run().
     virtual void show(const QString &title, const QString &message, const QStringList &buttons,
                       std::function<void(int answer)> answered) // NOLINT(performance-unnecessary-value-param)
     {

@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <functional>
 
-/// Hears the close button of a window while a sheet blocks the window: the toolkit drops it then, and a user who closes
-/// the program in the middle of a job would see nothing happen. On X11 only. Main thread.
+/// Hears the close button of a window while a sheet blocks the window: the toolkit ignores it then, so that the user
+/// could not close the program during a job. On X11 only. Main thread.
 class BlockedCloseButton final : public QAbstractNativeEventFilter {
 public:
     /// `pressed` is called from the event loop. The window must have been shown; it may go first.

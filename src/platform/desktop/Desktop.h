@@ -6,8 +6,8 @@ class AlertPanel;
 class OpenPanel;
 class Workspace;
 
-/// What a window has from the desktop around it: it asks, lets choose, shows, and brings files. A value; what it refers
-/// to must outlive all copies.
+/// What a window needs from the desktop around it: questions, file panels, the file browser, dropped files. A value;
+/// what it refers to must outlive all copies.
 struct Desktop {
     AlertPanel &alert;
     OpenPanel &openPanel;

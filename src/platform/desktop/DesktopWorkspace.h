@@ -10,8 +10,8 @@
 
 class MainQueue;
 
-/// The user's desktop: opens files in the program for their type, shows them in the file browser. Made on the main
-/// thread, where its work is done, whichever thread asks; nothing waits for the desktop's answer.
+/// The user's desktop: opens files in the program for their type, shows them in the file browser. May be called on any
+/// thread; made on the main thread, where the work is done. Nothing waits for the desktop's answer.
 class DesktopWorkspace final : public Workspace {
 public:
     /// `sandboxed`: outside programs are to be reached through portals. The queue is the main thread's and must outlive

@@ -32,7 +32,7 @@ bool reachesWayland()
     }
     const QByteArray name = qgetenv("WAYLAND_DISPLAY");
     const QByteArray folder = name.startsWith('/') ? QByteArray() : qgetenv("XDG_RUNTIME_DIR");
-    const QByteArray path = folder + '/' + name; // doubled slashes do no harm
+    const QByteArray path = folder + '/' + name; // two slashes in a row do no harm
     sockaddr_un address = {};
     if (name.isEmpty() || path.size() >= static_cast<qsizetype>(sizeof address.sun_path)) {
         return false;

@@ -2,7 +2,7 @@
 
 #include <span>
 
-/// Whether a window system can be reached by what the environment and the program's arguments say, so that there can be
-/// an application object with windows: the toolkit would abort without. Tries to connect; for platforms of the toolkit
-/// without a window system (QT_QPA_PLATFORM, -platform) always true. Before the application object.
+/// Whether the window system named by the environment and the program's arguments can be reached; it tries to connect.
+/// Always true for platforms of the toolkit without a window system (QT_QPA_PLATFORM, -platform). To be called before
+/// the application object is made, which aborts the program when there is no window system.
 bool hasDisplayServer(std::span<char *const> arguments);

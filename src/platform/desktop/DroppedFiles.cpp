@@ -39,7 +39,7 @@ QStringList namedFiles(const QMimeData &data)
 /// The key for the portal; empty when there is none.
 QString transferKey(const QMimeData &data)
 {
-    constexpr qsizetype longest = 4096; // bytes; they are a few dozen, and the bus would not carry any number
+    constexpr qsizetype longest = 4096; // bytes; keys have a few dozen, and the bus limits a message
     for (const QString &format : keyFormats()) {
         const QByteArray bytes = data.data(format);
         const QByteArray key = bytes.first(std::min(bytes.size(), longest));

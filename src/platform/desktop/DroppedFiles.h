@@ -13,8 +13,8 @@ class QObject;
 ///
 /// A drag names its files as they are called where it comes from ("text/uri-list"). In a sandbox these names lead
 /// nowhere, and the document portal lends the files under other ones, for a key that the drag carries besides. So in a
-/// sandbox the portal is asked first. Elsewhere the names are better: they need nobody's help, and they can be any
-/// bytes, where the portal's are text; the portal is asked only about a drag that has nothing but a key.
+/// sandbox the portal is asked first. Elsewhere the names are used, since they may be any bytes and the portal's are
+/// text; the portal is asked only about a drag that has a key and no names.
 class DroppedFiles {
 public:
     /// Called with absolute paths, as PathText; with none when there are no files after all.
@@ -25,13 +25,12 @@ public:
     /// A portal that does not answer within `portalPatience` is given up.
     DroppedFiles(QDBusConnection bus, bool isSandboxed, std::chrono::milliseconds portalPatience = defaultPatience);
 
-    /// Whether it seems to be files that are dragged. Asks nobody but the drag's source, and not for a key: giving one
-    /// out is work for it.
+    /// Whether files seem to be dragged. Does not read the key, which the drag's source would have to make first.
     static bool areIn(const QMimeData &data);
 
-    /// Reads the data now and calls the taker on the main thread: before it returns when nobody has to be asked, else
-    /// when the portal has answered, unless the receiver has gone by then. A portal that fails is a line in the log,
-    /// and the files are those that the drag names.
+    /// Reads the data now and calls the taker on the main thread: before it returns, or, if the portal is asked, when
+    /// it has answered, unless the receiver has gone by then. When the portal fails, there is a line in the log and the
+    /// files are those that the drag names.
     void fetch(const QMimeData &data, QObject &receiver, Taker taker) const;
 
 private:

@@ -21,7 +21,8 @@ xcb_window_t windowWithKeyboard(xcb_connection_t *server)
     return focus ? focus->focus : XCB_NONE;
 }
 
-/// Has the server say again which of the program's windows has the keyboard, if one has; it does no harm.
+/// Sends the toolkit the server's event for the window that has the keyboard, if it is one of the program's. One too
+/// many does no harm.
 void repeatFocusIn()
 {
     xcb_connection_t *server = XConnection::ofThisProgram();
@@ -50,7 +51,7 @@ FocusWatch::FocusWatch()
     if (XConnection::ofThisProgram() == nullptr) {
         return;
     }
-    // The request may come back before the sheet closes, or after.
+    // The request may come back before the sheet closes, which the event filter notices, or after.
     qGuiApp->installEventFilter(this);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [](const QWindow *focused) {
         if (focused != nullptr && !focused->isVisible()) {

@@ -2,11 +2,12 @@
 
 #include <QObject>
 
-/// Keeps the toolkit to what the X server says about the keyboard while sheets come and go. On X11 only; main thread.
+/// Makes sure that the toolkit knows which window has the keyboard when a sheet closes. On X11 only; main thread.
 ///
-/// The toolkit takes its own request to activate a sheet, which the server sends back to it, for the answer. A sheet
-/// that has closed meanwhile then counts as the window with the keyboard. The window below has it and always had, so
-/// the server has nothing more to tell, and every key is lost until the user changes the window.
+/// When the toolkit asks for a sheet to be activated, the server sends the request back, and the toolkit takes that for
+/// the answer. If the sheet has closed meanwhile, the toolkit believes that the closed sheet has the keyboard. The
+/// window below had it all the time, so the server sends nothing more, and keys are lost until the user changes the
+/// window.
 class FocusWatch final : public QObject {
 public:
     /// From now on, for every window of the program.

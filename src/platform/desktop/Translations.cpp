@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Whoever reads Simplified Chinese, in whichever country, reads ours.
+/// Our Chinese texts are Simplified; they are used in every country that writes so.
 QLocale ownLocale(const QLocale &locale)
 {
     const bool isSimplified = locale.language() == QLocale::Chinese && locale.script() == QLocale::SimplifiedHanScript;

@@ -11,8 +11,8 @@ class QTranslator;
 /// application object, and gone before it.
 class Translations {
 public:
-    /// A text that the locale's language lacks, or all of them, are English. The toolkit's own texts come along, where
-    /// they are installed.
+    /// Texts that have no translation are English. The toolkit's own texts are translated too, if its translations are
+    /// installed.
     explicit Translations(const QLocale &locale);
     ~Translations();
     Translations(const Translations &) = delete;

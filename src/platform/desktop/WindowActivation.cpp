@@ -22,7 +22,8 @@ public:
     }
 
     /// Asks for the front on behalf of the user, who has clicked at that time. The toolkit would name the time of the
-    /// last input to this program instead, which is older than what the user has done elsewhere since.
+    /// last input to this program, and the window manager refuses a request that is older than the input to another
+    /// one.
     void activate(xcb_timestamp_t time)
     {
         constexpr std::uint32_t fromApplication = 1;
@@ -32,8 +33,8 @@ public:
         send(event, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
     }
 
-    /// Tells the desktop that the start of that id has come to its end, so that it stops showing a busy pointer. For
-    /// the first start the toolkit does it; nobody else does for one that has been handed over.
+    /// Tells the desktop that the start of that id has come to its end, so that it stops showing a busy pointer. The
+    /// toolkit does that for its own start, not for one that was handed over.
     void endStartup(const QByteArray &id)
     {
         QByteArray quoted = id;

@@ -4,7 +4,7 @@
 
 #include <xcb/xcb.h>
 
-/// The X server of this program, for what the toolkit has no words for. Main thread.
+/// The X server of this program, for requests that the toolkit cannot make. Main thread.
 namespace XConnection {
 
 /// The toolkit's own connection; null where the program's windows are not on an X server.

@@ -12,7 +12,8 @@
 
 namespace {
 
-/// The path for the system, which would see a shorter one before a NUL; then an empty one, which names nothing.
+/// The path for the system. Empty, so that nothing is found, for one with a NUL in it: the system would read only what
+/// stands before that.
 QByteArray native(const QString &path)
 {
     return path.contains(QChar::Null) ? QByteArray() : PathText::toBytes(path);

@@ -12,7 +12,8 @@
 #include <optional>
 #include <string_view>
 
-/// The system's calls on files, by PathText's paths; one with a NUL in it names nothing. Safe on any thread.
+/// The system's calls on files. Paths are those of PathText; nothing is found at a path with a NUL in it. Safe on any
+/// thread.
 namespace FileSystem {
 
 /// What is at the path, links followed.
@@ -29,7 +30,8 @@ bool isTaken(const QString &path);
 /// Whether this process may do that with what is at the path: R_OK, W_OK, X_OK or several.
 Result<void, std::error_code> checkAccess(const QString &path, int access);
 
-/// Opens a file or folder for reading, without ever waiting as for the writer of a FIFO. Not open when that failed.
+/// Opens a file or folder for reading. Does not wait for anything, such as the writer of a FIFO. Not open when that
+/// failed.
 FileDescriptor open(const QString &path);
 
 /// All bytes of the file; nothing when it cannot be opened or holds more than `mostBytes`.
@@ -41,8 +43,9 @@ QString executablePath();
 /// Writes all of the text to an open file; false when some of it is lost. Fit for signal handlers.
 bool writeAll(int file, std::string_view text);
 
-/// Gives the path a file with these contents, which comes to be at the `temporary` path in the same folder: there is
-/// the old file or the new one at any time. False when that failed. Fit for signal handlers.
+/// Replaces the file at the path by one with these contents. The new one is written at the `temporary` path, in the
+/// same folder, and then renamed, so that there is always a whole file. False when that failed. Fit for signal
+/// handlers.
 bool replaceFile(const char *path, const char *temporary, std::string_view contents);
 
 } // namespace FileSystem

@@ -7,14 +7,14 @@
 
 /// Paths as the desktop passes them round: in "file:" addresses, byte for byte.
 ///
-/// QUrl is no help here: it takes the escaped bytes for UTF-8, and what is none comes out as another name.
+/// Not by QUrl: it reads escaped bytes as UTF-8, and changes the names that are not.
 namespace FileUri {
 
 /// The address of a path from the root, as PathText; plain ASCII.
 QByteArray fromPath(QStringView path);
 
-/// The path of an address on this machine; nothing for any other kind. What is escaped becomes its byte; a percent
-/// sign, question mark or number sign that a careless sender has left unescaped belongs to the path.
+/// The path of an address on this machine; nothing for any other kind. An escape becomes its byte. Some senders do not
+/// escape percent signs, question marks and number signs: these belong to the path.
 std::optional<QString> toPath(QByteArrayView uri);
 
 } // namespace FileUri

@@ -31,7 +31,7 @@ public:
                                                          const QString &sandboxMarker);
 };
 
-/// Outside a sandbox: the folder's path is all that access takes. The record is {"kind": "path", "path": its bytes,
+/// Outside a sandbox, where a path is enough to reach a folder. The record is {"kind": "path", "path": its bytes,
 /// percent-encoded, "dev": …, "inode": …}, the two numbers the file system's as signed 64-bit integers.
 class PathBookmarks final : public FolderBookmarks {
 public:

@@ -35,13 +35,13 @@ std::optional<Place> placeOf(const QByteArray &path)
 
 constexpr QByteArrayView prefix = ".tessarine-";
 
-/// Short, whatever the final name's length: that may use up all of the 255 bytes a name can have.
+/// Independent of the final name, which may already have the 255 bytes that are allowed.
 QByteArray randomName()
 {
     return prefix.toByteArray() + QByteArray::number(QRandomGenerator::system()->generate64(), 36);
 }
 
-/// Whether randomName() would make it, but for one in ten thousand.
+/// Whether randomName() can have made it. One in ten thousand of its names is shorter, and is not recognised.
 bool isRandomName(QByteArrayView name)
 {
     const QByteArrayView number = name.sliced(std::min(prefix.size(), name.size()));
@@ -136,8 +136,8 @@ Result<void, std::error_code> NewFile::publishAs(const QString &path)
     return {};
 }
 
-/// Waits until the disk has it; false, with errno set, when it could not be kept. Some file systems tell that only at a
-/// close, and some have nothing to wait for.
+/// Waits until the file is on the disk; false, with errno set, when that failed. Some file systems report the failure
+/// only when a descriptor is closed; some do not support waiting (EINVAL).
 bool NewFile::keep()
 {
     return (::fsync(file_.get()) == 0 || errno == EINVAL) && ::close(::fcntl(file_.get(), F_DUPFD_CLOEXEC, 0)) == 0;

@@ -10,8 +10,8 @@
 
 #include <system_error>
 
-/// A new file in the making, to be written to: hidden until it is published, so that there is the complete file or none
-/// at its path at any time, whatever is killed or full. Removed with its owner unless it was published, and by
+/// A new file in the making, to be written to: hidden until it is published, so that its path never holds half a file,
+/// even when the process is killed or the disk is full. Removed with its owner unless it was published, and by
 /// removeLeftovers() when the process was killed. On one thread at a time.
 class NewFile final : public QIODevice {
 public:

@@ -7,8 +7,8 @@
 
 #include <system_error>
 
-/// A folder of this process alone, removed with its owner, and by a later start when the process was killed: a locked
-/// file in it tells that the process is still there. To be made and used on one thread.
+/// A folder of this process alone, removed with its owner. When the process was killed, a later start removes it: a
+/// locked file in the folder shows whether its process still runs. To be made and used on one thread.
 class TemporaryFolder {
 public:
     /// Makes one in the folder `parent`, after it has removed there what killed processes of this user have left

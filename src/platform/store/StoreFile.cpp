@@ -101,8 +101,8 @@ std::optional<Loaded> load(const QString &path)
     return Loaded{.values = document.object(), .expendable = problem.isEmpty() || keepAside(path, text, problem)};
 }
 
-/// Waits for other processes, but not for one that hangs. QLockFile's own waiting sleeps ever longer, and others could
-/// always be quicker.
+/// Waits for other processes, but not for one that hangs. Not by QLockFile's own waiting, which sleeps longer each
+/// time, so that other processes could get the lock first every time.
 bool acquire(QLockFile &lock)
 {
     const QDeadlineTimer deadline(std::chrono::seconds(10));

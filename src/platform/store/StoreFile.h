@@ -7,8 +7,8 @@
 
 /// The user defaults' file on disk: a JSON object of keys and values.
 ///
-/// Not QSettings: its file knows texts only, a nested value in a hostile one crashed it, and two processes that write
-/// at the same moment can lose a key. Here every change reads the file anew under the lock.
+/// Not QSettings: its file holds texts only, a deeply nested value in the file crashed it, and two processes that write
+/// at the same moment can lose a key. Here the file is locked and read again before every change.
 namespace StoreFile {
 
 /// Carries out `changes` in one step, on top of what other processes have written meanwhile, and returns all that the

@@ -10,8 +10,8 @@
 #include <mutex>
 #include <utility>
 
-/// Values are looked at, copied and dropped under the mutex only: a JSON value counts its owners out of sight
-/// of ThreadSanitizer. What leaves the class are texts, bytes and lists, which do not.
+/// JSON values are read, copied and destroyed under the mutex only: ThreadSanitizer does not see how they count their
+/// owners. The class therefore gives out texts, bytes and lists.
 class UserDefaults::Private {
 public:
     explicit Private(const QString &storePath) : path(storePath) {}

@@ -5,9 +5,8 @@
 #include <cstddef>
 #include <memory>
 
-/// A second stack for the thread that makes it, on which signal handlers run that ask for one: the only place left when
-/// the first stack has overflowed. The first local object of every thread of ours, in whichever room that begins, which
-/// is why it is here; ends on the same thread.
+/// A second stack for the thread that makes it. Signal handlers that ask for one run on it, and so can still run when
+/// the first stack has overflowed. Every thread of ours begins by making one; it ends on the same thread.
 class AlternateStack {
 public:
     AlternateStack()

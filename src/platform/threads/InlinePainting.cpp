@@ -8,8 +8,8 @@ void paintInline()
     qputenv("QT_NO_GUI_THREADPOOL", "1"); // from Qt 6.6 on
 }
 
-// Earlier versions ask for this pool, and paint by themselves where there is none. A program's own definition comes
-// before that of a library.
+// Earlier versions ask this function for the pool, and paint without one if it gives none. The definition in a program
+// takes precedence over the one in a library.
 QThreadPool *QThreadPool::globalInstance()
 {
     return nullptr;

@@ -9,7 +9,7 @@
 
 void MainQueue::async(Work work)
 {
-    const std::scoped_lock lock(mutex_); // until the event is posted: it too goes from thread to thread
+    const std::scoped_lock lock(mutex_); // until the event is posted, for ThreadSanitizer's sake too
     waiting_.push_back(std::move(work));
     if (!std::exchange(isWoken_, true)) {
         QCoreApplication::postEvent(this, makeForQt<QEvent>(QEvent::User));

@@ -24,8 +24,7 @@ private:
     /// Does what is waiting now; work that it adds waits for its own event, so that the user is not kept waiting.
     void workOff();
 
-    // Work goes from thread to thread under this lock alone, not inside Qt's events: Qt's own locking is invisible to
-    // ThreadSanitizer.
+    // Work is kept here, under our own lock, and not in Qt's events: ThreadSanitizer does not see Qt's locks.
     std::mutex mutex_;
     std::deque<Work> waiting_;
     bool isWoken_ = false; ///< an event is on its way

@@ -6,8 +6,7 @@
 #include <memory>
 #include <vector>
 
-/// Tells, by name, that something has happened, so that those who tell and those who hear need not know each other.
-/// Main thread only.
+/// Passes on, by name, that something has happened, between objects that do not know each other. Main thread only.
 class NotificationCenter {
 public:
     using Handler = std::function<void()>;

@@ -6,8 +6,8 @@
 
 class QColorDialog;
 
-/// A button that shows a colour, over a checkerboard where it lets through what is behind, and lets the user choose
-/// another one: in a colour dialog, whose choice shows at once, or by dropping a colour on it.
+/// A button that shows a colour, on a checkerboard if it is transparent. The user chooses another one in a colour
+/// dialog, whose choice shows at once, or by dropping a colour on the button.
 class ColorWell final : public QAbstractButton {
     Q_OBJECT
     Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)

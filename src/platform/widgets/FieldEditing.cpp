@@ -31,7 +31,7 @@ bool FieldEditing::endEditing()
         return !editing_;
     }
     if (!field_->isEnabled() || !field_->isVisible()) {
-        abandonEditing(); // a refused text could not be mended there, and one that nobody judged is not told of
+        abandonEditing(); // nobody could correct a refused text there
         return true;
     }
     const QScopedValueRollback isAsking(asking_, true);
@@ -82,7 +82,7 @@ bool FieldEditing::eventFilter(QObject *watched, QEvent *event)
     case QEvent::FocusOut: {
         const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
         const bool stays = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
-        return !stays && !endEditing(); // a field that has the focus back never knows that it was gone
+        return !stays && !endEditing(); // the field does not see the event when it keeps the focus
     }
     case QEvent::KeyPress: {
         const int key = static_cast<QKeyEvent *>(event)->key();

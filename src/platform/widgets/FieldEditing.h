@@ -6,9 +6,9 @@
 
 class FieldEditingDelegate;
 
-/// Watches one text field: editing begins when the field gets the focus and ends when the focus is to leave it, which
-/// the delegate can refuse, or with the Return key. Another window in front, an alert for instance, ends nothing.
-/// Main thread.
+/// Watches one text field. Editing begins when the field gets the focus, and ends with the Return key or when the focus
+/// is about to leave the field; the delegate can refuse that. It goes on while another window, such as an alert, is in
+/// front. Main thread.
 class FieldEditing final : public QObject {
     Q_OBJECT
 

@@ -10,7 +10,7 @@ public:
     virtual void controlTextDidBeginEditing(QLineEdit & /*field*/) {}
     /// The user has changed the text, by a keystroke or otherwise.
     virtual void controlTextDidChange(QLineEdit & /*field*/) {}
-    /// Whether the text may stay as it is. False keeps the focus in the field; it is the delegate that says why.
+    /// Whether the text may stay as it is. False keeps the focus in the field; the delegate tells the user why.
     virtual bool controlTextShouldEndEditing(QLineEdit & /*field*/) { return true; }
     virtual void controlTextDidEndEditing(QLineEdit & /*field*/) {}
 };

@@ -46,7 +46,7 @@ private:
     std::optional<int> answer_;
 };
 
-/// A thread's question. However it ends, unanswered too, the thread goes on.
+/// The question of a waiting thread. The thread goes on even if there is never an answer.
 class Question {
 public:
     Question(std::shared_ptr<PendingAnswer> pending, int otherwise) :
