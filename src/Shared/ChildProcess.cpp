@@ -89,7 +89,7 @@ ChildProcess::ChildProcess(const QStringList &arguments)
     ::fcntl(output_.get(), F_SETFL, O_NONBLOCK);
     process_ = spawn(arguments, outputs.get());
     ran_ = process_ > 0;
-    // The C library's own function for it does not link from C++ everywhere. Without the file, waiting wakes up later.
+    // Not every C library has a function for this that links from C++. Where the call fails, wait() ends later.
     if (process_ > 0) {
         end_.reset(static_cast<int>(::syscall(SYS_pidfd_open, process_, 0)));
     }
@@ -114,8 +114,8 @@ void ChildProcess::wait(std::chrono::milliseconds time)
     takeEnd();
 }
 
-/// Looks whether the program has ended. What it has started goes with it: while the program's process is dead but not
-/// taken, its number cannot stand for another group.
+/// Looks whether the program has ended, and then kills what it has started. That happens before the dead process is
+/// collected: until then its number cannot belong to another group.
 void ChildProcess::takeEnd()
 {
     siginfo_t info = {};
@@ -124,7 +124,7 @@ void ChildProcess::takeEnd()
         return;
     }
     sendSignal(SIGKILL);
-    // It fails when somebody has told the system to take all dead processes itself.
+    // Fails where SIGCHLD is ignored: the system then collects dead processes itself.
     if (::waitid(P_PID, static_cast<id_t>(process_), &info, WEXITED) == 0) {
         status_ = info.si_status;
     }

@@ -6,13 +6,13 @@
 #include <cstdint>
 #include <optional>
 
-/// Plain operations on files and folders, and where the program's data live. Nothing here throws or tells more than its
-/// result; paths are PathText's. Safe on any thread. What the program does not call belongs to the vocabulary.
+/// Plain operations on files and folders, and where the program's data live. Nothing here throws or logs; paths are
+/// those of PathText. Safe on any thread. What the program does not call belongs to the vocabulary.
 namespace FileHelper {
 
 /// Whether a file or folder can be reached at the path, links followed.
 bool fileExistsWithPath(const QString &path);
-/// The same answer: a regular file is taken for a folder here, and callers count on it.
+/// The same answer, so also true for a regular file; callers rely on that.
 bool directoryExistsWithPath(const QString &path);
 
 /// Makes an empty file, in place of one that is there.

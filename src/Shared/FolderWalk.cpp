@@ -16,10 +16,10 @@ struct Entry {
     bool isPlainFile = false; ///< known to be neither folder nor link
 };
 
-/// Device and inode: what a folder is, whatever way leads to it.
+/// Device and inode: the same for a folder by whatever path it is reached.
 using Identity = std::pair<dev_t, ino_t>;
 
-/// Two links in each folder to the next double the ways at every step.
+/// Where each folder has two links to the next, the number of paths doubles at every step.
 constexpr int mostEntries = 64;
 
 /// A folder that the walk is in. Its entries are read at once, so that a deep walk holds no open files.

@@ -27,7 +27,7 @@ using Stop = std::function<bool()>;
 using Visit = std::function<void(const File &file)>;
 
 enum class LeftOut { EnteredTooOften, PathTooLong };
-/// Called for what is there and yet left out; once for a folder that is entered too often.
+/// Called for what is left out; once for a folder that is entered too often.
 using TellLeftOut = std::function<void(const QByteArray &path, LeftOut why)>;
 
 void walk(const QByteArray &folder, const Stop &stop, const Visit &visit, const TellLeftOut &tell = {});

@@ -32,8 +32,8 @@ bool isSameFile(const Look &before, const Look &after)
     return identity(*before) == identity(*after);
 }
 
-/// A pipe or a device that stands where the movie was: the tool would wait for it, at every tile anew. What is gone is
-/// left to the tool, which says so at once.
+/// Whether the movie has been replaced by a pipe or a device: the tool would wait for it at every tile. A file that is
+/// missing is left to the tool, which fails at once.
 bool wouldBlock(const QString &moviePath)
 {
     const auto status = FileSystem::status(moviePath);

@@ -7,7 +7,7 @@
 
 QString GlobalFun::fixedText(double value, int decimals)
 {
-    // Sign, the 309 digits of the largest double, point, decimals.
+    // Room for the sign, the 309 digits of the largest double, the point and the decimals.
     std::array<char, 1 + 309 + 1 + 100> text = {};
     const auto [end, error] =
         std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals);

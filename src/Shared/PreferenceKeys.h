@@ -7,7 +7,7 @@
 #include <span>
 
 /// Every setting of the user defaults store, once: its key, what it holds, and what it is while the user has not
-/// written it. The spelling is the key, odd ones included: stores in use hold them.
+/// written it. Keys keep their spelling, wrong or not, because stores in use have it.
 namespace PreferenceKeys {
 
 /// What a key holds.

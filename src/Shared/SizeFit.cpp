@@ -9,7 +9,7 @@ QSizeF GlobalFun::getSizeWithOrigin(const QSizeF &size, const QSizeF &max)
 
 QSizeF GlobalFun::getSizeWithOrigin(const QSizeF &size, const QSizeF &max, double *rate)
 {
-    // Of two numbers fmax takes the one that is one.
+    // fmax ignores a NaN when the other number is none.
     const double divisor = std::fmax(size.width() / max.width(), size.height() / max.height());
     if (!(divisor > 1.0)) {
         return size;

@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// How often a waiting thread looks at the cancel flag; the tool's own doings wake it at once.
+/// How often a waiting thread looks at the cancel flag. Output of the tool and its end wake the thread at once.
 constexpr auto lookInterval = 50ms;
 /// What a tool gets to end in good order before it is killed.
 constexpr auto graceTime = 500ms;

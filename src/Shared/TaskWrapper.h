@@ -24,7 +24,7 @@ struct TaskLimits {
 };
 
 /// Runs one external tool and waits for its end. Owned by whoever needs the tool; to be used on one thread, which needs
-/// no event loop. Never leaves a process behind.
+/// no event loop. Never leaves a process behind. What the program does not call belongs to the vocabulary.
 class TaskWrapper {
 public:
     /// `controller` may be null and must outlive this. Element 0 of `arguments` is the program, by its path; all of it
@@ -42,7 +42,7 @@ public:
 
     /// The limit that it broke, for the user; empty when it has kept them all.
     QString brokenLimit() const { return broken_; }
-    /// Whether another run like this would be as long in vain.
+    /// Whether another such run would probably hang as long.
     bool hasHung() const { return hung_; }
 
     /// Waits until the tool has ended.

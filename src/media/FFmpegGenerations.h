@@ -8,8 +8,8 @@ extern "C" {
 #include <libavformat/avformat.h>
 }
 
-/// What FFmpeg's generations do differently, said once: 5.1 (Debian 12) to 7.1 (Debian 13). For the .cpp files of this
-/// layer only.
+/// The differences between FFmpeg's versions, from 5.1 (Debian 12) to 7.1 (Debian 13). For the .cpp files of this layer
+/// only.
 namespace FFmpegGenerations {
 
 /// What a stream says about itself beside its codec's parameters; empty when it does not. Lives as long as the stream.

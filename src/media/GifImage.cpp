@@ -53,8 +53,7 @@ CodecContext openEncoder(int width, int height)
     encoder->height = height;
     encoder->pix_fmt = AV_PIX_FMT_PAL8;
     encoder->time_base = {1, 100};
-    // Left to itself the encoder writes only what lies between transparent edges, and leaves it to the reader what the
-    // rest is: Qt's takes that from memory that nobody wrote.
+    // Otherwise the encoder leaves out transparent edges, and Qt's reader fills those with uninitialised memory.
     Options options;
     options.set("gifflags", "-offsetting");
     if (avcodec_open2(encoder.get(), codec, &options.entries) < 0) {

@@ -35,7 +35,7 @@ int isCancelled(void *flag)
     return static_cast<const CancelFlag *>(flag)->load() ? 1 : 0;
 }
 
-/// Stands before every open, also those of the files that a playlist names: only regular files are opened.
+/// FFmpeg calls this for every file that it opens, also for those that a playlist names. Only regular files are opened.
 int openRegularFile(AVFormatContext *context, AVIOContext **file, const char *url, int flags, AVDictionary **options)
 {
     static constexpr std::string_view scheme = "file:";
@@ -49,7 +49,7 @@ int openRegularFile(AVFormatContext *context, AVIOContext **file, const char *ur
     return static_cast<const ProbeGuard *>(context->opaque)->openPlainly(context, file, url, flags, options);
 }
 
-/// The demuxers that may be used: all but those that open further files behind the back of openRegularFile().
+/// The demuxers that may be used: all but those that open further files without openRegularFile().
 const QByteArray &allowedDemuxers()
 {
     static const QByteArray names = [] {
@@ -117,8 +117,8 @@ std::span<AVStream *const> streamsOf(const AVFormatContext &context)
     return {context.streams, context.nb_streams};
 }
 
-/// How much the ffmpeg tool would like to take its picture from this stream. The frames of the collage come from that
-/// tool, and the size told here must be that of its pictures.
+/// The rank of this stream in the ffmpeg tool's choice of one. The collage's frames come from that tool, so the probe
+/// must give the size of the stream that it chooses.
 std::int64_t rank(const AVStream &stream)
 {
     std::int64_t score = std::int64_t{stream.codecpar->width} * stream.codecpar->height;

@@ -15,8 +15,8 @@ struct HostAddresses {
 
 /// Finds the addresses of a host by its name. Whoever wants to know owns it; main thread.
 ///
-/// The system's resolver may take half a minute where the network swallows questions, and cannot be interrupted. It
-/// works on a thread that nobody waits for: unlike QHostInfo, whose threads the application waits for at its end.
+/// The system's resolver cannot be interrupted, and takes half a minute when the network does not answer. So it runs on
+/// a thread that nobody waits for. The application would wait for the threads of QHostInfo when it ends.
 class HostLookup final : private QObject {
 public:
     /// Called once, from the event loop; may end the lookup.

@@ -9,7 +9,7 @@ class NotificationCenter;
 
 /// Says when a network has come, gone or changed. Whoever waits for one owns it; main thread.
 ///
-/// It hears the kernel itself: what a desktop tells of its networks is not there in every session.
+/// It asks the kernel, since not every session has a network service to ask.
 class NetworkWatch {
 public:
     static constexpr QLatin1StringView changed{"kNetworkReachabilityChangedNotification"};

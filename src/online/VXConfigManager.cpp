@@ -16,8 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// False when the flag is false or 0, and only then: whatever else a service sends, or leaves out, switches nothing
-/// off.
+/// False only when the flag is false or 0. Anything else, also a missing flag, leaves it on.
 bool isOn(const QJsonValue &flag)
 {
     return flag.isDouble() ? flag.toDouble() != 0 : flag.toBool(true);
@@ -71,7 +70,7 @@ void VXConfigManager::takeAnswer(const HttpAnswer &answer)
         qCWarning(lcTessarine).noquote() << "get configure error :" << answer.error;
         return;
     }
-    // What is no JSON object has no members, and reads like one without ours.
+    // An answer that is not a JSON object reads like one without members.
     const QJsonObject flags = QJsonDocument::fromJson(answer.body).object();
     setSupportVOB(isOn(flags.value(PreferenceKeys::supportVob)));
     setExperimental(isOn(flags.value(PreferenceKeys::experimental)));

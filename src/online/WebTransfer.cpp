@@ -142,7 +142,7 @@ private:
         set(CURLOPT_ERRORBUFFER, reason_);
         if (sent_) {
             headers_.append("Content-Type: text/plain; charset=utf-8");
-            headers_.append("Expect:"); // not every server knows how to be asked first
+            headers_.append("Expect:"); // some servers cannot answer it
             set(CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(sent_->size()));
             set(CURLOPT_POSTFIELDS, sent_->constData());
         }

@@ -28,7 +28,7 @@ void log(std::initializer_list<std::string_view> texts)
     }
 }
 
-/// For example "2026-03-14T15:09:26.535Z". The C library's functions for dates may wait for a lock.
+/// For example "2026-03-14T15:09:26.535Z". Not by the C library's functions for dates, which may wait for a lock.
 std::array<char, 32> dateText()
 {
     using namespace std::chrono;

@@ -9,9 +9,9 @@
 
 struct CrashReportObject;
 
-/// What a dying thread does: takes its stack, writes the report, tells the log. All that is known beforehand is
-/// prepared while all is well, and the rest takes no heap, which the crash may have spoilt or left locked. Owned by
-/// CrashReportSingal; used by the one thread that dies first.
+/// What a dying thread does: takes its stack, writes the report, tells the log. What is known beforehand is prepared
+/// when the handlers are installed. The rest does not use the heap, which may be damaged or locked after a crash. Owned
+/// by CrashReportSingal; used by the one thread that dies first.
 class CrashRecorder {
 public:
     CrashRecorder(const QString &path, const CrashReportObject &record);

@@ -36,7 +36,7 @@ void CrashReportSender::handleCrashReport(CrashReportSenderDelegate *delegate) c
 void CrashReportSender::noticeHandleCrashReportSuccess() const
 {
     qCInfo(lcTessarine).noquote() << u"CRASH REPORT 处理成功"_s;
-    // Not with all that is in it, should it be a folder: that would be somebody's.
+    // Without contents: a folder with something in it belongs to the user.
     if (std::remove(PathText::toBytes(reportPath_).constData()) != 0) {
         qCWarning(lcTessarine, "crash report not deleted: %s", std::strerror(errno));
     }

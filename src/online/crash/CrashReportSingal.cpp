@@ -32,8 +32,8 @@ constexpr bool isInstrumented =
     false;
 #endif
 
-/// All that a handler reaches: the system gives it no object to work on. Set by CrashReportSingal before the handlers
-/// are installed.
+/// All that a handler uses: the system passes it no object, so this is global. Set by CrashReportSingal before the
+/// handlers are installed.
 struct ProcessState {
     CrashRecorder *recorder = nullptr;
     std::terminate_handler terminateBefore = nullptr;

@@ -76,7 +76,7 @@ void CrashReportUpload::send()
 
 void CrashReportUpload::takeAnswer(const HttpAnswer &answer) const
 {
-    // A server that has said yes has the report, even if the rest of its answer is lost; one that says nothing has not.
+    // A status of success counts, even if the rest of the answer is lost.
     if (answer.status < 200 || answer.status >= 400) {
         qCWarning(lcTessarine).noquote() << u"服务器未正常响应，发送CRASH报告失败，下次再发送...";
         return;
