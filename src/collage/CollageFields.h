@@ -51,9 +51,9 @@ struct Switch {
 namespace Key = PreferenceKeys;
 using S = CollageSettings;
 
-// Tiles wait for 50 pixels before they show, so that the first digits of "300" do not make the preview jump. The keys
-// of the gaps cross over on purpose, so a pair that is stored arrives swapped in the next movie; stores in use rely on
-// it.
+// Tile sizes show from 50 pixels on, so that the preview does not jump while the first digits of "300" are typed. Each
+// of the two gaps is read from the key under which the other is stored, on purpose: the next movie gets them swapped,
+// and stores in use rely on that.
 // clang-format off
 inline constexpr std::array<Number, 8> numbers{{
     // control            slider               member               shown accepted  stored under           read from

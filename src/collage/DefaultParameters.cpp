@@ -7,7 +7,7 @@
 
 namespace {
 
-// Black leaders and credits say little: longer movies leave out this much at either end.
+// Longer movies leave out this much at either end, where there are only black frames and credits.
 constexpr double leaderSeconds = 2.0;
 
 } // namespace

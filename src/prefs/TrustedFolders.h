@@ -19,8 +19,8 @@ public:
 
     QStringList items() const;
 
-    /// Takes over the remembered folders. One that is gone, and whatever else in the store leads nowhere, is left out;
-    /// the store forgets it at the next commit().
+    /// Takes over the remembered folders. Folders that no longer exist and entries that cannot be read are left out;
+    /// the next commit() removes them from the store.
     void load();
     /// Adds a folder and remembers it at once. Nothing happens when it does not exist or is there already.
     void addToBookmarkWithURL(const QString &path);

@@ -4,7 +4,7 @@
 
 #include <new>
 
-/// An image that must be there: the toolkit gives a null one where memory has run out. Throws std::bad_alloc for it.
+/// Returns the image, or throws std::bad_alloc if it is null: the toolkit gives a null image when memory has run out.
 inline QImage allocated(QImage image)
 {
     if (image.isNull()) {

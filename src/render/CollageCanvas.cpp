@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Both edges rounded by themselves: neighbours that touch keep touching.
+/// Each edge is rounded for itself, so that neighbours that touch keep touching.
 QRect snapped(const QRectF &rect)
 {
     return {rect.topLeft().toPoint(), rect.bottomRight().toPoint() - QPoint(1, 1)};

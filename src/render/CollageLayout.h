@@ -9,9 +9,9 @@
 
 #include <cstdint>
 
-/// Where everything lies on a collage and which second each tile shows: pure arithmetic on the settings.
-/// Coordinates are pixels from the canvas's top left, y downwards, unrounded. Every value of the settings is allowed;
-/// isPossible() says whether a canvas of that size can exist at all.
+/// Computes where everything lies on a collage and which second each tile shows. Coordinates are pixels from the
+/// canvas's top left, y downwards, unrounded. Every value of the settings is allowed; isPossible() says whether a
+/// canvas of that size can exist at all.
 class CollageLayout {
 public:
     /// Without a text block; `withText` adds one.

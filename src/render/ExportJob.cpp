@@ -49,7 +49,7 @@ public:
     const MissingFrames &missingFrames() const { return missing_; }
 
 private:
-    /// A movie at which the tool hangs costs its patience once, not at every tile.
+    /// If the tool hangs, the rest of the movie's tiles are not tried: each would take as long.
     void grab(double seconds)
     {
         if (frame_.hasHung) {
@@ -140,7 +140,7 @@ void ExportJob::exportMovie(const KTMovieObject &movie, int index, ExportResult 
         return;
     }
     tell(result);
-    // They run after a failed write too: the user has waited for this movie and sees what became of it.
+    // The actions run after a failed write too, so that the user sees what has become of the movie.
     runAfterExportActions(path);
 }
 

@@ -59,5 +59,5 @@ private:
     ExportServices services_;
     CollageTextStyles styles_;
     State progress_ = State::Ready;
-    QString tidyFolder_; ///< where nothing is left of earlier runs
+    QString tidyFolder_; ///< where leftovers of killed runs have been removed already
 };

@@ -14,7 +14,7 @@ struct ExportProgress {
     std::int64_t tile = 0;          ///< tiles of this movie done, from 1
     std::int64_t tileCount = 0;     ///< 0: the file is still being looked into
     QImage picture;                 ///< of this tile; may be null
-    std::chrono::seconds waited{0}; ///< not 0: the picture of the tile after this one has been waited for so long
+    std::chrono::seconds waited{0}; ///< not 0: how long the next tile has been waited for
 };
 
 /// What has become of one movie of an export.

@@ -21,7 +21,7 @@ enum class MetadataItem : std::int32_t {
     Bitrate = 0x200,
 };
 
-/// What the program knows of an item: its check box in the preferences and, but for the time stamps, its line.
+/// An item: its check box in the preferences and its line. The time stamps have no line.
 struct MetadataLine {
     MetadataItem item;
     const char *checkBox; ///< object name

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Whether some of what the collage shows lies behind the movie's end, as far as that is known.
+/// Whether the collage's range reaches beyond the end of the movie, as far as that is known.
 bool isRangeOutside(const KTMovieObject &movie)
 {
     const CollageSettings settings = movie.settings();

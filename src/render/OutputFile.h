@@ -8,7 +8,7 @@
 /// Names and places of the images that an export writes.
 namespace OutputFile {
 
-/// The extension for a value of "OutputFormatKey"; nothing for a number that no format has.
+/// The extension for a value of "OutputFormatKey"; nothing when no format has that number.
 std::optional<QString> extensionForFormat(std::int64_t format);
 
 /// A path in `folder` named after the movie at which nothing exists yet. A name that would be longer than the file

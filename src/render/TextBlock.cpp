@@ -57,7 +57,7 @@ QFont TextBlock::systemFont()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     font.setPixelSize(fontPixels);
-    // Unhinted grey-scale glyphs look the same on every screen and on none.
+    // Without hinting and with grey-scale smoothing, glyphs look the same on every screen and without one.
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setStyleStrategy(QFont::NoSubpixelAntialias);
     return font;

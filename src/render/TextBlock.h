@@ -8,8 +8,8 @@
 
 class QPainter;
 
-/// A text laid out once, word-wrapped, so that what is measured is what is drawn.
-/// Needs a QGuiApplication; an object belongs to one thread at a time.
+/// A word-wrapped text. It is laid out once, so that the size measured is the size drawn. Needs a QGuiApplication; an
+/// object belongs to one thread at a time.
 class TextBlock {
 public:
     /// Lays out the lines that fit whole into the box (pixels). A newline at the very end adds no line.

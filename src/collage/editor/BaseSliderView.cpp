@@ -146,7 +146,7 @@ void BaseSliderView::drawSelections(QPainter &painter)
     if (!(itemSelection.dLength > 0.0)) {
         return;
     }
-    // What lies beyond the widget is cut off far enough away for its ends not to be seen.
+    // What reaches beyond the widget is cut off outside it, so far away that the ends of the drawing are not seen.
     const auto edge = [this](double value) { return std::clamp(scale().unboundedXOf(value), -100.0, width() + 100.0); };
     QRectF selected = rcSlider;
     selected.setLeft(edge(itemSelection.dStart));

@@ -173,7 +173,7 @@ void KTCustomCollageWndCtl::fillNumbers(const CollageSettings &settings)
         const double value = number.row.in(settings);
         showNumber(number.field, value);
         if (number.slider) {
-            // The margin's slider has lost its fraction by the time it is written; so it has none from the start.
+            // The margin is written from its slider in whole pixels, so the slider shows whole pixels from the start.
             const bool isMargin = number.row.is(&CollageSettings::borderWidth);
             number.slider->setDoubleValue(isMargin ? GlobalFun::truncatedToInt32(value) : value);
         }

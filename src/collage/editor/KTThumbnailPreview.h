@@ -9,8 +9,8 @@
 
 class KTMovieObject;
 
-/// A reduced picture of the collage that a movie's settings make, redrawn after every change of them.
-/// Part of the editor's window; main thread.
+/// A reduced picture of the collage that a movie's settings make, redrawn after every change of them. Part of the
+/// editor's window; main thread. What the program does not call belongs to the vocabulary.
 class KTThumbnailPreview final : public QWidget {
     Q_OBJECT
 

@@ -12,7 +12,8 @@ class SWTimeEditViewDelegate;
 class TimeField;
 
 /// Three fields with colons between them for a time in hours, minutes and seconds. A time that the delegate refuses is
-/// taken back, with an alert. Part of the editor's window; main thread.
+/// taken back, with an alert. Part of the editor's window; main thread. What the program does not call belongs to the
+/// vocabulary.
 class SWTimeEditView final : public QWidget, private FieldEditingDelegate {
     Q_OBJECT
 

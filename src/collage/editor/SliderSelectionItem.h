@@ -2,7 +2,7 @@
 
 /// A stretch of a slider's range, in the slider's units (value).
 struct SliderSelectionItem {
-    /// What the user cannot make a selection shorter than.
+    /// The shortest selection that the user can make.
     static constexpr double minimumLength = 5.0;
 
     double dStart = 0.0;

@@ -118,7 +118,7 @@ void MASPreferencesWindowController::completeToolbar()
     }
 }
 
-/// Not at triggered(): a screen reader toggles a button without triggering anything.
+/// Not triggered(), which is not sent when a screen reader toggles the button.
 void MASPreferencesWindowController::itemToggled(std::size_t index, bool on)
 {
     if (on) {
