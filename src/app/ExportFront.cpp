@@ -30,8 +30,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A script's standard error holds progress and errors, nothing else: of the log only our warnings pass. Everything is
-/// shown to those who ask with QT_LOGGING_RULES.
+/// Standard error is for progress and errors, so only our own warnings of the log are shown there. QT_LOGGING_RULES
+/// shows everything.
 void quietenLog()
 {
     if (qEnvironmentVariableIsEmpty("QT_LOGGING_RULES")) {
@@ -62,8 +62,8 @@ QString storedGuid(const UserDefaults &defaults)
     return defaults.contains(PreferenceKeys::guid) ? defaults.textValue(PreferenceKeys::guid) : QString();
 }
 
-/// Somebody who reads the first lines only wants all of the images, and a file that would be too large is an error of
-/// one of them: neither is a crash.
+/// When nobody reads the output any more the images are still wanted, and a file over the size limit is an error of one
+/// image. By default both signals end the process.
 void ignoreFailedWrites()
 {
     std::signal(SIGPIPE, SIG_IGN);

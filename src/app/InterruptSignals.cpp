@@ -15,7 +15,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A signal handler reaches nothing but globals.
+// Global, since a signal handler gets no object.
 sem_t signalsToTell;
 std::atomic<Clock::rep> firstSignal{0}; ///< its time; 0 when there has been none
 static_assert(decltype(firstSignal)::is_always_lock_free);
@@ -105,7 +105,7 @@ void InterruptSignals::watch(const std::stop_token &ending) const
 {
     const AlternateStack stack;
     for (;;) {
-        while (::sem_wait(&signalsToTell) != 0) { // a signal has interrupted it
+        while (::sem_wait(&signalsToTell) != 0) { // interrupted by a signal
         }
         if (ending.stop_requested()) {
             return;

@@ -18,8 +18,8 @@ public:
     /// Which threads a signal may interrupt.
     enum class HeardBy {
         AnyThread,
-        /// Not the thread that makes this object, nor those and the processes that it starts from then on: the system
-        /// may give a signal to a thread that hangs, and it would wait there.
+        /// All but the thread that makes this object and the threads and processes that it starts afterwards. The
+        /// system may otherwise deliver a signal to a thread that hangs, where it has no effect.
         OtherThreads,
     };
 

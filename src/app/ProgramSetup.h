@@ -11,7 +11,7 @@ class UserDefaults;
 /// What both fronts of the program need before they begin: the real locale, places and arguments of this process.
 namespace ProgramSetup {
 
-/// Gives the process a UTF-8 locale where it has another; Qt wants one and complains on every start without.
+/// Gives the process a UTF-8 locale if it has another one: Qt expects one, and warns at every start otherwise.
 void ensureUtf8Locale();
 
 /// The process's arguments as PathText.

@@ -82,7 +82,7 @@ bool WindowProgram::handOver(const QStringList &paths, const ActivationToken &to
     if (desktop_.start(paths, token) == DesktopService::Outcome::HandedOver) {
         return true;
     }
-    // On Wayland a window gets the keyboard only so; on X11 the toolkit has seen to it.
+    // Wayland gives a window the keyboard only with the token; on X11 the toolkit has used it already.
     if (QGuiApplication::platformName() != u"xcb" && !token.platformData().isEmpty()) {
         desktop_.Activate(token.platformData());
     }
@@ -91,9 +91,11 @@ bool WindowProgram::handOver(const QStringList &paths, const ActivationToken &to
 
 int WindowProgram::run(const QStringList &paths)
 {
-    // Before the folder, which a signal would leave behind otherwise; what it asks for waits for the event loop.
-    const InterruptSignals interrupts(InterruptSignals::HeardBy::AnyThread, // as files are opened by programs it starts
-                                      [this](const auto &) { mainQueue_.async([this] { quit(); }); });
+    // Before the folder is made, which a signal would otherwise leave behind. The request to quit waits for the event
+    // loop.
+    const InterruptSignals interrupts(
+        InterruptSignals::HeardBy::AnyThread, // or programs that open files would inherit the block
+        [this](const auto &) { mainQueue_.async([this] { quit(); }); });
     const auto temporaryFolder = TemporaryFolder::in(QDir::tempPath());
     if (!temporaryFolder) {
         qCCritical(lcTessarine) << "no temporary folder:" << temporaryFolder.error().message().c_str();
@@ -112,7 +114,7 @@ int WindowProgram::run(const QStringList &paths)
         const BlockedCloseButton closeButton(*parts_->delegate.mainWindow().windowHandle(), [this] { quit(); });
         const FocusWatch focusWatch;
         status = QApplication::exec();
-        desktop_.stop(); // a start from now on is on its own
+        desktop_.stop(); // a program that starts from now on opens its own window
         parts_->delegate.applicationWillTerminate();
     }
     parts_.reset();

@@ -9,8 +9,8 @@
 
 struct ActivationToken;
 
-/// The program with its window, from its first word with the desktop to its end; its parts live and die in the order of
-/// their need of each other. Made after the application object; main thread.
+/// The program with its window, from the first call to the desktop to the end. Its parts are made in the order in which
+/// they need each other. Made after the application object; main thread.
 class WindowProgram {
 public:
     explicit WindowProgram(const QString &identifier);

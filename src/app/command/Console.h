@@ -20,8 +20,8 @@ public:
     Console(const Console &) = delete;
     Console &operator=(const Console &) = delete;
 
-    /// One path on a line of its own: its bytes as they are, or, on a terminal that they would garble, as a shell takes
-    /// them. A failure when nobody will read it because of an error; one who wants no more has read enough.
+    /// One path on a line of its own: its bytes as they are, or, on a terminal that cannot show them, quoted for a
+    /// shell. A failure when writing failed; a reader that has closed the pipe is no error.
     Result<void, std::error_code> printResult(const QString &path);
     /// One line for the user.
     void printMessage(const QString &text);

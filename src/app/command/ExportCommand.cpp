@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Nobody to ask: the default answer is taken, and the movie's result says what the question would have been.
+/// Asks nobody: gives the default answer. The movie's result says what the question was about.
 class NobodyToAsk final : public AlertPanel {
 public:
     int run(const QString & /*title*/, const QString & /*message*/, const QStringList & /*buttons*/) override
@@ -31,7 +31,7 @@ public:
     }
 };
 
-/// No desktop: a script that makes a thousand images does not want them opened.
+/// Opens nothing: a script may make a thousand images.
 class NoDesktop final : public Workspace {
 public:
     void openFile(const QString & /*path*/) override {}
@@ -78,7 +78,7 @@ ExportCommand::Status ExportCommand::run()
 
 void ExportCommand::layOptionsOverDefaults()
 {
-    // The window never takes this over from an earlier run either.
+    // As in the window, which begins with this off at every start.
     services_.defaults.setVolatile(PreferenceKeys::sameAsOrigin, false);
     for (const SettingOption &setting : options_.settings) {
         services_.defaults.setVolatile(setting.key, setting.value);
@@ -136,7 +136,7 @@ QString ExportCommand::outputFolder() const
     if (FileSystem::isFolder(chosen)) {
         return chosen;
     }
-    // A chosen folder that is gone, on a disk that is not plugged in perhaps, is not made again somewhere else.
+    // A folder that the user has chosen and that is gone may be on a disk that is not plugged in: it is not made anew.
     QString fallback = DefaultsSeed::outputFolderUnder(services_.home);
     GlobalFun::MakeSureFolderExsist(fallback);
     return fallback;

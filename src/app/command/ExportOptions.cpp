@@ -108,7 +108,7 @@ Result<std::optional<double>> seconds(const QCommandLineParser &parser, const QS
     return failure(u"--%1 takes seconds or hh:mm:ss, not \"%2\""_s.arg(option, text));
 }
 
-/// What an option of its own refuses, --set refuses too.
+/// --set refuses the same values as the options of their own.
 Result<SettingOption> checkNumber(const SettingOption &setting)
 {
     const auto *const option = std::ranges::find_if(

@@ -4,8 +4,8 @@
 
 #include <deque>
 
-/// Lets images that are equal share their memory: most previews in a long list are, since most movies of it have the
-/// same shape. Remembers the last few it was given; belongs to one thread at a time.
+/// Lets equal images share their memory. Most previews in a long list are equal, since most of its movies have the same
+/// shape. Remembers the last few it was given; belongs to one thread at a time.
 class EqualImages {
 public:
     /// The image, or an equal one given before.

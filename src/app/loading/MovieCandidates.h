@@ -14,7 +14,7 @@ namespace MovieCandidates {
 struct Events {
     /// The path could not be looked at, or the folder not be listed; `error` is for the user.
     std::function<void(const QString &path, const QString &error)> unreadable;
-    /// A folder that so many links lead to that it is not searched once more; its movies have been found.
+    /// A folder that is not searched again because too many links lead to it; its movies have been found.
     std::function<void(const QString &path)> linkedTooOften;
     /// A single .vob file, which is only taken where the user has allowed it.
     std::function<void(const QString &path)> vobRefused;

@@ -81,7 +81,7 @@ private:
     {
         jobs_.services_.mainQueue.async([self = shared_from_this()] { self->walkEnded(); });
     }
-    /// On the main thread, as handing over is: nothing can come between the look for more and the end.
+    /// On the main thread, where files are handed over: so none can come between this check and the end.
     void walkEnded()
     {
         jobs_.loadingThread_.join();

@@ -56,7 +56,7 @@ void CollageEditing::customCollageDown()
         makeEditor();
     }
     const int count = services_.movies.count();
-    // Away from the ends both buttons stay as the last use of the sheet has left them.
+    // In the middle of the list both buttons stay as the last use of the sheet has left them.
     if (row == 0) {
         customWndCtl->btnPrev().setEnabled(false);
         if (count >= 2) {

@@ -41,8 +41,8 @@ QStringList urisOf(const QStringList &paths)
     return uris;
 }
 
-/// Whether the process gets no processor time until somebody lets it go on. Where it cannot be seen, as from inside a
-/// sandbox, there is no telling, and the answer is yes.
+/// Whether the process is stopped or dead. Also true when that cannot be found out, as in a sandbox: a program that
+/// runs answers in time.
 bool isStopped(uint process)
 {
     std::ifstream file("/proc/" + std::to_string(process) + "/stat");
@@ -99,7 +99,7 @@ DesktopService::~DesktopService()
 DesktopService::Outcome DesktopService::start(const QStringList &paths, const ActivationToken &token,
                                               const Patience &patience)
 {
-    // The object comes before the name: whoever finds the name may call at once.
+    // The object comes before the name, since calls may come as soon as the name is there.
     if (!bus_.isConnected() || !bus_.registerObject(objectPath(), this)) {
         return Outcome::Alone;
     }
@@ -112,7 +112,7 @@ DesktopService::Outcome DesktopService::start(const QStringList &paths, const Ac
         stop();
         return Outcome::HandedOver;
     }
-    if (takeName()) { // it has ended meanwhile
+    if (takeName()) { // the other one has ended meanwhile
         return Outcome::First;
     }
     stop();
@@ -173,7 +173,7 @@ bool DesktopService::handOver(const QStringList &paths, const ActivationToken &t
 {
     const QString method = paths.isEmpty() ? u"Activate"_s : u"Open"_s;
     QDBusMessage call = QDBusMessage::createMethodCall(name_, objectPath(), interfaceName(), method);
-    call.setAutoStartService(false); // should it end now, this program takes its place, not a third one
+    call.setAutoStartService(false); // if it ends now, this program takes its place
     if (!paths.isEmpty()) {
         call << urisOf(paths);
     }
@@ -181,7 +181,7 @@ bool DesktopService::handOver(const QStringList &paths, const ActivationToken &t
     const QDBusPendingCall answer = bus_.asyncCall(call, static_cast<int>(patience.whenBusy.count()));
     const QDeadlineTimer soon(patience.whenStopped);
     while (!answer.isFinished() && !(soon.hasExpired() && isStopped(bus_.interface()->servicePid(name_)))) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(5)); // there is no event loop yet, and a call no deadline
+        std::this_thread::sleep_for(std::chrono::milliseconds(5)); // there is no event loop yet
     }
     return answer.isFinished() && !answer.isError();
 }

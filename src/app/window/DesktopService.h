@@ -38,7 +38,7 @@ public:
     };
 
     /// The name is the one to have on the bus; a path on the bus follows from it. Calls are refused when one has been
-    /// waiting for the main thread for `longestWait`: who makes them is better served by a program that works.
+    /// waiting for the main thread for `longestWait`, so that the caller starts a program of its own.
     DesktopService(QDBusConnection bus, QString name, Requests requests,
                    std::chrono::milliseconds longestWait = std::chrono::seconds(15));
     ~DesktopService() override;
@@ -58,12 +58,12 @@ public:
     /// What has been asked for so far is passed on now, in order, and all else at once.
     void setReady();
 
-    /// Leaves the bus, as the first step of quitting: files are no longer taken, and a program started now goes its own
-    /// way instead of handing its files to one that will not load them.
+    /// Leaves the bus, as the first step of quitting: a program that is started from now on opens its own window
+    /// instead of handing its files to one that will not load them.
     void stop();
 
-    // The calls of org.freedesktop.Application, by their names there; answered by the main thread, as soon as the
-    // program is ready. Unknown actions are ignored.
+    // The calls of org.freedesktop.Application, by their names there; the main thread does them as soon as the program
+    // is ready. Unknown actions are ignored.
     void Open(const QStringList &uris, const QVariantMap &platformData);
     void Activate(const QVariantMap &platformData);
     void ActivateAction(const QString &action, const QVariantList &parameters, const QVariantMap &platformData);

@@ -261,7 +261,7 @@ void MainWindowController::bringForward(const ActivationToken &token)
 
 void MainWindowController::quit()
 {
-    // A question that is open would keep its job waiting.
+    // The job that has asked an open question would wait for the answer.
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget *window : windows) {
         if (auto *question = qobject_cast<QMessageBox *>(window)) {

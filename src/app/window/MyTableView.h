@@ -30,8 +30,8 @@ public:
     /// Decides on drops; must outlive the table. Null refuses all.
     void setDropDelegate(DropDelegate *delegate) { dropDelegate_ = delegate; }
 
-    /// Shows the list as it is now. Movies that were selected stay so. The hint is judged a moment later, when the
-    /// rows have been drawn.
+    /// Shows the list as it is now. Movies that were selected stay so. The hint is shown or removed a moment later,
+    /// when the rows have been drawn.
     void reloadData();
     /// Shows the hint if there are no rows, and removes it otherwise.
     void refreshState(bool highlighted);

@@ -39,7 +39,7 @@ public:
 
     OutputFolderControls(Widgets widgets, Services services);
 
-    /// Shows the stored folder, or the default one where that is gone. Beside the movies always starts off.
+    /// Shows the stored folder, or the default one where that is gone. The check box always starts unchecked.
     void showStoredFolder();
     /// Shows the default folder when nothing can be written into the one shown.
     void appLaunched();

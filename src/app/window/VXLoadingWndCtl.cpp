@@ -38,8 +38,8 @@ void VXLoadingWndCtl::setModel(int model)
     layOut();
 }
 
-/// The container is as high as its font makes it, and the picture so much higher that the container stands in its
-/// middle; nothing moves when the model changes but the container's left edge.
+/// The container is as high as its font needs, and the picture is higher by so much that the container is in its
+/// middle. Only the container's left edge moves when the model changes.
 void VXLoadingWndCtl::layOut()
 {
     QWidget *box = ui_->boxContainer;
