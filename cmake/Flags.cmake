@@ -1,5 +1,5 @@
-# Every target of ours links tessarine_flags; nothing else sets compiler flags. Warnings are errors in the presets alone:
-# who builds this with another compiler or newer libraries meets warnings that nobody here has seen.
+# Every target of ours links tessarine_flags; nothing else sets compiler flags. Warnings are errors in the presets only:
+# other compilers and newer libraries may give warnings that we have never seen.
 add_library(tessarine_flags INTERFACE)
 target_compile_features(tessarine_flags INTERFACE cxx_std_20)
 target_compile_options(tessarine_flags INTERFACE

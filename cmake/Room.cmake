@@ -1,8 +1,9 @@
 # tessarine_room([WIDGETS] SOURCES file… [LINKS target…] [PRIVATE_LINKS target…])
 #
-# A folder of src/ is a library and a library is a folder: src/platform/store is tessarine_platform_store. Its headers are
-# reached as "platform/store/Header.h" through an include root that holds links to these headers only, so that including
-# a room that is not linked does not compile. WIDGETS is for the rooms that need Qt Widgets; the others cannot come to.
+# A folder of src/ is a library and a library is a folder: src/platform/store is tessarine_platform_store. Its headers
+# are reached as "platform/store/Header.h" through an include root that holds links to these headers only, so that
+# including a room that is not linked does not compile. WIDGETS is for the rooms that need Qt Widgets; the others cannot
+# include its headers.
 function(tessarine_room)
   cmake_parse_arguments(room "WIDGETS" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
   file(RELATIVE_PATH folder "${PROJECT_SOURCE_DIR}/src" "${CMAKE_CURRENT_SOURCE_DIR}")

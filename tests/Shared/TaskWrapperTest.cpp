@@ -64,7 +64,7 @@ TEST_F(TaskWrapperTest, TellsOfAToolsLifeInOrder)
         {"read line && exit 5; exit 6", {"started", "finished", "ended 6"}, ""},
         {"printf '\\303'; sleep 0.05; printf '\\244'", {"started", "output", "finished", "ended 0"}, "\u00e4"},
         {"sleep 1000 & exit 0", {"started", "finished", "ended 0"}, ""},
-        // Its output ends before it does, upon which it is asked to end.
+        // Its output ends first; then it is asked to end.
         {"trap 'exit 7' TERM; exec >&- 2>&-; while :; do :; done", {"started", "finished", "ended 7"}, ""},
     };
     for (const auto &[script, events, output] : cases) {
@@ -118,7 +118,7 @@ TEST_F(TaskWrapperTest, StopsAToolWhenCancelledOrWhenItWillNeverEnd)
 
 TEST_F(TaskWrapperTest, LeavesABusyToolAlone)
 {
-    // Each stays silent for longer than the limit, the one at work, the other telling of it.
+    // Both run for longer than the limit of silence: one uses the processor, the other writes output.
     for (const char *script : {"i=0; while [ $i -lt 1000000 ]; do i=$((i+1)); done; echo done",
                                "for i in 1 2 3 4 5; do sleep 0.2; echo $i; done; echo done"}) {
         recorder_ = {};

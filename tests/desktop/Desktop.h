@@ -8,8 +8,8 @@
 #include <QPoint>
 #include <QProcess>
 
-/// A small desktop of a test's own: windows, a bus, an empty home, a pointer and a keyboard. Nothing on it reaches the
-/// real one.
+/// A small desktop for one test: an X server, a bus, an empty home, a pointer and a keyboard, all apart from the real
+/// ones.
 class Desktop {
 public:
     Desktop();

@@ -93,7 +93,7 @@ std::optional<Object> ScreenReader::find(const Filter &isWanted) const
 
 Object ScreenReader::await(const Filter &isWanted) const
 {
-    // No event tells of all changes; the program's answers set the pace.
+    // Asks again and again, since no event announces every change.
     for (const QDeadlineTimer deadline(patience); !deadline.hasExpired();) {
         if (const std::optional<Object> found = find(isWanted)) {
             return *found;

@@ -31,7 +31,7 @@ public:
                              "<policy context=\"default\"><allow send_destination=\"*\"/><allow eavesdrop=\"true\"/>"
                              "<allow own=\"*\"/></policy></busconfig>");
         configuration_.close();
-        // Not by QProcess: once that has started a program, ThreadSanitizer sees no lock of this thread any more.
+        // Not by QProcess: after it has started a program, ThreadSanitizer no longer sees the locks of this thread.
         const QByteArray command = "exec dbus-daemon --nofork --print-address=1 --print-pid=1 --config-file=" +
                                    configuration_.fileName().toUtf8();
         daemon_.reset(::popen(command.constData(), "re"));

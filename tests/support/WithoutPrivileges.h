@@ -4,7 +4,7 @@
 
 #include <unistd.h>
 
-/// Lets root, as which the tests may run, feel the permissions of files for as long as this lives.
+/// The tests may run as root: while this lives, the permissions of files apply to them all the same.
 class WithoutPrivileges {
 public:
     WithoutPrivileges() { become(::getuid() == 0 ? 65534 : ::getuid()); }

@@ -1,4 +1,4 @@
-// The whole program but for its process: real window, real jobs, a scripted tool; questions are answered in advance.
+// The whole program in this process: real window, real jobs, a scripted tool; questions are answered in advance.
 
 #include "Shared/FrameGrabber.h"
 #include "Shared/PreferenceKeys.h"
@@ -31,7 +31,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// Answers every question with what the test has laid down, and keeps what was asked.
+/// Answers every question as the test has set, and keeps what was asked.
 class Answers final : public AlertPanel, public OpenPanel, public Workspace {
 public:
     QStringList alerts;

@@ -57,7 +57,7 @@ struct BrokenError : std::exception {
     }
 }
 
-/// Whoever follows the stack from here ends up nowhere.
+/// From here the stack cannot be followed.
 [[gnu::noinline]] void smashStack()
 {
     volatile char local = 0;
