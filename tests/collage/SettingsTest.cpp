@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
+#include <cstdint>
 
 using namespace Qt::StringLiterals;
 
@@ -47,12 +47,11 @@ TEST_F(DefaultParametersTest, OnlyMoviesOverFourSecondsLeaveOutTheirEnds)
 
 TEST(AutomaticGridHeight, IsWholePixelsOfTheMoviesOwnShape)
 {
-    constexpr auto most = std::numeric_limits<std::int32_t>::max();
     VXMediaInfoItem movie;
     const std::array<int, 4> cases[] = {{1920, 1080, 320, 180},
                                         {640, 360, -301, -169},
                                         {0, 360, 301, 0},
-                                        {2, most, most, 0}, // (2^31 - 1)^2 wraps to 1
+                                        {2, INT32_MAX, INT32_MAX, 0}, // (2^31 - 1)^2 wraps to 1
                                         {1, 1 << 16, 1 << 15, 1 << 31}};
     for (const auto &[width, height, gridWidth, gridHeight] : cases) {
         movie.pixWidth = width;

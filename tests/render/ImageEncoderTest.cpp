@@ -35,3 +35,16 @@ TEST(ImageEncoder, WritesTheTypeThatTheExtensionNames)
     }
     EXPECT_TRUE(GlobalFun::dataRepresentationOfType(QImage(), u"png"_s).isEmpty());
 }
+
+TEST(ImageEncoder, GifsHaveTheirTransparentEdgesAndNoMorePixelsThanTheFormatHolds)
+{
+    QImage image(40, 30, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    const QByteArray wholeFrame = QByteArray::fromHex("2c0000000028001e00"); // at 0, 0, of 40 by 30 pixels
+    EXPECT_TRUE(GlobalFun::dataRepresentationOfType(image, u"gif"_s).contains(wholeFrame));
+    // The last is within the sides' limits, but over the number of pixels that the encoder takes.
+    for (const QSize size : {QSize(65'536, 1), QSize(1, 65'536), QSize(60'000, 6'000)}) {
+        const QImage large(size, QImage::Format_Grayscale8);
+        EXPECT_TRUE(GlobalFun::dataRepresentationOfType(large, u"gif"_s).isEmpty()) << size.width();
+    }
+}

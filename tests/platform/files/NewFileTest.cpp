@@ -68,15 +68,6 @@ TEST(NewFile, RefusesWithoutTrace)
     EXPECT_EQ(folder.read("taken"), "mine");
 }
 
-TEST(NewFile, HasThePermissionsOfAnyNewFile)
-{
-    const ScratchFolder folder;
-    const mode_t before = ::umask(026);
-    EXPECT_TRUE(writeNewFile(folder.path("new"), picture));
-    ::umask(before);
-    EXPECT_EQ(std::filesystem::status(folder.bytes("new").toStdString()).permissions(), std::filesystem::perms(0640));
-}
-
 TEST(NewFile, GivesANameToOneOfManyOnly)
 {
     const ScratchFolder folder;
@@ -116,8 +107,9 @@ TEST(NewFile, OthersClearUpWhatAKilledProcessHasLeft)
     EXPECT_EQ(errorOf(stopped.publishAs(folder.path("stopped"))), std::errc::operation_canceled);
 }
 
-TEST(NewFile, ManagesWithoutTheFileSystemsHelp)
+TEST(NewFile, ManagesWithoutTheFileSystemsHelpAndHasThePermissionsOfAnyNewFile)
 {
+    const mode_t before = ::umask(026);
     hasFlags = false;
     for (const bool links : {true, false}) {
         hasLinks = links;
@@ -127,7 +119,10 @@ TEST(NewFile, ManagesWithoutTheFileSystemsHelp)
         EXPECT_EQ(errorOf(writeNewFile(folder.path("taken"), picture)), std::errc::file_exists);
         EXPECT_EQ(folder.names(), (QStringList{u"new"_s, u"taken"_s}));
         EXPECT_EQ(folder.read("new"), picture);
+        EXPECT_EQ(std::filesystem::status(folder.bytes("new").toStdString()).permissions(),
+                  std::filesystem::perms(0640));
         EXPECT_EQ(folder.read("taken"), "mine");
     }
     hasFlags = hasLinks = true;
+    ::umask(before);
 }

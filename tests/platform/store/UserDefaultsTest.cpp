@@ -9,15 +9,11 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
+#include <cstdint>
 #include <thread>
 #include <vector>
 
 using namespace Qt::StringLiterals;
-
-constexpr auto int32Max = std::numeric_limits<std::int32_t>::max();
-constexpr auto int32Min = std::numeric_limits<std::int32_t>::min();
-constexpr auto int64Min = std::numeric_limits<std::int64_t>::min();
 
 TEST(UserDefaults, ReadsWhatAPersonMeans)
 {
@@ -30,9 +26,9 @@ TEST(UserDefaults, ReadsWhatAPersonMeans)
         {"\"-12.9\"", true, -12, -12},
         {"\"12 tiles\"", false, 0, 0},
         {"\"nan\"", false, 0, 0},
-        {"-99999999999", true, int32Min, -99999999999},
-        {"9007199254740993", true, int32Max, 9007199254740993},
-        {"\"-1e999\"", true, int32Min, int64Min},
+        {"-99999999999", true, INT32_MIN, -99999999999},
+        {"9007199254740993", true, INT32_MAX, 9007199254740993},
+        {"\"-1e999\"", true, INT32_MIN, INT64_MIN},
         {"{\"1\":1}", false, 0, 0},
     };
     const ScratchFolder folder;
