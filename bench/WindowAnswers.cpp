@@ -28,13 +28,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class Silent final : public AlertPanel, public OpenPanel, public Workspace {
+class Silent final : public AlertPanel, public Workspace {
 public:
     int run(const QString & /*title*/, const QString & /*message*/, const QStringList & /*buttons*/) override
     {
         return 0;
     }
-    void open(const OpenPanelRequest & /*request*/, Chosen chosen) override { chosen({}); }
     void openFile(const QString & /*path*/) override {}
     void revealFile(const QString & /*path*/) override {}
 };
@@ -133,7 +132,12 @@ int main(int argc, char **argv)
     const PathBookmarks bookmarks;
     Silent silent;
     MainQueue mainQueue;
-    AppDelegate delegate({defaults, grabber, bookmarks, {silent, silent, silent}, mainQueue, scratch});
+    AppDelegate delegate({defaults,
+                          grabber,
+                          bookmarks,
+                          {silent, [](const OpenPanelRequest &, const auto &chosen) { chosen({}); }, silent},
+                          mainQueue,
+                          scratch});
     delegate.applicationDidFinishLaunching();
     measure(delegate, arguments.at(2));
 }

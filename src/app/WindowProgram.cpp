@@ -56,12 +56,11 @@ struct WindowProgram::Parts {
     FrameGrabber grabber;
     const std::unique_ptr<FolderBookmarks> bookmarks = FolderBookmarks::ofThisSystem(bus, sandboxMarker);
     MessageAlertPanel alert{mainQueue};
-    FileOpenPanel openPanel{sandboxed};
     DesktopWorkspace workspace{mainQueue, bus, sandboxed};
     AppDelegate delegate{{.defaults = defaults,
                           .grabber = grabber,
                           .bookmarks = *bookmarks,
-                          .desktop = {alert, openPanel, workspace, DroppedFiles(bus, sandboxed)},
+                          .desktop = {alert, fileOpenPanel(sandboxed), workspace, DroppedFiles(bus, sandboxed)},
                           .mainQueue = mainQueue,
                           .home = GlobalFun::RealHomeDirectory(),
                           .service = service}};

@@ -141,7 +141,7 @@ void MainWindowController::importMoviesDown()
     request.title = qtTrId("import_panel_title");
     request.files = request.folders = request.multiple = true;
     request.extensions = GlobalFun::getSupportedFmts(services_.experimental);
-    services_.desktop.openPanel.open(request, [this](const QStringList &paths) {
+    services_.desktop.openPanel(request, [this](const QStringList &paths) {
         if (!paths.isEmpty()) {
             loadMediasWithPaths(paths, 0);
         }

@@ -74,7 +74,7 @@ void OutputFolderControls::browseDown()
     request.title = qtTrId("choose_output_folder");
     request.folder = outputPath();
     request.folders = true;
-    services_.desktop.openPanel.open(request, [this](const QStringList &paths) {
+    services_.desktop.openPanel(request, [this](const QStringList &paths) {
         if (!paths.isEmpty()) {
             services_.trustedFolders.addToBookmarkWithURL(paths.first());
             show(paths.first());
@@ -122,7 +122,7 @@ void OutputFolderControls::authorize(const QStringList &folders)
     request.prompt = u"Authorize"_s;
     request.folder = folders.first();
     request.folders = true;
-    services_.desktop.openPanel.open(request, [this, rest = folders.mid(1)](const QStringList &paths) {
+    services_.desktop.openPanel(request, [this, rest = folders.mid(1)](const QStringList &paths) {
         if (!paths.isEmpty()) { // any folder that the user picks is granted, asked for or not
             services_.trustedFolders.addToBookmarkWithURL(paths.first());
         }

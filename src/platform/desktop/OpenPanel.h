@@ -16,14 +16,8 @@ struct OpenPanelRequest {
     QStringList extensions; ///< of the files that are offered, without dot; empty: all files
 };
 
-/// Lets the user choose files and folders (interface). Main thread.
-class OpenPanel {
-public:
-    using Chosen = std::function<void(const QStringList &paths)>;
-
-    virtual ~OpenPanel() = default;
-
-    /// Shows the panel and returns at once. `chosen` gets the paths, once, later or during the call; none when the user
-    /// has cancelled. It is not called when the window that the panel belongs to goes away first.
-    virtual void open(const OpenPanelRequest &request, Chosen chosen) = 0;
-};
+/// Lets the user choose files and folders: shows a panel and returns at once. `chosen` gets the paths, once, later or
+/// during the call; none when the user has cancelled. It is not called when the window that the panel belongs to goes
+/// away first. Main thread.
+using OpenPanel =
+    std::function<void(const OpenPanelRequest &request, std::function<void(const QStringList &paths)> chosen)>;

@@ -9,7 +9,7 @@
 #include <QTreeView>
 
 #include <algorithm>
-#include <utility>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -81,23 +81,27 @@ void letSelectSeveral(const QFileDialog &dialog)
     }
 }
 
-} // namespace
-
-FileOpenPanel::FileOpenPanel(bool sandboxed) : sandboxed_(sandboxed) {}
-
-void FileOpenPanel::open(const OpenPanelRequest &request, Chosen chosen)
+void openDialog(bool sandboxed, const OpenPanelRequest &request,
+                const std::function<void(const QStringList &paths)> &chosen)
 {
     auto *dialog = makeForQt<MixedFileDialog>(frontWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     const bool needsToolkit = request.folders && (request.files || request.multiple);
-    dialog->setOption(QFileDialog::DontUseNativeDialog, needsToolkit && !sandboxed_);
-    dialog->takesFoldersToo = needsToolkit && request.files && !sandboxed_;
+    dialog->setOption(QFileDialog::DontUseNativeDialog, needsToolkit && !sandboxed);
+    dialog->takesFoldersToo = needsToolkit && request.files && !sandboxed;
     configure(*dialog, request);
-    if (needsToolkit && request.multiple && !sandboxed_) {
+    if (needsToolkit && request.multiple && !sandboxed) {
         letSelectSeveral(*dialog);
     }
-    QObject::connect(dialog, &QDialog::finished, dialog, [dialog, chosen = std::move(chosen)](int result) {
+    QObject::connect(dialog, &QDialog::finished, dialog, [dialog, chosen](int result) {
         chosen(result == QDialog::Accepted ? dialog->selectedFiles() : QStringList());
     });
     dialog->open();
+}
+
+} // namespace
+
+OpenPanel fileOpenPanel(bool sandboxed)
+{
+    return std::bind_front(openDialog, sandboxed);
 }

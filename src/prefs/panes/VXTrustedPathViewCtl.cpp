@@ -1,7 +1,6 @@
 #include "prefs/panes/VXTrustedPathViewCtl.h"
 
 #include "platform/MakeForQt.h"
-#include "platform/desktop/OpenPanel.h"
 #include "platform/threads/MainQueue.h"
 #include "platform/widgets/SymbolicIcon.h"
 #include "prefs/TrustedFolders.h"
@@ -10,10 +9,15 @@
 
 #include <QShortcut>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
-VXTrustedPathViewCtl::VXTrustedPathViewCtl(TrustedFolders &folders, OpenPanel &openPanel, MainQueue &mainQueue) :
-    folders_(folders), openPanel_(openPanel), mainQueue_(mainQueue), model_(std::make_unique<FolderTableModel>())
+VXTrustedPathViewCtl::VXTrustedPathViewCtl(TrustedFolders &folders, OpenPanel openPanel, MainQueue &mainQueue) :
+    folders_(folders),
+    openPanel_(std::move(openPanel)),
+    mainQueue_(mainQueue),
+    model_(std::make_unique<FolderTableModel>())
 {
     // The list may be changed on any thread, while folders are loaded for instance.
     folders_.setChangedHandler([this, life = std::weak_ptr(alive_)] {
@@ -82,7 +86,7 @@ void VXTrustedPathViewCtl::addFolderDown()
     request.prompt = qtTrId("trusted_folders_panel_add");
     request.folders = true;
     request.multiple = true;
-    openPanel_.open(request, [this, life = std::weak_ptr(alive_)](const QStringList &paths) {
+    openPanel_(request, [this, life = std::weak_ptr(alive_)](const QStringList &paths) {
         if (!life.expired()) {
             addFolders(paths);
         }

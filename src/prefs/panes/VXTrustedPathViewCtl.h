@@ -1,12 +1,12 @@
 #pragma once
 
+#include "platform/desktop/OpenPanel.h"
 #include "prefs/panes/PreferencePane.h"
 
 #include <QStringList>
 
 class FolderTableModel;
 class MainQueue;
-class OpenPanel;
 class TrustedFolders;
 namespace Ui {
 class VXTrustedPathViewCtl;
@@ -17,7 +17,7 @@ class VXTrustedPathViewCtl;
 class VXTrustedPathViewCtl final : public PreferencePane {
 public:
     /// All must outlive this; the queue is the main thread's.
-    VXTrustedPathViewCtl(TrustedFolders &folders, OpenPanel &openPanel, MainQueue &mainQueue);
+    VXTrustedPathViewCtl(TrustedFolders &folders, OpenPanel openPanel, MainQueue &mainQueue);
     ~VXTrustedPathViewCtl() override;
 
     QString identifier() const override;
@@ -40,7 +40,7 @@ private:
     void enableRemoving();
 
     TrustedFolders &folders_;
-    OpenPanel &openPanel_;
+    const OpenPanel openPanel_;
     MainQueue &mainQueue_;
     std::unique_ptr<Ui::VXTrustedPathViewCtl> ui_;
     std::unique_ptr<FolderTableModel> model_;

@@ -32,22 +32,21 @@
 using namespace Qt::StringLiterals;
 
 /// Answers every question as the test has set, and keeps what was asked.
-class Answers final : public AlertPanel, public OpenPanel, public Workspace {
+class Answers final : public AlertPanel, public Workspace {
 public:
     QStringList alerts;
     int answer = 0;
     QStringList chosen;
     QStringList panels; ///< the folders they opened in
+    OpenPanel openPanel = [this](const OpenPanelRequest &request, const auto &done) {
+        panels += request.folder;
+        done(chosen);
+    };
 
     int run(const QString & /*title*/, const QString &message, const QStringList & /*buttons*/) override
     {
         alerts += message;
         return answer;
-    }
-    void open(const OpenPanelRequest &request, Chosen done) override
-    {
-        panels += request.folder;
-        done(chosen);
     }
     void openFile(const QString & /*path*/) override {}
     void revealFile(const QString & /*path*/) override {}
@@ -91,7 +90,8 @@ struct MainWindowTest : testing::Test {
     const PathBookmarks bookmarks;
     Answers answers;
     MainQueue mainQueue;
-    AppDelegate delegate{{defaults, grabber, bookmarks, {answers, answers, answers}, mainQueue, folder.path("home")}};
+    AppDelegate delegate{
+        {defaults, grabber, bookmarks, {answers, answers.openPanel, answers}, mainQueue, folder.path("home")}};
     MyTableView &table = control<MyTableView>("tableView");
 };
 
@@ -257,7 +257,8 @@ TEST_F(MainWindowTest, TheFolderShownIsThereOrTheWindowSaysWhatToDo)
         if (!canBeMade) {
             folder.write("home/Pictures/Tessarine", "");
         }
-        AppDelegate next{{defaults, grabber, bookmarks, {answers, answers, answers}, mainQueue, folder.path("home")}};
+        AppDelegate next{
+            {defaults, grabber, bookmarks, {answers, answers.openPanel, answers}, mainQueue, folder.path("home")}};
         next.applicationDidFinishLaunching();
         const QWidget &window = next.mainWindow();
         EXPECT_EQ(window.findChild<QLineEdit *>(u"lblOutputPath"_s)->text(), folder.path("home/Pictures/Tessarine"));

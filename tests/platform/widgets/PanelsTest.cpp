@@ -80,7 +80,7 @@ struct FileOpenPanelTest : PanelsTest {
         for (const char *name : {"one.mkv", "TWO.MKV", "other.txt", "folder/x", "second/x"}) {
             scratch.write(name);
         }
-        panel.open(request, [this](const QStringList &paths) { chosen = paths; });
+        panel(request, [this](const QStringList &paths) { chosen = paths; });
         auto *opened = dialog<QFileDialog>();
         const auto *list = opened->findChild<QTreeView *>(u"treeView"_s);
         EXPECT_TRUE(QTest::qWaitFor([list, names] { return list->model()->rowCount(list->rootIndex()) == names; }));
@@ -89,7 +89,7 @@ struct FileOpenPanelTest : PanelsTest {
 
     const ScratchFolder scratch;
     OpenPanelRequest request{u"Import"_s, u"Import it"_s, scratch.path(), false, true, true, {u"mkv"_s}};
-    FileOpenPanel panel{false};
+    OpenPanel panel = fileOpenPanel(false);
     QStringList chosen{u"nothing yet"_s};
 };
 

@@ -15,6 +15,7 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -22,10 +23,10 @@ using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 /// Chooses in the user's place.
-struct ChosenBefore final : OpenPanel {
+struct ChosenBefore {
     QStringList paths;
     OpenPanelRequest asked;
-    void open(const OpenPanelRequest &request, Chosen chosen) override
+    void operator()(const OpenPanelRequest &request, const std::function<void(const QStringList &paths)> &chosen)
     {
         asked = request;
         chosen(paths);
@@ -103,7 +104,7 @@ struct TrustedPathPaneTest : TrustedFoldersTest {
 
     ChosenBefore panel;
     MainQueue mainQueue;
-    VXTrustedPathViewCtl pane{folders, panel, mainQueue};
+    VXTrustedPathViewCtl pane{folders, std::ref(panel), mainQueue};
 };
 
 TEST_F(TrustedPathPaneTest, AddsFoldersAtOnceAndRemovesSelectedOnesAtTheCommit)
