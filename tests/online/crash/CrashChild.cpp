@@ -57,13 +57,6 @@ struct BrokenError : std::exception {
     }
 }
 
-/// From here the stack cannot be followed.
-[[gnu::noinline]] void smashStack()
-{
-    volatile char local = 0;
-    fill(&local, 400);
-}
-
 void crashInTwoThreads()
 {
     std::barrier bothReady(2);
@@ -79,11 +72,15 @@ void crashInTwoThreads()
 
 int main(int /*argc*/, char **argv)
 {
+    const auto smash = [] { // from here the stack cannot be followed
+        volatile char local = 0;
+        fill(&local, 400);
+    };
     const std::map<std::string, std::function<void()>> modes{
         {"null", writeToNull}, {"overflow", [] { recurse(0); }},
         {"throw", throwError}, {"throw-broken", [] { throw BrokenError(); }},
         {"heap", breakHeap},   {"terminate", [] { std::terminate(); }},
-        {"smash", smashStack}, {"two", crashInTwoThreads},
+        {"smash", smash},      {"two", crashInTwoThreads},
     };
     const rlimit noCore{0, 0};
     ::setrlimit(RLIMIT_CORE, &noCore);
