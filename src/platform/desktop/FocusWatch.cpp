@@ -54,8 +54,11 @@ FocusWatch::FocusWatch()
     // The request may come back before the sheet closes, which the event filter notices, or after.
     qGuiApp->installEventFilter(this);
     connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [](const QWindow *focused) {
+        QWindow *sheet = QGuiApplication::modalWindow();
         if (focused != nullptr && !focused->isVisible()) {
             repeatFocusIn();
+        } else if (sheet != nullptr && sheet->isVisible() && sheet->transientParent() == focused) {
+            sheet->requestActivate(); // the user has clicked on the window below, which takes no key
         }
     });
 }
