@@ -28,7 +28,7 @@ std::span<const Setting> all()
 
 std::optional<Kind> kindOf(QStringView key)
 {
-    const auto found = std::ranges::find_if(settings, [key](const Setting &setting) { return key == setting; });
+    const auto found = std::ranges::find_if(settings, [key](const Setting &setting) { return key == setting.key; });
     return found == settings.end() ? std::nullopt : std::optional(found->kind);
 }
 

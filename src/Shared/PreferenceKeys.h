@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAnyStringView>
 #include <QLatin1StringView>
 #include <QString>
 
@@ -14,14 +15,17 @@ namespace PreferenceKeys {
 enum class Kind { Boolean, Integer, Text, Color, Array };
 
 /// A setting. It stands for its key wherever a key is asked for.
-struct Setting : QLatin1StringView {
+struct Setting {
+    QLatin1StringView key;
     Kind kind;
     QLatin1StringView initial; ///< the registered default as text, "~" for the user's home; empty when there is none
 
-    constexpr Setting(const char *key, Kind what, const char *registered = "") :
-        QLatin1StringView(key), kind(what), initial(registered)
+    constexpr Setting(const char *name, Kind what, const char *registered = "") :
+        key(name), kind(what), initial(registered)
     {
     }
+    constexpr operator QLatin1StringView() const { return key; }
+    operator QAnyStringView() const { return key; }
 };
 
 // The collage of a newly loaded movie.

@@ -33,8 +33,8 @@ bool DefaultsSeed::registDefaults(UserDefaults &defaults, const QByteArray &prop
         qCWarning(lcTessarine) << "the default settings cannot be read";
         return false;
     }
-    values->insert(PreferenceKeys::outputFolder, outputFolder);
-    values->insert(PreferenceKeys::sameAsOrigin, false);
+    values->insert(PreferenceKeys::outputFolder.key, outputFolder);
+    values->insert(PreferenceKeys::sameAsOrigin.key, false);
     defaults.registerDefaults(*values);
     return true;
 }

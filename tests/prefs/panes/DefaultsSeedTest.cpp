@@ -28,14 +28,14 @@ TEST(DefaultsSeed, RegistersWhatTheTableAndTheReadmeSay)
     ASSERT_TRUE(readme.open(QIODevice::ReadOnly));
     const QString pages = QString::fromUtf8(readme.readAll());
     for (const PreferenceKeys::Setting &setting : PreferenceKeys::all()) {
-        SCOPED_TRACE(setting.data());
+        SCOPED_TRACE(setting.key.data());
         const bool hasDefault = !setting.initial.isEmpty();
         EXPECT_EQ(defaults.contains(setting), hasDefault);
         EXPECT_EQ(defaults.textValue(setting), setting.initial);
         EXPECT_EQ(setting.kind == Kind::Color, ColorArchive::unarchive(QString(setting.initial)).has_value());
-        const QRegularExpression row(u"\\n\\| `%1` \\| .* \\| `%2` \\|\\n"_s.arg(setting, setting.initial));
+        const QRegularExpression row(u"\\n\\| `%1` \\| .* \\| `%2` \\|\\n"_s.arg(setting.key, setting.initial));
         EXPECT_EQ(row.match(pages).hasMatch(), hasDefault);
-        seeds.remove(setting);
+        seeds.remove(setting.key);
     }
     EXPECT_TRUE(seeds.isEmpty());
 }
