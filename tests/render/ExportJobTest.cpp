@@ -143,6 +143,18 @@ TEST_F(ExportJobTest, MemoryThatRunsOutCostsOneMovie)
                 ElementsAre("movie 0/2 tile 1/1", "failed a.mov", "movie 1/2 tile 1/1", "written b.jpg", "end"));
 }
 
+TEST_F(ExportJobTest, CancellingLeavesTheFinishedImagesAndNothingElse)
+{
+    for (const char *name : {"a.mov", "b.mov", "c.mov"}) {
+        add(name, 4);
+    }
+    diary.onProgress = [this](const ExportProgress &at) { cancelled = at.movie == 1 && at.tile == 3; };
+    exportAll();
+    EXPECT_EQ(folder.names("out"), QStringList{u"a.jpg"_s});
+    EXPECT_EQ(diary.entries.back(), "end");
+    EXPECT_EQ(diary.entries.at(diary.entries.size() - 2), "movie 1/3 tile 3/4");
+}
+
 TEST_F(ExportJobTest, ANameTakenMeanwhileIsNotOverwritten)
 {
     add("a.mov");
