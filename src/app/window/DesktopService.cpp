@@ -208,8 +208,7 @@ void DesktopService::passOn(std::function<void()> request)
     }
     waiting_.push_back({std::move(request), now});
     if (isReady_) {
-        QMetaObject::invokeMethod(
-            &mainThread_, [this] { answerRequests(); }, Qt::QueuedConnection);
+        mainQueue_.async([this] { answerRequests(); });
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/desktop/ActivationToken.h"
+#include "platform/threads/MainQueue.h"
 
 #include <QDBusConnection>
 #include <QDBusContext>
@@ -89,6 +90,6 @@ private:
     std::mutex mutex_; ///< guards the two below
     bool isReady_ = false;
     std::vector<Waiting> waiting_;         ///< for the main thread, once the program is ready
-    QObject mainThread_;                   ///< requests are answered where and while it lives
+    MainQueue mainQueue_;                  ///< requests are answered while it lives
     std::unique_ptr<Reception> reception_; ///< while on the bus; it uses all of the above
 };

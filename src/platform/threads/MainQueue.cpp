@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QPointer>
 
 #include <utility>
 
@@ -23,6 +24,7 @@ void MainQueue::customEvent(QEvent * /*event*/)
 
 void MainQueue::workOff()
 {
+    const QPointer<QObject> life(this);
     std::unique_lock lock(mutex_);
     isWoken_ = false;
     for (std::size_t left = waiting_.size(); left > 0 && !waiting_.empty(); --left) {
@@ -31,6 +33,9 @@ void MainQueue::workOff()
         lock.unlock();
         work();
         work = nullptr; // what it holds goes without the lock too
+        if (life.isNull()) {
+            return; // the work has ended this queue
+        }
         lock.lock();
     }
 }

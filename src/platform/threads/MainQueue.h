@@ -6,8 +6,8 @@
 #include <functional>
 #include <mutex>
 
-/// Work for the main thread, done by its event loop in the order given. Made on the main thread, and there it ends;
-/// what is still waiting then is dropped undone.
+/// Work for the main thread, done by its event loop in the order given: the one way there from other threads. Made on
+/// the main thread, and there it ends, perhaps in its own work; what is still waiting then is dropped undone.
 class MainQueue final : private QObject {
 public:
     using Work = std::function<void()>;
