@@ -26,18 +26,18 @@ HttpExchange::HttpExchange(HttpRequest request, Callback callback, std::chrono::
     request_(std::move(request)), callback_(std::move(callback))
 {
     deadline_.setSingleShot(true);
-    QObject::connect(&deadline_, &QTimer::timeout, &receiver_, [this] { end(u"no answer in time"_s); });
+    QObject::connect(&deadline_, &QTimer::timeout, &receiver_, [this] { end(failure(u"no answer in time"_s)); });
     deadline_.start(timeout);
     if (!isWebAddress(request_.url)) {
-        end(u"not a web address: "_s + request_.url.toDisplayString());
+        end(failure(u"not a web address: "_s + request_.url.toDisplayString()));
         return;
     }
-    lookup_.emplace(request_.url.host(), [this](const HostAddresses &found) {
-        if (found.error.isEmpty()) {
-            addresses_ = found;
+    lookup_.emplace(request_.url.host(), [this](const Result<QByteArrayList> &addresses) {
+        if (addresses) {
+            addresses_ = *addresses;
             send();
         } else {
-            end(found.error);
+            end(failure(addresses.error()));
         }
     });
 }
@@ -46,28 +46,27 @@ HttpExchange::~HttpExchange() = default;
 
 void HttpExchange::send()
 {
-    transfer_.emplace(request_, addresses_.items, largestBody, [this](const QString &error) { takeAnswer(error); });
+    transfer_.emplace(request_, addresses_, largestBody, [this](const Result<QByteArray> &body) { takeAnswer(body); });
 }
 
-void HttpExchange::takeAnswer(const QString &error)
+void HttpExchange::takeAnswer(const Result<QByteArray> &body)
 {
     const QUrl target = transfer_->redirection();
-    if (!error.isEmpty()) {
-        end(error);
+    if (!body) {
+        end(body);
     } else if (transfer_->status() >= 400) {
-        end(u"HTTP status %1"_s.arg(transfer_->status()));
+        end(failure(u"HTTP status %1"_s.arg(transfer_->status())));
     } else if (target.isEmpty() || request_.body) {
-        answer_.body = transfer_->body();
-        end({});
+        end(body);
     } else if (!haveOneOrigin(target, request_.url) || ++redirections_ > mostRedirections) {
-        end(u"the server redirects elsewhere, or without end"_s);
+        end(failure(u"the server redirects elsewhere, or without end"_s));
     } else {
         request_.url = target;
         send();
     }
 }
 
-void HttpExchange::end(const QString &error)
+void HttpExchange::end(const Result<QByteArray> &body)
 {
     if (std::exchange(hasEnded_, true)) {
         return;
@@ -75,7 +74,7 @@ void HttpExchange::end(const QString &error)
     deadline_.stop();
     lookup_.reset();
     answer_.status = transfer_ ? transfer_->status() : 0;
-    answer_.error = error;
+    answer_.body = body;
     transfer_.reset();
     // Not from here: the callback may end this exchange, and with it whatever has just sent the signal.
     QMetaObject::invokeMethod(

@@ -18,9 +18,8 @@ bool isWebAddress(const QUrl &url);
 
 /// What a request came to.
 struct HttpAnswer {
-    QString error;   ///< why it failed, a status of 400 and above included; empty when all went well
-    int status = 0;  ///< the HTTP status; 0 when no answer came
-    QByteArray body; ///< the whole body; empty when that could not be had
+    int status = 0;          ///< the HTTP status; 0 when no answer came
+    Result<QByteArray> body; ///< all of it; a status of 400 and above is a failure
 };
 
 /// One request to a web server and its answer: from its construction to its callback, or to its end, which aborts the
@@ -43,16 +42,16 @@ public:
 
 private:
     void send();
-    void takeAnswer(const QString &error);
-    /// Stops everything and has the callback called soon; without an error the answer is whole.
-    void end(const QString &error);
+    void takeAnswer(const Result<QByteArray> &body);
+    /// Stops everything and has the callback called soon.
+    void end(const Result<QByteArray> &body);
     void deliver();
 
     HttpRequest request_;
     Callback callback_;
     HttpAnswer answer_;
     std::optional<HostLookup> lookup_;
-    HostAddresses addresses_;
+    QByteArrayList addresses_;
     std::optional<WebTransfer> transfer_;
     int redirections_ = 0;
     QTimer deadline_;

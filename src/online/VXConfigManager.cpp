@@ -66,12 +66,12 @@ void VXConfigManager::getOnlineConfig(const ServiceUrl &service, const Bundle &b
 
 void VXConfigManager::takeAnswer(const HttpAnswer &answer)
 {
-    if (!answer.error.isEmpty()) {
-        qCWarning(lcTessarine).noquote() << "get configure error :" << answer.error;
+    if (!answer.body) {
+        qCWarning(lcTessarine).noquote() << "get configure error :" << answer.body.error();
         return;
     }
     // An answer that is not a JSON object reads like one without members.
-    const QJsonObject flags = QJsonDocument::fromJson(answer.body).object();
+    const QJsonObject flags = QJsonDocument::fromJson(*answer.body).object();
     setSupportVOB(isOn(flags.value(PreferenceKeys::supportVob)));
     setExperimental(isOn(flags.value(PreferenceKeys::experimental)));
 }

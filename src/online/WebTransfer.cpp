@@ -112,8 +112,6 @@ public:
         return QUrl::fromEncoded(QByteArray(address));
     }
 
-    QByteArray body() const { return received_; }
-
 private:
     template<class Value>
     void set(CURLoption option, Value value)
@@ -196,21 +194,21 @@ private:
         const CURLMsg *message = curl_multi_info_read(multi_.get(), &left);
         if (message != nullptr && message->msg == CURLMSG_DONE) {
             // Not from here: whoever hears of it may end the transfer, and libcurl's caller with it.
-            const QString error = errorOf(message->data.result);
+            const Result<QByteArray> body = bodyAfter(message->data.result);
             QMetaObject::invokeMethod(
-                &timer_, [this, error] { std::exchange(ended_, nullptr)(error); }, Qt::QueuedConnection);
+                &timer_, [this, body] { std::exchange(ended_, nullptr)(body); }, Qt::QueuedConnection);
         }
     }
 
-    QString errorOf(CURLcode result) const
+    Result<QByteArray> bodyAfter(CURLcode result) const
     {
         if (result == CURLE_OK) {
-            return {};
+            return received_;
         }
         if (headerSize_ > largestHeader || received_.size() > limit_) {
-            return u"the answer is too large"_s;
+            return failure(u"the answer is too large"_s);
         }
-        return QString::fromUtf8(reason_[0] != '\0' ? reason_ : curl_easy_strerror(result));
+        return failure(QString::fromUtf8(reason_[0] != '\0' ? reason_ : curl_easy_strerror(result)));
     }
 
     const qsizetype limit_;
@@ -243,9 +241,4 @@ int WebTransfer::status() const
 QUrl WebTransfer::redirection() const
 {
     return carrier_->redirection();
-}
-
-QByteArray WebTransfer::body() const
-{
-    return carrier_->body();
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Result.h"
+
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QString>
@@ -19,8 +21,8 @@ struct HttpRequest {
 /// connection at once, whatever the server is sending.
 class WebTransfer {
 public:
-    /// Called once, from the event loop, with the reason of a failure or nothing; may end the transfer.
-    using Callback = std::function<void(const QString &error)>;
+    /// Called once, from the event loop, with the whole body; may end the transfer.
+    using Callback = std::function<void(const Result<QByteArray> &body)>;
 
     /// Starts it. `addresses` are those of the URL's host, which is not looked up again; an answer whose body is longer
     /// than `largestBody` bytes fails.
@@ -31,7 +33,6 @@ public:
 
     int status() const;       ///< the HTTP status; 0 before an answer
     QUrl redirection() const; ///< where the answer points to; empty when nowhere
-    QByteArray body() const;  ///< what has come of the body
 
 private:
     class Carrier;

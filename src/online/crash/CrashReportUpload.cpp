@@ -38,8 +38,8 @@ void CrashReportUpload::submit()
         waitForNetwork();
         return;
     }
-    lookup_.emplace(target_.host(), [this](const HostAddresses &addresses) {
-        if (!addresses.error.isEmpty()) {
+    lookup_.emplace(target_.host(), [this](const Result<QByteArrayList> &addresses) {
+        if (!addresses) {
             waitForNetwork();
         } else if (FileSystem::isTaken(path_)) {
             send();
