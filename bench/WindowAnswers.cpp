@@ -132,12 +132,12 @@ int main(int argc, char **argv)
     const PathBookmarks bookmarks;
     Silent silent;
     MainQueue mainQueue;
-    AppDelegate delegate({defaults,
-                          grabber,
-                          bookmarks,
-                          {silent, [](const OpenPanelRequest &, const auto &chosen) { chosen({}); }, silent},
-                          mainQueue,
-                          scratch});
+    AppDelegate delegate({.defaults = defaults,
+                          .grabber = grabber,
+                          .bookmarks = bookmarks,
+                          .desktop = {silent, [](const OpenPanelRequest &, const auto &chosen) { chosen({}); }, silent},
+                          .mainQueue = mainQueue,
+                          .home = scratch});
     delegate.applicationDidFinishLaunching();
     measure(delegate, arguments.at(2));
 }

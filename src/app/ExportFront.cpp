@@ -132,8 +132,11 @@ int runExportFront(ExportOptions options, int argc, char **argv)
     FrameGrabber grabber(toolPath, temporaryFolder->path());
     makeAbsolute(options);
     try {
-        return ExportCommand(std::move(options),
-                             {defaults, grabber, console, GlobalFun::RealHomeDirectory(), cancelled})
+        return ExportCommand(std::move(options), {.defaults = defaults,
+                                                  .grabber = grabber,
+                                                  .console = console,
+                                                  .home = GlobalFun::RealHomeDirectory(),
+                                                  .cancelled = cancelled})
             .run();
     } catch (const std::bad_alloc &) {
         console.printMessage(u"there is not enough memory"_s);

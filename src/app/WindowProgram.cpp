@@ -64,7 +64,7 @@ struct WindowProgram::Parts {
                           .mainQueue = mainQueue,
                           .home = GlobalFun::RealHomeDirectory(),
                           .service = service}};
-    MacAppHelper helper{{crashes, service, bundle, defaults}};
+    MacAppHelper helper{{.sender = crashes, .service = service, .bundle = bundle, .defaults = defaults}};
 };
 
 WindowProgram::WindowProgram(const QString &identifier) :

@@ -86,7 +86,14 @@ struct ExportJobTest : testing::Test {
     void exportAll()
     {
         FrameGrabber grabber(tool, folder.path(), {.silence = patience});
-        ExportJob job({diary, grabber, defaults, diary, diary, diary, [this] { return outputFolder; }, cancelled});
+        ExportJob job({.aryItems = diary,
+                       .grabber = grabber,
+                       .defaults = defaults,
+                       .alert = diary,
+                       .workspace = diary,
+                       .observer = diary,
+                       .outputFolder = [this] { return outputFolder; },
+                       .bExportCanceled = cancelled});
         job.run();
         job.run(); // a second time does nothing
         EXPECT_EQ(job.state(), ExportJob::State::Finished);

@@ -63,8 +63,14 @@ ExportCommand::Status ExportCommand::run()
                                  std::move(events), services_.cancelled);
         NobodyToAsk alert;
         NoDesktop workspace;
-        ExportJob({movies, services_.grabber, services_.defaults, alert, workspace, *this,
-                   [this] { return outputFolder(); }, services_.cancelled})
+        ExportJob({.aryItems = movies,
+                   .grabber = services_.grabber,
+                   .defaults = services_.defaults,
+                   .alert = alert,
+                   .workspace = workspace,
+                   .observer = *this,
+                   .outputFolder = [this] { return outputFolder(); },
+                   .bExportCanceled = services_.cancelled})
             .run();
     }
     if (services_.cancelled) {

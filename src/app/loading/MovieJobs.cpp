@@ -38,8 +38,13 @@ class MovieJobs::Loading final : public LoadingObserver, public std::enable_shar
 public:
     explicit Loading(MovieJobs &jobs) :
         jobs_(jobs),
-        job_({jobs_.services_.defaults, jobs_.services_.grabber, jobs_.previews_, qGuiApp->devicePixelRatio(), *this,
-              jobs_.bLoadingCanceled, jobs_.bMovieDropped})
+        job_({.defaults = jobs_.services_.defaults,
+              .grabber = jobs_.services_.grabber,
+              .previews = jobs_.previews_,
+              .devicePixelRatio = qGuiApp->devicePixelRatio(),
+              .observer = *this,
+              .bLoadingCanceled = jobs_.bLoadingCanceled,
+              .bMovieDropped = jobs_.bMovieDropped})
     {
     }
 
@@ -172,9 +177,14 @@ void MovieJobs::runExport(const QString &outputFolder)
     view_.jobStarted(JobsView::Kind::Export, u"Creating thumbnails..."_s);
     bExportCanceled = false;
     const auto reporter = std::make_shared<ExportReporter>(*this);
-    const auto job = std::make_shared<ExportJob>(
-        ExportServices{services_.aryItems, services_.grabber, services_.defaults, services_.alert, services_.workspace,
-                       *reporter, [outputFolder] { return outputFolder; }, bExportCanceled});
+    const auto job = std::make_shared<ExportJob>(ExportServices{.aryItems = services_.aryItems,
+                                                                .grabber = services_.grabber,
+                                                                .defaults = services_.defaults,
+                                                                .alert = services_.alert,
+                                                                .workspace = services_.workspace,
+                                                                .observer = *reporter,
+                                                                .outputFolder = [outputFolder] { return outputFolder; },
+                                                                .bExportCanceled = bExportCanceled});
     exportQueue->async([job, reporter] { job->run(); });
 }
 

@@ -65,8 +65,11 @@ MainWindowController::MainWindowController(Services services) :
                                                                   .quit = *ui_->quit},
                                          *this);
     outputFolder_ = std::make_unique<OutputFolderControls>(
-        OutputFolderControls::Widgets{ui_->lblOutputPath, ui_->btnBrowser, ui_->btnOpen, ui_->chkSameOrigin,
-                                      ui_->lblStatus},
+        OutputFolderControls::Widgets{.lblOutputPath = ui_->lblOutputPath,
+                                      .btnBrowser = ui_->btnBrowser,
+                                      .btnOpen = ui_->btnOpen,
+                                      .chkSameOrigin = ui_->chkSameOrigin,
+                                      .lblStatus = ui_->lblStatus},
         OutputFolderControls::Services{.defaults = services_.defaults,
                                        .trustedFolders = services_.trustedFolders,
                                        .desktop = services_.desktop,

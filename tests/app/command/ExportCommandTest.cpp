@@ -40,7 +40,12 @@ struct ExportCommandTest : testing::Test {
         }
         const ExportOptions options = ExportOptions::parse(words + QStringList{u"--"_s} + paths).value();
         Console console(out.get(), err.get(), options.quiet);
-        const int status = ExportCommand(options, {defaults, grabber, console, folder.path("home"), cancelled}).run();
+        const int status = ExportCommand(options, {.defaults = defaults,
+                                                   .grabber = grabber,
+                                                   .console = console,
+                                                   .home = folder.path("home"),
+                                                   .cancelled = cancelled})
+                               .run();
         results = linesOf("results");
         messages = linesOf("messages");
         return status;

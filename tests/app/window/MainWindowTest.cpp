@@ -90,8 +90,12 @@ struct MainWindowTest : testing::Test {
     const PathBookmarks bookmarks;
     Answers answers;
     MainQueue mainQueue;
-    AppDelegate delegate{
-        {defaults, grabber, bookmarks, {answers, answers.openPanel, answers}, mainQueue, folder.path("home")}};
+    AppDelegate delegate{{.defaults = defaults,
+                          .grabber = grabber,
+                          .bookmarks = bookmarks,
+                          .desktop = {answers, answers.openPanel, answers},
+                          .mainQueue = mainQueue,
+                          .home = folder.path("home")}};
     MyTableView &table = control<MyTableView>("tableView");
 };
 
@@ -257,8 +261,12 @@ TEST_F(MainWindowTest, TheFolderShownIsThereOrTheWindowSaysWhatToDo)
         if (!canBeMade) {
             folder.write("home/Pictures/Tessarine", "");
         }
-        AppDelegate next{
-            {defaults, grabber, bookmarks, {answers, answers.openPanel, answers}, mainQueue, folder.path("home")}};
+        AppDelegate next{{.defaults = defaults,
+                          .grabber = grabber,
+                          .bookmarks = bookmarks,
+                          .desktop = {answers, answers.openPanel, answers},
+                          .mainQueue = mainQueue,
+                          .home = folder.path("home")}};
         next.applicationDidFinishLaunching();
         const QWidget &window = next.mainWindow();
         EXPECT_EQ(window.findChild<QLineEdit *>(u"lblOutputPath"_s)->text(), folder.path("home/Pictures/Tessarine"));

@@ -109,7 +109,7 @@ struct EditorTest : testing::Test, protected CollageEditorHost, protected AlertP
     QStringList alerts;
     QStringList calls;
     NotificationCenter notifications;
-    KTCustomCollageWndCtl editor{{defaults, notifications, *this, *this}};
+    KTCustomCollageWndCtl editor{{.defaults = defaults, .notifications = notifications, .alert = *this, .host = *this}};
     QDialog alertBox{&editor};
 };
 
