@@ -15,7 +15,7 @@ namespace {
 
 QString fileName(const VXMediaInfoItem &movie)
 {
-    // A line break in a name must not look like another line of facts.
+    // Without line breaks, which would make one name look like two lines of facts.
     return PathText::forDisplay(GlobalFun::lastPathComponent(movie.filePath));
 }
 

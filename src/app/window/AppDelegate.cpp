@@ -72,8 +72,8 @@ void AppDelegate::buildPreferencesWindow()
     preferWndCtl = std::make_unique<MASPreferencesWindowController>(panes_, qtTrId("Preferences"), services_.defaults);
     panes_.push_back(
         std::make_unique<VXTrustedPathViewCtl>(trustedFolders_, services_.desktop.openPanel, services_.mainQueue));
-    // Showing the third pane once makes it resolve the remembered folders before any work needs them. The window opens
-    // with the first one, whatever was selected last time.
+    // The third pane is shown once, so that it resolves the remembered folders before any work needs them. The window
+    // opens with the first one, whatever was selected last time.
     preferWndCtl->window();
     if (preferWndCtl->selectedViewController() != panes_.back().get()) {
         preferWndCtl->selectControllerAtIndex(2);

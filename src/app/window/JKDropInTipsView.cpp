@@ -24,7 +24,7 @@ QPen dashedPen(const QColor &color)
     return pen;
 }
 
-/// Points down, `width` wide and high in the middle of the square.
+/// The arrow points down. It is in the middle of the square, `width` wide and high.
 QPainterPath arrow(const QRectF &square, double width)
 {
     const double inset = (square.width() - width) / 2.0;

@@ -289,7 +289,7 @@ void MainWindowController::closeEvent(QCloseEvent *event)
     QApplication::quit();
 }
 
-/// For a job that cannot be interrupted, since it reads from a network disk that has gone.
+/// Ends the program when the job cannot be interrupted, for example because it reads from a network disk that has gone.
 void MainWindowController::giveUp()
 {
     if (jobs_->isRunning()) {

@@ -60,7 +60,7 @@ KTCustomCollageWndCtl::KTCustomCollageWndCtl(Services services, QWidget *parent)
 
 KTCustomCollageWndCtl::~KTCustomCollageWndCtl()
 {
-    // The controls lose focus and drags when this is no editor any more.
+    // The controls are destroyed after this object, and would still report the end of typing and drags.
     ui_->startTimeView->setDelegate(nullptr);
     ui_->endTimeView->setDelegate(nullptr);
     ui_->timeRangeSlidView->setDelegate(nullptr);
@@ -206,7 +206,7 @@ void KTCustomCollageWndCtl::serilizedToAll() const
     for (const auto &each : movies) {
         each->setSettings(settingsFromForm(values, *each));
     }
-    // The view draws what the edited movie has now, wherever that stands in the list.
+    // The preview shows the edited movie, which is one of the list and has the new settings now.
     const QImage picture = fittedForList(ui_->thumbPreview->imageWithSubviews());
     for (const auto &each : movies) {
         each->setImgPreview(picture);

@@ -67,7 +67,7 @@ void waitIfOtherThreadDies()
     }
 }
 
-/// What follows ends the process as if no handler had ever been there.
+/// Restores the default actions, so that the signal raised next ends the process.
 void resetActions()
 {
     for (const int signal : fatalSignals) {
