@@ -12,9 +12,19 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <initializer_list>
 #include <optional>
 
 namespace {
+
+/// What a system call has just come to.
+Result<void, std::error_code> done(bool isGood)
+{
+    if (!isGood) {
+        return failure(lastError());
+    }
+    return {};
+}
 
 /// The last component of a path and the folder it is in.
 struct Place {
@@ -130,65 +140,66 @@ Result<void, std::error_code> NewFile::publishAs(const QString &path)
     if (problem_) {
         return failure(problem_);
     }
-    if (!place || !giveName(place->name)) {
-        return failure(lastError());
-    }
-    return {};
+    return place ? giveName(place->name) : failure(std::make_error_code(std::errc::invalid_argument));
 }
 
-/// Waits until the file is on the disk; false, with errno set, when that failed. Some file systems report the failure
+/// Waits until the file is on the disk; false when that failed, for succeeded(). Some file systems report the failure
 /// only when a descriptor is closed; some do not support waiting (EINVAL).
 bool NewFile::keep()
 {
     return (::fsync(file_.get()) == 0 || errno == EINVAL) && ::close(::fcntl(file_.get(), F_DUPFD_CLOEXEC, 0)) == 0;
 }
 
-/// False, with errno set, when something has that name already or the name cannot be given.
-bool NewFile::giveName(const QByteArray &finalName)
+/// Fails when something has that name already or the name cannot be given.
+Result<void, std::error_code> NewFile::giveName(const QByteArray &finalName)
 {
-    const bool given = renameWithoutReplacing(finalName) || linkAs(finalName) || renameOntoPlaceholder(finalName);
+    auto given = renameWithoutReplacing(finalName);
+    const auto failedBy = [&given](std::initializer_list<std::errc> errors) {
+        return !given && std::ranges::any_of(errors, [&given](std::errc error) { return given.error() == error; });
+    };
+    if (failedBy({std::errc::invalid_argument, std::errc::function_not_supported})) {
+        given = linkAs(finalName);
+    }
+    if (failedBy({std::errc::operation_not_permitted, std::errc::operation_not_supported,
+                  std::errc::function_not_supported})) {
+        given = renameOntoPlaceholder(finalName);
+    }
     if (given) {
         name_.clear();
     }
     return given;
 }
 
-bool NewFile::renameWithoutReplacing(const QByteArray &finalName)
+Result<void, std::error_code> NewFile::renameWithoutReplacing(const QByteArray &finalName)
 {
-    return ::renameat2(folder_.get(), name_.constData(), folder_.get(), finalName.constData(), RENAME_NOREPLACE) == 0;
+    return done(::renameat2(folder_.get(), name_.constData(), folder_.get(), finalName.constData(), RENAME_NOREPLACE) ==
+                0);
 }
 
 /// For network file systems, which do not know the flag: a second name for the file refuses to replace as well.
-bool NewFile::linkAs(const QByteArray &finalName)
+Result<void, std::error_code> NewFile::linkAs(const QByteArray &finalName)
 {
-    const bool flagUnknown = errno == EINVAL || errno == ENOSYS;
-    if (!flagUnknown || ::linkat(folder_.get(), name_.constData(), folder_.get(), finalName.constData(), 0) != 0) {
-        return false;
+    const auto linked = done(::linkat(folder_.get(), name_.constData(), folder_.get(), finalName.constData(), 0) == 0);
+    if (linked) {
+        ::unlinkat(folder_.get(), name_.constData(), 0);
     }
-    ::unlinkat(folder_.get(), name_.constData(), 0);
-    return true;
+    return linked;
 }
 
 /// For memory sticks (exFAT) and their like, which know neither: the name is taken by an empty file first, so that
 /// nobody else's is replaced.
-bool NewFile::renameOntoPlaceholder(const QByteArray &finalName)
+Result<void, std::error_code> NewFile::renameOntoPlaceholder(const QByteArray &finalName)
 {
-    const bool linksUnknown = errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS;
-    if (!linksUnknown) {
-        return false;
-    }
     const FileDescriptor placeholder(
         ::openat(folder_.get(), finalName.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
     if (!placeholder.isOpen()) {
-        return false;
+        return failure(lastError());
     }
-    if (::renameat(folder_.get(), name_.constData(), folder_.get(), finalName.constData()) == 0) {
-        return true;
+    const auto renamed = done(::renameat(folder_.get(), name_.constData(), folder_.get(), finalName.constData()) == 0);
+    if (!renamed) {
+        ::unlinkat(folder_.get(), finalName.constData(), 0);
     }
-    const int error = errno;
-    ::unlinkat(folder_.get(), finalName.constData(), 0);
-    errno = error;
-    return false;
+    return renamed;
 }
 
 void NewFile::removeLeftovers(const QString &folder)

@@ -40,10 +40,10 @@ private:
     int create();
     bool succeeded(bool isGood);
     bool keep();
-    bool giveName(const QByteArray &finalName);
-    bool renameWithoutReplacing(const QByteArray &finalName);
-    bool linkAs(const QByteArray &finalName);
-    bool renameOntoPlaceholder(const QByteArray &finalName);
+    Result<void, std::error_code> giveName(const QByteArray &finalName);
+    Result<void, std::error_code> renameWithoutReplacing(const QByteArray &finalName);
+    Result<void, std::error_code> linkAs(const QByteArray &finalName);
+    Result<void, std::error_code> renameOntoPlaceholder(const QByteArray &finalName);
 
     const CancelFlag &cancelled_;
     FileDescriptor folder_;
