@@ -52,11 +52,10 @@ void HttpExchange::send()
 void HttpExchange::takeAnswer(const Result<QByteArray> &body)
 {
     const QUrl target = transfer_->redirection();
-    if (!body) {
-        end(body);
-    } else if (transfer_->status() >= 400) {
+    const bool isRedirected = body && !target.isEmpty() && !request_.body;
+    if (body && transfer_->status() >= 400) {
         end(failure(u"HTTP status %1"_s.arg(transfer_->status())));
-    } else if (target.isEmpty() || request_.body) {
+    } else if (!isRedirected) {
         end(body);
     } else if (!haveOneOrigin(target, request_.url) || ++redirections_ > mostRedirections) {
         end(failure(u"the server redirects elsewhere, or without end"_s));
