@@ -131,7 +131,8 @@ void ExportJob::exportMovie(const KTMovieObject &movie, int index, ExportResult 
         return;
     }
     QString path = OutputFile::freePath(folderFor(movie), movie.filePath, *extension);
-    if (!mayBeWritten(path, result)) {
+    if (const auto allowed = mayBeWritten(path); !allowed) {
+        fail(result, allowed.error());
         tell(result);
         return;
     }
@@ -161,19 +162,18 @@ QImage ExportJob::render(const KTMovieObject &movie, int index, ExportResult &re
 }
 
 /// Asks the user where the folder is not writable; the default answer is to leave this movie out.
-bool ExportJob::mayBeWritten(const QString &path, ExportResult &result)
+Result<void> ExportJob::mayBeWritten(const QString &path)
 {
     const QString folder = GlobalFun::deletingLastPathComponent(path);
     if (OutputFile::isWritableFolder(folder)) {
-        return true;
+        return {};
     }
     const QString message = u"The output path %1 is not writable,Please set up the priviledge at the Finder"_s.arg(
         PathText::forDisplay(folder));
     if (services_.alert.run(u"Alert!"_s, message, {u"Continue"_s}) != 0) {
-        return true;
+        return {};
     }
-    fail(result, message);
-    return false;
+    return failure(message);
 }
 
 QString ExportJob::folderFor(const KTMovieObject &movie) const

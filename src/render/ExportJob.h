@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Result.h"
 #include "platform/threads/CancelFlag.h"
 #include "render/CollageTexts.h"
 
@@ -50,7 +51,7 @@ private:
     void exportMovie(const KTMovieObject &movie, int index, ExportResult &result);
     QImage render(const KTMovieObject &movie, int index, ExportResult &result);
     QString folderFor(const KTMovieObject &movie) const;
-    bool mayBeWritten(const QString &path, ExportResult &result);
+    Result<void> mayBeWritten(const QString &path);
     /// The path at which the image stands, or would if it could have been written. Nothing after a cancel.
     QString write(const KTMovieObject &movie, const QImage &canvas, QString path, ExportResult &result);
     void tell(const ExportResult &result);
