@@ -71,13 +71,6 @@ private:
     std::chrono::seconds told_{1}; // the first second is nothing to tell of
 };
 
-QImage loadPicture(const QString &path)
-{
-    QByteArray bytes = FileSystem::contentsOf(path).value_or(QByteArray());
-    QBuffer buffer(&bytes);
-    return QImageReader(&buffer).read();
-}
-
 } // namespace
 
 FrameGrabber::FrameGrabber(QString tool, const QString &temporaryFolder, TaskLimits limits) :
@@ -88,15 +81,21 @@ FrameGrabber::FrameGrabber(QString tool, const QString &temporaryFolder, TaskLim
     QImageReader::setAllocationLimit(0); // a frame of an 8K movie needs more than the 128 MB that Qt allows
 }
 
-GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled,
-                                           const Waiting &waiting)
+GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled)
+{
+    return decode(grab(moviePath, seconds, cancelled, {}));
+}
+
+GrabbedFile FrameGrabber::grab(const QString &moviePath, double seconds, const CancelFlag &cancelled,
+                               const Waiting &waiting)
 {
     const std::lock_guard lock(oneAtATime_);
     if (cancelled) {
         return {};
     }
+    const auto picture = [this] { return FileSystem::contentsOf(pictureFile_).value_or(QByteArray()); };
     if (wouldBlock(moviePath)) {
-        return {loadPicture(pictureFile_), false, u"is not a regular file"_s, false};
+        return {picture(), false, u"is not a regular file"_s, false};
     }
 
     const auto before = FileSystem::status(pictureFile_);
@@ -109,14 +108,18 @@ GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seco
     if (!task.waitUntilTaskExit(cancelled) || cancelled) {
         return {};
     }
+    const bool isWritten = !isSameFile(before, FileSystem::status(pictureFile_)) && task.brokenLimit().isEmpty();
+    return {picture(), isWritten, problemOf(moviePath, task, tool_), task.hasHung()};
+}
+
+GrabbedFrame FrameGrabber::decode(GrabbedFile file)
+{
     GrabbedFrame frame;
-    frame.picture = loadPicture(pictureFile_);
-    frame.isNew = !isSameFile(before, FileSystem::status(pictureFile_)) && task.brokenLimit().isEmpty();
-    frame.isNew = frame.isNew && !frame.picture.isNull();
-    frame.hasHung = task.hasHung();
-    if (!frame.isNew) {
-        frame.problem = problemOf(moviePath, task, tool_);
-    }
+    QBuffer buffer(&file.bytes);
+    frame.picture = QImageReader(&buffer).read();
+    frame.isNew = file.isNew && !frame.picture.isNull();
+    frame.problem = frame.isNew ? QString() : file.problem;
+    frame.hasHung = file.hasHung;
     return frame;
 }
 

@@ -18,6 +18,14 @@ struct GrabbedFrame {
     bool hasHung = false; ///< the tool had to be stopped, and would have to be again
 };
 
+/// What the tool has left of one grab, before it is decoded.
+struct GrabbedFile {
+    QByteArray bytes;     ///< the picture file, which may be that of an earlier grab; empty when there is none
+    bool isNew = false;   ///< this grab has written it
+    QString problem;      ///< as in GrabbedFrame, for the case that the file is no picture
+    bool hasHung = false; ///< as in GrabbedFrame
+};
+
 /// Grabs single frames of movies with the external `ffmpeg` tool. One per process, owned by main; safe on any thread,
 /// grabs run one after the other.
 class FrameGrabber {
@@ -29,10 +37,13 @@ public:
     FrameGrabber(QString tool, const QString &temporaryFolder, TaskLimits limits = {});
 
     /// The frame shown at `seconds`. When the tool gives none, the previous grab's picture, whatever movie it was of.
-    /// Setting `cancelled` stops the running tool; the result is then of no use. `waiting`, which may be empty, hears
-    /// each second for how long the tool has been running, from the second one on.
-    GrabbedFrame createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled,
-                                 const Waiting &waiting = {});
+    /// Setting `cancelled` stops the running tool; the result is then of no use.
+    GrabbedFrame createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled);
+
+    /// The same in two steps, so that the next grab can run while this one's picture is decoded. `waiting`, which may
+    /// be empty, hears each second for how long the tool has been running, from the second one on; on the same thread.
+    GrabbedFile grab(const QString &moviePath, double seconds, const CancelFlag &cancelled, const Waiting &waiting);
+    static GrabbedFrame decode(GrabbedFile file);
 
     /// Where the tool is expected: "<path of the executable>/../ffmpeg", resolved as text.
     static QString toolPathBeside(const QString &executablePath);

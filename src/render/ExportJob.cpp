@@ -17,6 +17,7 @@
 #include "render/MissingFrames.h"
 #include "render/MovieSource.h"
 #include "render/OutputFile.h"
+#include "render/TileFrames.h"
 
 #include <functional>
 #include <new>
@@ -26,48 +27,41 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Grabs each tile's frame of one movie and reports it.
-class GrabbedTiles {
+/// Reports each tile's frame of one movie.
+class ReportedTiles {
 public:
-    GrabbedTiles(const ExportServices &services, ExportProgress report) :
-        services_(services), report_(std::move(report))
+    ReportedTiles(const ExportServices &services, ExportProgress report, const CollageLayout &layout) :
+        services_(services),
+        report_(std::move(report)),
+        frames_(services_.grabber,
+                {report_.filePath, report_.tileCount, [layout](std::int64_t tile) { return layout.tileTime(tile); }},
+                services_.bExportCanceled)
     {
     }
 
     QImage picture(std::int64_t tile, double seconds)
     {
-        grab(seconds);
+        const GrabbedFrame frame = frames_.next([this](std::chrono::seconds time) {
+            ExportProgress waiting = report_;
+            waiting.waited = time;
+            services_.observer.updateProgress(waiting);
+        });
         if (!services_.bExportCanceled) {
-            missing_.add(seconds, frame_);
+            missing_.add(seconds, frame);
             report_.tile = tile + 1;
-            report_.picture = frame_.picture;
+            report_.picture = frame.picture;
             services_.observer.updateProgress(report_);
         }
-        return frame_.picture;
+        return frame.picture;
     }
 
     const MissingFrames &missingFrames() const { return missing_; }
 
 private:
-    /// If the tool hangs, the rest of the movie's tiles are not tried: each would take as long.
-    void grab(double seconds)
-    {
-        if (frame_.hasHung) {
-            frame_.isNew = false;
-            return;
-        }
-        frame_ = services_.grabber.createThumbnail(report_.filePath, seconds, services_.bExportCanceled,
-                                                   [this](std::chrono::seconds time) {
-                                                       ExportProgress waiting = report_;
-                                                       waiting.waited = time;
-                                                       services_.observer.updateProgress(waiting);
-                                                   });
-    }
-
     const ExportServices &services_;
     ExportProgress report_;
-    GrabbedFrame frame_;
     MissingFrames missing_;
+    TileFrames frames_;
 };
 
 void fail(ExportResult &result, const QString &reason)
@@ -154,10 +148,11 @@ QImage ExportJob::render(const KTMovieObject &movie, int index, ExportResult &re
         fail(result, impossibleCanvas(painter.layout()));
         return canvas;
     }
-    const std::int64_t tiles = painter.layout().tileCount();
-    GrabbedTiles source(services_, {movie.filePath, index, services_.aryItems.count(), 0, tiles, {}, {}});
-    painter.paint(canvas, std::bind_front(&GrabbedTiles::picture, &source), services_.bExportCanceled);
-    source.missingFrames().tell(movie, result);
+    const CollageLayout &layout = painter.layout();
+    ReportedTiles tiles(services_, {movie.filePath, index, services_.aryItems.count(), 0, layout.tileCount(), {}, {}},
+                        layout);
+    painter.paint(canvas, std::bind_front(&ReportedTiles::picture, &tiles), services_.bExportCanceled);
+    tiles.missingFrames().tell(movie, result);
     return canvas;
 }
 

@@ -12,8 +12,10 @@
 
 #include <QFile>
 #include <QImage>
+#include <QTest>
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 
 #include <chrono>
 #include <vector>
@@ -189,6 +191,24 @@ TEST_F(ExportJobTest, OneMoviesTroubleStaysItsOwn)
     exportAll();
     EXPECT_THAT(diary.entries, ElementsAre("failed huge.mov", "incomplete empty.jpg", "movie 2/3 tile 1/2",
                                            "movie 2/3 tile 2/2", "incomplete a.jpg", "end", "failed empty.mov", "end"));
+}
+
+TEST_F(ExportJobTest, TheToolRunsForTheNextTileWhileOneIsPainted)
+{
+    add("a.mov", 2);
+    // The second run waits until the first one's tile has been shown, and the other way round.
+    tool = scriptedTool(folder, "tool",
+                        "cd \"${0%/*}\"; [ -e first ] && touch second && read _ <shown; touch first; "
+                        "cp picture.jpg \"$8\"");
+    ASSERT_EQ(::mkfifo(folder.bytes("shown").constData(), 0600), 0);
+    diary.onProgress = [this](const ExportProgress &at) {
+        if (at.tile == 1) {
+            ASSERT_TRUE(QTest::qWaitFor([this] { return QFile::exists(folder.path("second")); }));
+            folder.write("shown", "go\n");
+        }
+    };
+    exportAll();
+    EXPECT_THAT(diary.entries, testing::Contains("written a.jpg"));
 }
 
 TEST_F(ExportJobTest, AToolThatHangsIsTriedOncePerMovie)
