@@ -15,7 +15,6 @@
 
 #include <cstdio>
 #include <new>
-#include <utility>
 
 namespace {
 
@@ -33,7 +32,7 @@ QImage fitted(const QImage &picture, qreal devicePixelRatio)
 
 } // namespace
 
-LoadingJob::LoadingJob(Services services) : services_(std::move(services)), loader_(services_.defaults) {}
+LoadingJob::LoadingJob(Services services) : services_(services), loader_(services_.defaults) {}
 
 void LoadingJob::add(const QStringList &paths, int indexToInsert)
 {

@@ -14,7 +14,6 @@
 #include <QGuiApplication>
 
 #include <chrono>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -140,7 +139,7 @@ private:
     const RemainingTime estimate_;
 };
 
-MovieJobs::MovieJobs(Services services, JobsView &view) : services_(std::move(services)), view_(view)
+MovieJobs::MovieJobs(Services services, JobsView &view) : services_(services), view_(view)
 {
     cancelPatience_.setSingleShot(true);
     cancelPatience_.setInterval(patienceAfterCancel);

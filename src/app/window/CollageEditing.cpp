@@ -7,9 +7,7 @@
 
 #include <QPushButton>
 
-#include <utility>
-
-CollageEditing::CollageEditing(Services services, QWidget &window) : services_(std::move(services)), window_(window) {}
+CollageEditing::CollageEditing(Services services, QWidget &window) : services_(services), window_(window) {}
 
 CollageEditing::~CollageEditing() = default;
 

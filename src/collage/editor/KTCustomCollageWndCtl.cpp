@@ -50,7 +50,7 @@ QImage fittedForList(const QImage &image)
 } // namespace
 
 KTCustomCollageWndCtl::KTCustomCollageWndCtl(Services services, QWidget *parent) :
-    QDialog(parent), services_(std::move(services)), ui_(std::make_unique<Ui::KTCustomCollageWndCtl>())
+    QDialog(parent), services_(services), ui_(std::make_unique<Ui::KTCustomCollageWndCtl>())
 {
     ui_->setupUi(this);
     resize(size().boundedTo(screen()->availableSize() - roomAroundSheet));
