@@ -38,8 +38,9 @@ std::optional<Place> placeOf(const QByteArray &path)
     const qsizetype slash = path.lastIndexOf('/');
     const Place place{.folder = slash < 0 ? QByteArray(".") : path.first(qMax(slash, qsizetype(1))),
                       .name = path.sliced(slash + 1)};
-    if (place.name.isEmpty() || path.contains('\0')) // a NUL would cut the name short
+    if (place.name.isEmpty() || path.contains('\0')) { // a NUL would cut the name short
         return std::nullopt;
+    }
     return place;
 }
 

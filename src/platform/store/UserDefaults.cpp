@@ -43,7 +43,7 @@ private:
 QJsonValue UserDefaults::Private::find(const QString &key) const
 {
     for (const QJsonObject *layer : {&volatileValues, &changes, &stored, &registered}) {
-        if (const QJsonValue value = layer->value(key); !value.isUndefined() && !value.isNull()) {
+        if (QJsonValue value = layer->value(key); !value.isUndefined() && !value.isNull()) {
             return value;
         }
     }
