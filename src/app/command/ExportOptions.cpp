@@ -16,17 +16,41 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Where the help names an option.
+enum class Group { Usage, Where, What, Rest };
+
 struct Option {
-    const char *names; ///< separated by a comma
-    const char *value; ///< null for a switch
+    Group group;
+    const char *names;          ///< separated by a comma, the short one first
+    const char *value;          ///< null for a switch
+    const char *help;           ///< "%1" stands for the names of the image formats
+    QLatin1StringView key = {}; ///< the setting over which a whole number lies; the others are read one by one
+    qlonglong least = 0;        ///< of these numbers
 };
 
+// clang-format off
 constexpr std::array options{
-    Option{"export", nullptr},    Option{"o,output", "DIR"},  Option{"beside", nullptr},  Option{"rows", "N"},
-    Option{"columns", "N"},       Option{"tile-width", "PX"}, Option{"format", "FORMAT"}, Option{"start", "T"},
-    Option{"end", "T"},           Option{"set", "KEY=VALUE"}, Option{"q,quiet", nullptr}, Option{"h,help", nullptr},
-    Option{"v,version", nullptr},
+    Option{Group::Usage, "export",     nullptr,     nullptr},
+    Option{Group::Where, "o,output",   "DIR",       "into DIR, which is made if missing"},
+    Option{Group::Where, "beside",     nullptr,     "beside each movie"},
+    Option{Group::Where, "format",     "FORMAT",    "%1"},
+    Option{Group::What,  "rows",       "N",         "rows of frames", PreferenceKeys::rowNumber, 1},
+    Option{Group::What,  "columns",    "N",         "columns of frames", PreferenceKeys::columeNumber, 1},
+    Option{Group::What,  "tile-width", "PX",        "width of a frame in pixels; the height follows the movie",
+           PreferenceKeys::tileWidth, 1},
+    Option{Group::What,  "start",      "T",         "time of the first frame, in seconds or as hh:mm:ss"},
+    Option{Group::What,  "end",        "T",         "time of the last frame"},
+    Option{Group::What,  "set",        "KEY=VALUE", "any other setting, for this run only; may be repeated"},
+    Option{Group::Rest,  "q,quiet",    nullptr,     "no progress"},
+    Option{Group::Rest,  "h,help",     nullptr,     "this text"},
+    Option{Group::Rest,  "v,version",  nullptr,     "the version"},
 };
+// clang-format on
+
+QStringList namesOf(const Option &option)
+{
+    return QString::fromLatin1(option.names).split(u',');
+}
 
 /// The arguments of the window without the options of every program of the toolkit, which takes them itself.
 QStringList withoutToolkitOptions(const QStringList &arguments)
@@ -48,18 +72,6 @@ QStringList withoutToolkitOptions(const QStringList &arguments)
     return rest;
 }
 
-struct NumberOption {
-    QStringView name;
-    QLatin1StringView key;
-    qlonglong least;
-};
-
-constexpr std::array numberOptions{
-    NumberOption{u"rows", PreferenceKeys::rowNumber, 1},
-    NumberOption{u"columns", PreferenceKeys::columeNumber, 1},
-    NumberOption{u"tile-width", PreferenceKeys::tileWidth, 1},
-};
-
 /// "jpg, png, bmp or tiff"
 QString formatNames()
 {
@@ -70,13 +82,29 @@ QString formatNames()
     return names.join(u", ") + u" or " + last;
 }
 
-Result<QVariant> wholeNumber(const NumberOption &option, const QString &text)
+/// The lines of the help about a group of options.
+QString helpOn(Group group)
+{
+    QString lines;
+    for (const Option &option : options) {
+        if (option.group == group) {
+            const QStringList names = namesOf(option);
+            const QString shortName = names.size() > 1 ? u"-%1, "_s.arg(names.first()) : u"    "_s;
+            const QString usage = u"%1--%2 %3"_s.arg(shortName, names.last(), QString::fromLatin1(option.value));
+            lines += u"  %1%2\n"_s.arg(usage, -22).arg(QString::fromLatin1(option.help));
+        }
+    }
+    return lines;
+}
+
+Result<QVariant> wholeNumber(const Option &option, const QString &text)
 {
     bool isNumber = false;
     const qlonglong number = text.toLongLong(&isNumber);
     if (!isNumber || number < option.least || number > std::numeric_limits<std::int32_t>::max()) {
-        return failure(
-            u"--%1 takes a whole number from %2 up, not \"%3\""_s.arg(option.name).arg(option.least).arg(text));
+        return failure(u"--%1 takes a whole number from %2 up, not \"%3\""_s.arg(namesOf(option).last())
+                           .arg(option.least)
+                           .arg(text));
     }
     return number;
 }
@@ -111,9 +139,8 @@ Result<std::optional<double>> seconds(const QCommandLineParser &parser, const QS
 /// --set refuses the same values as the options of their own.
 Result<SettingOption> checkNumber(const SettingOption &setting)
 {
-    const auto *const option = std::ranges::find_if(
-        numberOptions, [&setting](const NumberOption &number) { return number.key == setting.key; });
-    if (option != numberOptions.end() && setting.value.toDouble() < static_cast<double>(option->least)) {
+    const auto *const option = std::ranges::find(options, setting.key, &Option::key);
+    if (option != options.end() && setting.value.toDouble() < static_cast<double>(option->least)) {
         return failure(u"--set %1 takes a number from %2 up"_s.arg(setting.key).arg(option->least));
     }
     return setting;
@@ -130,8 +157,8 @@ Result<std::vector<SettingOption>> readSettings(const QCommandLineParser &parser
     const auto keep = [&read](QLatin1StringView key, const Result<QVariant> &value) {
         read.push_back(value.map([key](const QVariant &number) { return SettingOption{key, number}; }));
     };
-    for (const NumberOption &option : numberOptions) {
-        if (const QString name = option.name.toString(); parser.isSet(name)) {
+    for (const Option &option : options) {
+        if (const QString name = namesOf(option).last(); !option.key.isEmpty() && parser.isSet(name)) {
             keep(option.key, wholeNumber(option, parser.value(name)));
         }
     }
@@ -197,9 +224,7 @@ Result<ExportOptions> ExportOptions::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
     for (const Option &option : options) {
-        const QStringList names = QString::fromLatin1(option.names).split(u',');
-        const QString value = QString::fromLatin1(option.value);
-        parser.addOption(QCommandLineOption(names, QString(), value));
+        parser.addOption(QCommandLineOption(namesOf(option), QString(), QString::fromLatin1(option.value)));
     }
     const bool isExport = arguments.contains(u"--export"_s);
     if (!parser.parse(isExport ? arguments : withoutToolkitOptions(arguments))) {
@@ -231,22 +256,10 @@ Each PATH is a movie, or a folder to be searched for movies. The path of each fi
 image goes to standard output, progress and errors go to standard error.
 
 Where the images go
-  -o, --output DIR      into DIR, which is made if missing
-      --beside          beside each movie
-      --format FORMAT   %1
-
+%1
 What they show
-      --rows N          rows of frames
-      --columns N       columns of frames
-      --tile-width PX   width of a frame in pixels; the height follows the movie
-      --start T         time of the first frame, in seconds or as hh:mm:ss
-      --end T           time of the last frame
-      --set KEY=VALUE   any other setting, for this run only; may be repeated
-
-  -q, --quiet           no progress
-  -h, --help            this text
-  -v, --version         the version
-
+%2
+%3
 Examples
   tessarine --export holiday.mkv
   tessarine --export --rows 4 --columns 4 -o collages/ Movies/
@@ -261,5 +274,5 @@ Exit status
     1  some movie could not be read or written, or some of its frames not be found
     2  the command line was wrong, or its range lies outside a movie
   130  interrupted
-)"_s.arg(formatNames());
+)"_s.arg(helpOn(Group::Where).arg(formatNames()), helpOn(Group::What), helpOn(Group::Rest));
 }
