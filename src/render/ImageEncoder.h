@@ -8,8 +8,8 @@ class QIODevice;
 
 namespace GlobalFun {
 
-/// Writes the image to an open device that can seek, as a file of the type that the extension names: tif, tiff, bmp,
-/// gif, jpg, jpeg or png, in lower case. False for any other extension, and when the image cannot be encoded or
+/// Writes the image to an open device that can seek, as a file of the type that the extension names: one of
+/// imageFormats or "gif", in lower case. False for any other extension, and when the image cannot be encoded or
 /// written. Every encoder runs at its defaults. Formats without transparency show it as white. Safe on any thread.
 bool writeRepresentationOfType(const QImage &image, const QString &extension, QIODevice &device);
 

@@ -22,8 +22,16 @@ struct DefaultParametersTest : testing::Test {
 
 TEST_F(DefaultParametersTest, AnEmptyStoreGivesZeroesNotTheInitialValues)
 {
-    EXPECT_EQ(settings(),
-              (CollageSettings{0, QColor(Qt::black), 0, QColor(Qt::white), 0, 0, 0, 0, 0, 0, 0, 0, false, true}));
+    EXPECT_EQ(settings(), (CollageSettings{.borderWidth = 0,
+                                           .backgroundColor = Qt::black,
+                                           .gridBorderWidth = 0,
+                                           .gridBorderColor = Qt::white,
+                                           .columeSpace = 0,
+                                           .rowSpace = 0,
+                                           .gridWidth = 0,
+                                           .gridHeight = 0,
+                                           .rowNumber = 0,
+                                           .columeNumber = 0}));
 }
 
 TEST_F(DefaultParametersTest, NumbersAreWholeAndTheHeightIsExactlyTheMovies)

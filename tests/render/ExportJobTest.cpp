@@ -7,6 +7,7 @@
 #include "platform/desktop/Workspace.h"
 #include "platform/store/UserDefaults.h"
 #include "render/ExportObserver.h"
+#include "render/ImageFormats.h"
 #include "render/MovieSource.h"
 #include "support/ScriptedTool.h"
 
@@ -187,7 +188,7 @@ TEST_F(ExportJobTest, OneMoviesTroubleStaysItsOwn)
     tool = scriptedTool(folder, "failing", "exit 1");
     exportAll();
     diary.movies = {diary.movies.at(1)};
-    defaults.setInteger(PreferenceKeys::outputFormat, 4); // there is none of that number
+    defaults.setInteger(PreferenceKeys::outputFormat, std::ssize(imageFormats)); // there is none of that number
     exportAll();
     EXPECT_THAT(diary.entries, ElementsAre("failed huge.mov", "incomplete empty.jpg", "movie 2/3 tile 1/2",
                                            "movie 2/3 tile 2/2", "incomplete a.jpg", "end", "failed empty.mov", "end"));

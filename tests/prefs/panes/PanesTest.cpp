@@ -5,6 +5,8 @@
 #include "platform/widgets/ColorWell.h"
 #include "prefs/panes/RBGeneralPreferViewCtl.h"
 #include "prefs/panes/RBMetadataPrefViewCtl.h"
+#include "render/ImageFormats.h"
+#include "render/MetadataText.h"
 #include "support/ScratchFolder.h"
 
 #include <QCheckBox>
@@ -51,8 +53,10 @@ TEST_F(PanesTest, FormatAndCornerThatAreNoneBecomeTheFirst)
 {
     EXPECT_TRUE(RBGeneralPreferViewCtl(defaults).commitEditing()); // never seen
     EXPECT_FALSE(defaults.contains(PreferenceKeys::outputFormat));
-    for (const auto &[number, kept, format] :
-         {std::tuple{3LL, 3, "TIFF"}, {4LL, 0, "JPEG"}, {-1LL, 0, "JPEG"}, {1LL << 32, 0, "JPEG"}}) {
+    for (const auto &[number, kept, format] : {std::tuple{3LL, 3, "TIFF"},
+                                               {std::ssize(imageFormats), 0, "JPEG"},
+                                               {-1LL, 0, "JPEG"},
+                                               {1LL << 32, 0, "JPEG"}}) {
         defaults.setInteger(PreferenceKeys::outputFormat, number);
         defaults.setInteger(PreferenceKeys::gridTextPosition, number);
         RBGeneralPreferViewCtl general(defaults);
@@ -67,7 +71,12 @@ TEST_F(PanesTest, FormatAndCornerThatAreNoneBecomeTheFirst)
 
 TEST_F(PanesTest, AllAndNoneLeaveTheTimeStampsAlone)
 {
-    for (const auto &[before, button, after] : {std::tuple{1023, "btnUncheckAll", 3}, {2, "btnCheckAll", 1022}}) {
+    std::int32_t lines = 0;
+    for (const MetadataLine &line : metadataLines()) {
+        lines += line.value ? static_cast<std::int32_t>(line.item) : 0;
+    }
+    for (const auto &[before, button, after] :
+         {std::tuple{lines + 3, "btnUncheckAll", 3}, {2, "btnCheckAll", lines + 2}}) {
         defaults.setInteger(PreferenceKeys::metadataText, before);
         RBMetadataPrefViewCtl pane(defaults, notifications);
         QTest::mouseClick(&control<QPushButton>(pane, button), Qt::LeftButton);
