@@ -55,7 +55,7 @@ using S = CollageSettings;
 // of the two gaps is read from the key under which the other is stored, on purpose: the next movie gets them swapped,
 // and stores in use rely on that.
 // clang-format off
-inline constexpr std::array<Number, 8> numbers{{
+inline constexpr auto numbers = std::to_array<Number>({
     // control            slider               member               shown accepted  stored under           read from
     {"lblGridRowNum",     nullptr,             &S::rowNumber,       1,    1,        Key::rowNumber,        Key::rowNumber},
     {"lblGridColumeNum",  nullptr,             &S::columeNumber,    1,    1,        Key::columeNumber,     Key::columeNumber},
@@ -65,17 +65,17 @@ inline constexpr std::array<Number, 8> numbers{{
     {"lblHorizontalGaps", nullptr,             &S::columeSpace,     0,    0,        Key::horizontalGaps,   Key::verticalGaps},
     {"lblVerticalGaps",   nullptr,             &S::rowSpace,        0,    0,        Key::verticalGaps,     Key::horizontalGaps},
     {"lblBorderWidth",    "slidBorderWidth",   &S::borderWidth,     0,    0,        Key::borderWidth,      Key::borderWidth},
-}};
-inline constexpr std::array<Color, 2> colors{{
+});
+inline constexpr auto colors = std::to_array<Color>({
     // control              member               key                   when absent
     {"bgColorWell",         &S::backgroundColor, Key::backgroundColor, Qt::black},
     {"gridBorderColorWell", &S::gridBorderColor, Key::tileBorderColor, Qt::white},
-}};
-inline constexpr std::array<Switch, 2> switches{{
+});
+inline constexpr auto switches = std::to_array<Switch>({
     // control      member            key
     {"chkShadowed", &S::gridShadowed, Key::drawShadow},
     {"chkAuto",     &S::autoHeight,   {}},
-}};
+});
 // clang-format on
 
 } // namespace CollageFields
