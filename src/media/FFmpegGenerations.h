@@ -26,4 +26,25 @@ inline std::span<const std::uint8_t> sideData(const AVStream &stream, AVPacketSi
 #endif
 }
 
+/// How long a frame is shown, in its stream's time base; 0 when it does not say.
+inline std::int64_t durationOf(const AVFrame &frame)
+{
+#if LIBAVUTIL_VERSION_INT >= AV_VERSION_INT(57, 30, 100) // FFmpeg 6.0
+    return frame.duration;
+#else
+    return frame.pkt_duration;
+#endif
+}
+
+/// How many fields the codec counts for one frame.
+inline int fieldsPerFrame(const AVCodecContext &decoder)
+{
+#if LIBAVCODEC_VERSION_INT >= AV_VERSION_INT(60, 12, 100) // FFmpeg 6.1
+    const AVCodecDescriptor *descriptor = avcodec_descriptor_get(decoder.codec_id);
+    return descriptor && (descriptor->props & AV_CODEC_PROP_FIELDS) != 0 ? 2 : 1;
+#else
+    return decoder.ticks_per_frame > 0 ? decoder.ticks_per_frame : 1;
+#endif
+}
+
 } // namespace FFmpegGenerations

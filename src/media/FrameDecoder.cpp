@@ -1,0 +1,272 @@
+#include "media/FrameDecoder.h"
+
+#include "media/MovieReader.h"
+#include "media/PictureMaker.h"
+#include "media/ToolClock.h"
+#include "media/VXMediaInfo.h"
+#include "platform/files/PathText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <new>
+#include <span>
+
+using namespace Qt::StringLiterals;
+
+using namespace FFmpegHandles;
+
+namespace {
+
+/// The largest picture: 16K, 15,360 × 8,640. A file of some bytes can demand more memory than there is.
+constexpr std::int64_t mostPixels = std::int64_t{1} << 27;
+
+/// The time in microseconds, after the rounding that the tool's argument gets; nothing when it is out of all range.
+std::optional<std::int64_t> asTheToolReads(double seconds)
+{
+    static constexpr double longest = 1e12;
+    if (!(std::abs(seconds) < longest)) {
+        return {};
+    }
+    std::array<char, 32> text = {};
+    const char *end = std::to_chars(text.begin(), text.end(), seconds, std::chars_format::fixed, 2).ptr;
+    double rounded = 0.0;
+    std::from_chars(text.begin(), end, rounded);
+    return std::llround(rounded * AV_TIME_BASE);
+}
+
+} // namespace
+
+class FrameDecoder::State {
+public:
+    State(const QString &path, const CancelFlag &cancelled, int threads);
+
+    Result<void> open();
+    void scaleTo(QSize size) { maker_.scaleTo(size); }
+    Result<QImage> exactFrame(double seconds);
+    Result<QImage> keyFrame(double seconds);
+    std::optional<double> keyTimeBefore(double seconds);
+
+private:
+    Result<void> openDecoder(int threads);
+    Result<void> seek(std::int64_t time);
+    bool canGoOnTo(std::int64_t ticks) const;
+    Result<bool> decodeNext(std::int64_t target);
+    void feed(std::int64_t target);
+    bool decodeKey(std::span<const Packet> key);
+
+    MovieReader reader_;
+    const int threads_;
+    PictureMaker maker_;
+    CodecContext decoder_;
+    Frame frame_;
+    std::optional<ToolClock> clock_;
+    // Where exactFrame() stands: the time last sought, and that of the frame in hand, in the stream's units.
+    bool canGoOn_ = false;
+    std::int64_t sought_ = 0;
+    std::int64_t reached_ = AV_NOPTS_VALUE;
+};
+
+FrameDecoder::State::State(const QString &path, const CancelFlag &cancelled, int threads) :
+    reader_(PathText::toBytes(path), cancelled), threads_(std::max(threads, 1)), frame_(av_frame_alloc())
+{
+    if (!frame_) {
+        throw std::bad_alloc();
+    }
+}
+
+Result<void> FrameDecoder::State::open()
+{
+    FFMpegInit();
+    auto opened = reader_.open();
+    return opened ? openDecoder(threads_) : opened;
+}
+
+/// A new one for every seek: an old one keeps what it has learnt of the stream's order, which the tool cannot know.
+Result<void> FrameDecoder::State::openDecoder(int threads)
+{
+    const AVStream &stream = reader_.stream();
+    const AVCodec *codec = avcodec_find_decoder(stream.codecpar->codec_id);
+    decoder_.reset(codec ? avcodec_alloc_context3(codec) : nullptr);
+    if (!decoder_ || avcodec_parameters_to_context(decoder_.get(), stream.codecpar) < 0) {
+        return failure(u"has pictures that cannot be decoded"_s);
+    }
+    decoder_->pkt_timebase = stream.time_base;
+    decoder_->framerate = stream.avg_frame_rate;
+    decoder_->thread_count = threads;
+    decoder_->max_pixels = mostPixels;
+    if (avcodec_open2(decoder_.get(), codec, nullptr) < 0) {
+        return failure(u"has pictures that cannot be decoded"_s);
+    }
+    return {};
+}
+
+Result<QImage> FrameDecoder::State::exactFrame(double seconds)
+{
+    const auto time = asTheToolReads(seconds);
+    if (!time) {
+        return QImage();
+    }
+    reader_.beginPicture();
+    const std::int64_t target = reader_.inTicks(reader_.fromStart(*time));
+    if (!canGoOnTo(target)) {
+        if (const auto found = seek(reader_.fromStart(*time)); !found) {
+            return failure(found.error());
+        }
+    }
+    sought_ = target;
+    while (reached_ == AV_NOPTS_VALUE || reached_ < target) {
+        const auto decoded = decodeNext(target);
+        if (!decoded || !*decoded) {
+            canGoOn_ = false;
+            return decoded ? Result<QImage>(QImage()) : failure(decoded.error());
+        }
+        reached_ = frame_->best_effort_timestamp;
+    }
+    return maker_.make(*frame_, reader_.stream());
+}
+
+Result<void> FrameDecoder::State::seek(std::int64_t time)
+{
+    canGoOn_ = false;
+    reached_ = AV_NOPTS_VALUE;
+    const auto found = reader_.seekAsTheTool(time);
+    if (!found) {
+        return failure(found.error());
+    }
+    canGoOn_ = *found;
+    clock_.emplace(reader_.context(), reader_.stream(), time);
+    return openDecoder(threads_);
+}
+
+/// Whether decoding on leads to this time sooner than seeking, and to the same frame.
+bool FrameDecoder::State::canGoOnTo(std::int64_t ticks) const
+{
+    if (!canGoOn_ || ticks < sought_) {
+        return false;
+    }
+    const std::int64_t key = reader_.keyBefore(ticks);
+    return ticks <= reached_ || (reader_.knowsKeysUpTo(ticks) && key != AV_NOPTS_VALUE && key <= reached_);
+}
+
+/// Decodes one more frame; false at the end.
+Result<bool> FrameDecoder::State::decodeNext(std::int64_t target)
+{
+    while (!reader_.mustStop()) {
+        const int code = avcodec_receive_frame(decoder_.get(), frame_.get());
+        if (code == AVERROR_EOF) {
+            return false;
+        }
+        if (code == AVERROR(ENOMEM)) {
+            throw std::bad_alloc();
+        }
+        if (code < 0) {
+            feed(target);
+            continue;
+        }
+        clock_->hear(*frame_);
+        if (frame_->best_effort_timestamp != AV_NOPTS_VALUE) { // the tool drops those without a time
+            return true;
+        }
+    }
+    return failure(reader_.problem());
+}
+
+/// Gives the decoder the next packet, or the end. Damaged ones it refuses, which changes nothing.
+void FrameDecoder::State::feed(std::int64_t target)
+{
+    AVPacket *packet = reader_.read();
+    if (!packet) {
+        clock_->end(*decoder_);
+        avcodec_send_packet(decoder_.get(), nullptr);
+        return;
+    }
+    if (packet->size == 0) { // would mean the end
+        return;
+    }
+    clock_->stamp(*packet, *decoder_);
+    // Frames that no other refers to need not be decoded before the target; two packets may make one frame.
+    const bool isEarly = packet->pts != AV_NOPTS_VALUE && packet->pts < target &&
+                         (packet->duration <= 0 || target - packet->pts >= 2 * packet->duration);
+    decoder_->skip_frame = isEarly ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
+    avcodec_send_packet(decoder_.get(), packet);
+}
+
+Result<QImage> FrameDecoder::State::keyFrame(double seconds)
+{
+    const auto time = asTheToolReads(seconds);
+    if (!time) {
+        return QImage();
+    }
+    reader_.beginPicture();
+    canGoOn_ = false;
+    const auto key = reader_.readKey(reader_.fromStart(*time));
+    if (!key) {
+        return failure(key.error());
+    }
+    // Where each frame renews a part of the picture only, none comes of a single one.
+    return decodeKey(*key) ? maker_.make(*frame_, reader_.stream()) : exactFrame(seconds);
+}
+
+/// Decodes the key frame's packets and nothing else.
+bool FrameDecoder::State::decodeKey(std::span<const Packet> key)
+{
+    if (key.empty() || !openDecoder(1)) {
+        return false;
+    }
+    for (const Packet &packet : key) {
+        avcodec_send_packet(decoder_.get(), packet.get());
+    }
+    avcodec_send_packet(decoder_.get(), nullptr);
+    return avcodec_receive_frame(decoder_.get(), frame_.get()) >= 0;
+}
+
+std::optional<double> FrameDecoder::State::keyTimeBefore(double seconds)
+{
+    const auto time = asTheToolReads(seconds);
+    if (!time || !reader_.hasIndex()) {
+        return {};
+    }
+    reader_.loadIndex();
+    const std::int64_t key = reader_.keyBefore(reader_.inTicks(reader_.fromStart(*time)));
+    if (key == AV_NOPTS_VALUE) {
+        return {};
+    }
+    const std::int64_t found = av_rescale_q(key, reader_.stream().time_base, AV_TIME_BASE_Q);
+    return static_cast<double>(found - reader_.fromStart(0)) / AV_TIME_BASE;
+}
+
+FrameDecoder::FrameDecoder(std::unique_ptr<State> state) : state_(std::move(state)) {}
+FrameDecoder::~FrameDecoder() = default;
+FrameDecoder::FrameDecoder(FrameDecoder &&) noexcept = default;
+FrameDecoder &FrameDecoder::operator=(FrameDecoder &&) noexcept = default;
+
+Result<FrameDecoder> FrameDecoder::open(const QString &path, const CancelFlag &cancelled, int threads)
+{
+    auto state = std::make_unique<State>(path, cancelled, threads);
+    if (const auto opened = state->open(); !opened) {
+        return failure(opened.error());
+    }
+    return FrameDecoder(std::move(state));
+}
+
+void FrameDecoder::scaleTo(QSize size)
+{
+    state_->scaleTo(size);
+}
+
+Result<QImage> FrameDecoder::exactFrame(double seconds)
+{
+    return state_->exactFrame(seconds);
+}
+
+Result<QImage> FrameDecoder::keyFrame(double seconds)
+{
+    return state_->keyFrame(seconds);
+}
+
+std::optional<double> FrameDecoder::keyTimeBefore(double seconds)
+{
+    return state_->keyTimeBefore(seconds);
+}

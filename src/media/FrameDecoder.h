@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/Result.h"
+#include "platform/threads/CancelFlag.h"
+
+#include <QImage>
+#include <QSize>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+/// Decodes single pictures of one movie inside the process. For one thread at a time; several may be open on one movie.
+/// Hostile files end in an error, after limits that are named in the source. Memory that runs out is std::bad_alloc.
+class FrameDecoder {
+public:
+    /// Opens the file as the probe does, at the stream that the ffmpeg tool chooses, to decode with so many threads.
+    /// Setting `cancelled`, which must outlive the decoder, makes every call fail soon. Errors are in words for the
+    /// user, here and below.
+    static Result<FrameDecoder> open(const QString &path, const CancelFlag &cancelled, int threads = 1);
+    ~FrameDecoder();
+    FrameDecoder(FrameDecoder &&other) noexcept;
+    FrameDecoder &operator=(FrameDecoder &&other) noexcept;
+
+    /// Pictures come at this size; at their own when it is empty, as at first.
+    void scaleTo(QSize size);
+
+    /// The picture that the ffmpeg tool gives for `-ss seconds -i path -vframes 1`, as it looks in the tool's JPEG but
+    /// for what that loses; in Format_RGB32. The seconds are rounded to two decimals, as for the tool. A null image
+    /// when there is no such picture, as past the end. Fastest when times ascend.
+    Result<QImage> exactFrame(double seconds);
+
+    /// The key frame at or before the time, or the first one; null when there is none.
+    Result<QImage> keyFrame(double seconds);
+
+    /// The time of the key frame that decoding starts at for this time, in seconds like it; nothing where the container
+    /// has no index. Times with the same one are best decoded by one decoder, in their order.
+    std::optional<double> keyTimeBefore(double seconds);
+
+private:
+    class State;
+    explicit FrameDecoder(std::unique_ptr<State> state);
+    std::unique_ptr<State> state_;
+};
