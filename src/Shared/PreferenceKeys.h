@@ -7,8 +7,9 @@
 #include <array>
 #include <optional>
 
-/// Every setting of the user defaults store: its key and what it holds. What it is while the user has not written it
-/// stands in DefaultsParames.plist. Keys keep their spelling, wrong or not, because stores in use have it.
+/// Every setting of the user defaults store: its key, what it holds, and what it is while the user has not written it.
+/// A test compares the defaults with the property list that seeds the store. Keys keep their spelling, wrong or not,
+/// because stores in use have it.
 namespace PreferenceKeys {
 
 /// What a key holds.
@@ -18,37 +19,41 @@ enum class Kind { Boolean, Integer, Text, Color, Array };
 struct Setting {
     QLatin1StringView key;
     Kind kind;
+    QLatin1StringView initial; ///< the registered default as text, "~" for the user's home; empty when there is none
 
-    constexpr Setting(const char *name, Kind what) : key(name), kind(what) {}
+    constexpr Setting(const char *name, Kind what, const char *registered = "") :
+        key(name), kind(what), initial(registered)
+    {
+    }
     constexpr operator QLatin1StringView() const { return key; }
     operator QAnyStringView() const { return key; }
 };
 
 // The collage of a newly loaded movie.
-inline constexpr Setting rowNumber{"DefaultRowNumber", Kind::Integer};
-inline constexpr Setting columeNumber{"DefaultColumeNumber", Kind::Integer};
-inline constexpr Setting tileWidth{"DefaultTileWidth", Kind::Integer};
-inline constexpr Setting backgroundColor{"DefultBkgColor", Kind::Color};
-inline constexpr Setting tileBorderColor{"DefaultTileBorderColor", Kind::Color};
-inline constexpr Setting tileBorderWidth{"DefaultTileBorderWidth", Kind::Integer};
-inline constexpr Setting horizontalGaps{"DefaultHGaps", Kind::Integer};
-inline constexpr Setting verticalGaps{"DefaultVGaps", Kind::Integer};
-inline constexpr Setting drawShadow{"DefaultDrawShadow", Kind::Boolean};
-inline constexpr Setting borderWidth{"DefaultBorderWidth", Kind::Integer};
+inline constexpr Setting rowNumber{"DefaultRowNumber", Kind::Integer, "2"};
+inline constexpr Setting columeNumber{"DefaultColumeNumber", Kind::Integer, "3"};
+inline constexpr Setting tileWidth{"DefaultTileWidth", Kind::Integer, "300"};
+inline constexpr Setting backgroundColor{"DefultBkgColor", Kind::Color, "#ff000000"};
+inline constexpr Setting tileBorderColor{"DefaultTileBorderColor", Kind::Color, "#ffffff00"};
+inline constexpr Setting tileBorderWidth{"DefaultTileBorderWidth", Kind::Integer, "3"};
+inline constexpr Setting horizontalGaps{"DefaultHGaps", Kind::Integer, "4"};
+inline constexpr Setting verticalGaps{"DefaultVGaps", Kind::Integer, "4"};
+inline constexpr Setting drawShadow{"DefaultDrawShadow", Kind::Boolean, "false"};
+inline constexpr Setting borderWidth{"DefaultBorderWidth", Kind::Integer, "20"};
 
 // The export.
-inline constexpr Setting outputFormat{"OutputFormatKey", Kind::Integer};
-inline constexpr Setting revealInFinder{"RevealFinderKey", Kind::Boolean};
-inline constexpr Setting openAfterFinish{"OpenAfterFinishKey", Kind::Boolean};
-inline constexpr Setting clearAfterFinish{"ClearAfterFinishKey", Kind::Boolean};
-inline constexpr Setting outputFolder{"OutputFolderKey", Kind::Text};
-inline constexpr Setting sameAsOrigin{"SameAsOriginKey", Kind::Boolean};
+inline constexpr Setting outputFormat{"OutputFormatKey", Kind::Integer, "0"};
+inline constexpr Setting revealInFinder{"RevealFinderKey", Kind::Boolean, "false"};
+inline constexpr Setting openAfterFinish{"OpenAfterFinishKey", Kind::Boolean, "false"};
+inline constexpr Setting clearAfterFinish{"ClearAfterFinishKey", Kind::Boolean, "false"};
+inline constexpr Setting outputFolder{"OutputFolderKey", Kind::Text, "~/Pictures/Tessarine"};
+inline constexpr Setting sameAsOrigin{"SameAsOriginKey", Kind::Boolean, "false"};
 
 // The texts on a collage.
-inline constexpr Setting metadataText{"MetadataTextKey", Kind::Integer};
-inline constexpr Setting gridTextPosition{"GridTextPositionKey", Kind::Integer};
-inline constexpr Setting metadataTextColor{"MetadatTextcolorKey", Kind::Color};
-inline constexpr Setting gridTextColor{"GridTextcolorKey", Kind::Color};
+inline constexpr Setting metadataText{"MetadataTextKey", Kind::Integer, "1021"};
+inline constexpr Setting gridTextPosition{"GridTextPositionKey", Kind::Integer, "0"};
+inline constexpr Setting metadataTextColor{"MetadatTextcolorKey", Kind::Color, "#ffffffff"};
+inline constexpr Setting gridTextColor{"GridTextcolorKey", Kind::Color, "#ff000000"};
 
 // Loading, folders, remote flags, identity.
 inline constexpr Setting appSupportVob{"AppSupportVob", Kind::Boolean};
