@@ -484,6 +484,26 @@
         <source>Image format</source>
         <translation>图片格式</translation>
     </message>
+    <message id="general_frames_exact">
+        <source>The same pictures, faster</source>
+        <translation>相同的画面，更快</translation>
+    </message>
+    <message id="general_frames_key">
+        <source>Nearest key frames, fastest</source>
+        <translation>最近的关键帧，最快</translation>
+    </message>
+    <message id="general_frames_tool">
+        <source>As the ffmpeg tool gives them</source>
+        <translation>由 ffmpeg 工具截取</translation>
+    </message>
+    <message id="general_picture">
+        <source>&amp;Picture:</source>
+        <translation>画面(&amp;P)：</translation>
+    </message>
+    <message id="general_picture_name">
+        <source>Where pictures come from</source>
+        <translation>画面的来源</translation>
+    </message>
     <message id="general_quality">
         <source>Quality:</source>
         <translation>质量：</translation>

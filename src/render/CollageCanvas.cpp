@@ -7,12 +7,6 @@
 
 namespace {
 
-/// Each edge is rounded for itself, so that neighbours that touch keep touching.
-QRect snapped(const QRectF &rect)
-{
-    return {rect.topLeft().toPoint(), rect.bottomRight().toPoint() - QPoint(1, 1)};
-}
-
 /// The part of `source` that lands in `part` when the whole of it is stretched into `whole`.
 QRectF stretchedFrom(const QRectF &source, const QRectF &whole, const QRectF &part)
 {
@@ -29,6 +23,11 @@ CollageCanvas::CollageCanvas(QPaintDevice &device) :
     reachable_(QRectF(0, 0, device.width(), device.height()).adjusted(-margin, -margin, margin, margin))
 {
     painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+}
+
+QRect CollageCanvas::pixelsOf(const QRectF &rect)
+{
+    return {rect.topLeft().toPoint(), rect.bottomRight().toPoint() - QPoint(1, 1)};
 }
 
 void CollageCanvas::setShadow(const Shadow &shadow)
@@ -59,7 +58,7 @@ void CollageCanvas::castShadow(const QRect &object, double opacity)
 
 void CollageCanvas::fillRect(const QRectF &rect, const QColor &color)
 {
-    const QRect pixels = snapped(rect & reachable_);
+    const QRect pixels = pixelsOf(rect & reachable_);
     if (pixels.isEmpty()) {
         return;
     }
@@ -69,7 +68,7 @@ void CollageCanvas::fillRect(const QRectF &rect, const QColor &color)
 
 void CollageCanvas::drawImage(const QRectF &rect, const QImage &image)
 {
-    const QRect pixels = snapped(rect & reachable_);
+    const QRect pixels = pixelsOf(rect & reachable_);
     if (pixels.isEmpty() || image.isNull()) {
         return;
     }

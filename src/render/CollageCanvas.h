@@ -26,6 +26,10 @@ public:
     void drawImage(const QRectF &rect, const QImage &image);
     void drawText(QPointF topLeft, const TextBlock &text, const QColor &color);
 
+    /// The pixels that a rectangle is drawn on: each edge is rounded for itself, so that neighbours that touch keep
+    /// touching.
+    static QRect pixelsOf(const QRectF &rect);
+
 private:
     void castShadow(const QRect &object, double opacity);
 

@@ -10,6 +10,8 @@
 #include "platform/files/NewFile.h"
 #include "platform/files/PathText.h"
 #include "platform/store/UserDefaults.h"
+#include "render/ChosenFrames.h"
+#include "render/CollageCanvas.h"
 #include "render/CollagePainter.h"
 #include "render/ExportObserver.h"
 #include "render/ImageEncoder.h"
@@ -17,7 +19,6 @@
 #include "render/MissingFrames.h"
 #include "render/MovieSource.h"
 #include "render/OutputFile.h"
-#include "render/TileFrames.h"
 
 #include <functional>
 #include <new>
@@ -30,18 +31,17 @@ namespace {
 /// Reports each tile's frame of one movie.
 class ReportedTiles {
 public:
-    ReportedTiles(const ExportServices &services, ExportProgress report, const CollageLayout &layout) :
+    ReportedTiles(const ExportServices &services, ExportProgress report, const MovieTiles &tiles) :
         services_(services),
         report_(std::move(report)),
-        frames_(services_.grabber,
-                {report_.filePath, report_.tileCount, [layout](std::int64_t tile) { return layout.tileTime(tile); }},
-                services_.bExportCanceled)
+        frames_(ChosenFrames::ofTiles(frameSourceOf(services_.defaults.int64Value(PreferenceKeys::frameSource)),
+                                      services_.grabber, tiles, services_.bExportCanceled))
     {
     }
 
     QImage picture(std::int64_t tile, double seconds)
     {
-        const GrabbedFrame frame = frames_.next([this](std::chrono::seconds time) {
+        const GrabbedFrame frame = frames_->next([this](std::chrono::seconds time) {
             ExportProgress waiting = report_;
             waiting.waited = time;
             services_.observer.updateProgress(waiting);
@@ -61,8 +61,22 @@ private:
     const ExportServices &services_;
     ExportProgress report_;
     MissingFrames missing_;
-    TileFrames frames_;
+    const std::unique_ptr<TileFrames> frames_;
 };
+
+MovieTiles tilesOf(const KTMovieObject &movie, const CollageLayout &layout)
+{
+    const auto sizeOf = [layout, columns = std::max(movie.settings().columeNumber, 1)](std::int64_t tile) {
+        const QRectF place =
+            layout.tileRect(static_cast<std::int32_t>(tile / columns), static_cast<std::int32_t>(tile % columns));
+        return CollageCanvas::pixelsOf(layout.pictureRect(place)).size();
+    };
+    return {.moviePath = movie.filePath,
+            .movieSize = QSize(movie.pixWidth, movie.pixHeight),
+            .count = layout.tileCount(),
+            .timeOf = [layout](std::int64_t tile) { return layout.tileTime(tile); },
+            .sizeOf = sizeOf};
+}
 
 void fail(ExportResult &result, const QString &reason)
 {
@@ -148,9 +162,9 @@ QImage ExportJob::render(const KTMovieObject &movie, int index, ExportResult &re
         fail(result, impossibleCanvas(painter.layout()));
         return canvas;
     }
-    const CollageLayout &layout = painter.layout();
-    ReportedTiles tiles(services_, {movie.filePath, index, services_.aryItems.count(), 0, layout.tileCount(), {}, {}},
-                        layout);
+    const MovieTiles wanted = tilesOf(movie, painter.layout());
+    ReportedTiles tiles(services_, {movie.filePath, index, services_.aryItems.count(), 0, wanted.count, {}, {}},
+                        wanted);
     painter.paint(canvas, std::bind_front(&ReportedTiles::picture, &tiles), services_.bExportCanceled);
     tiles.missingFrames().tell(movie, result);
     return canvas;

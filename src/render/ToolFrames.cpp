@@ -1,4 +1,4 @@
-#include "render/TileFrames.h"
+#include "render/ToolFrames.h"
 
 #include "platform/threads/AlternateStack.h"
 
@@ -13,7 +13,7 @@ constexpr auto cancelInterval = 50ms; // how often the cancel flag is looked at
 
 } // namespace
 
-TileFrames::TileFrames(FrameGrabber &grabber, Tiles tiles, const CancelFlag &cancelled) :
+ToolFrames::ToolFrames(FrameGrabber &grabber, MovieTiles tiles, const CancelFlag &cancelled) :
     grabber_(grabber), tiles_(std::move(tiles)), cancelled_(cancelled)
 {
     try {
@@ -23,7 +23,7 @@ TileFrames::TileFrames(FrameGrabber &grabber, Tiles tiles, const CancelFlag &can
     }
 }
 
-TileFrames::~TileFrames()
+ToolFrames::~ToolFrames()
 {
     {
         const std::lock_guard lock(mutex_);
@@ -32,7 +32,7 @@ TileFrames::~TileFrames()
     changed_.notify_all();
 }
 
-GrabbedFrame TileFrames::next(const FrameGrabber::Waiting &waiting)
+GrabbedFrame ToolFrames::next(const FrameGrabber::Waiting &waiting)
 {
     if (last_.hasHung) {
         last_.isNew = false;
@@ -44,7 +44,7 @@ GrabbedFrame TileFrames::next(const FrameGrabber::Waiting &waiting)
     return last_;
 }
 
-GrabbedFile TileFrames::take(const FrameGrabber::Waiting &waiting)
+GrabbedFile ToolFrames::take(const FrameGrabber::Waiting &waiting)
 {
     std::unique_lock lock(mutex_);
     std::chrono::seconds told = 0s;
@@ -70,7 +70,7 @@ GrabbedFile TileFrames::take(const FrameGrabber::Waiting &waiting)
     return file;
 }
 
-void TileFrames::run()
+void ToolFrames::run()
 try {
     const AlternateStack stack;
     const auto waiting = [this](std::chrono::seconds time) {
@@ -90,7 +90,7 @@ try {
     changed_.notify_all();
 }
 
-bool TileFrames::hand(GrabbedFile file)
+bool ToolFrames::hand(GrabbedFile file)
 {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return !grabbed_ || stop_; });

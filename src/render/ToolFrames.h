@@ -1,38 +1,26 @@
 #pragma once
 
-#include "Shared/FrameGrabber.h"
 #include "platform/threads/CancelFlag.h"
+#include "render/TileFrames.h"
 
-#include <QString>
-
+#include <chrono>
 #include <condition_variable>
-#include <cstdint>
 #include <exception>
-#include <functional>
 #include <mutex>
 #include <optional>
 #include <thread>
 
-/// The frames of one movie's tiles in reading order. While one is decoded and painted, the tool runs for the next,
-/// never twice at once. Made and asked on one thread; its end stops a running tool.
-class TileFrames {
+/// Frames that the ffmpeg tool grabs. While one is decoded and painted, the tool runs for the next, never twice at
+/// once. If it has hung, the rest of the tiles is not tried, since each would take as long.
+class ToolFrames final : public TileFrames {
 public:
-    struct Tiles {
-        QString moviePath;
-        std::int64_t count = 0;
-        std::function<double(std::int64_t tile)> timeOf; ///< seconds; called on another thread
-    };
+    /// `grabber` and `cancelled` must outlive this.
+    ToolFrames(FrameGrabber &grabber, MovieTiles tiles, const CancelFlag &cancelled);
+    ~ToolFrames() override;
+    ToolFrames(const ToolFrames &) = delete;
+    ToolFrames &operator=(const ToolFrames &) = delete;
 
-    /// Starts with the first tile. `grabber` and `cancelled` must outlive this.
-    TileFrames(FrameGrabber &grabber, Tiles tiles, const CancelFlag &cancelled);
-    ~TileFrames();
-    TileFrames(const TileFrames &) = delete;
-    TileFrames &operator=(const TileFrames &) = delete;
-
-    /// Waits for the next tile's frame; of no use once `cancelled` is set. If the tool has hung, the rest of the tiles
-    /// is not tried, since each would take as long. `waiting` hears how long the tool has been running, as FrameGrabber
-    /// says.
-    GrabbedFrame next(const FrameGrabber::Waiting &waiting);
+    GrabbedFrame next(const FrameGrabber::Waiting &waiting) override;
 
 private:
     void run();
@@ -41,7 +29,7 @@ private:
     GrabbedFile take(const FrameGrabber::Waiting &waiting);
 
     FrameGrabber &grabber_;
-    const Tiles tiles_;
+    const MovieTiles tiles_;
     const CancelFlag &cancelled_;
     GrabbedFrame last_;
     std::int64_t asked_ = 0; ///< tiles

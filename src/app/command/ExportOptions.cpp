@@ -1,5 +1,6 @@
 #include "app/command/ExportOptions.h"
 
+#include "Shared/FrameSource.h"
 #include "Shared/PreferenceKeys.h"
 #include "Shared/TimeFormat.h"
 #include "render/ImageFormats.h"
@@ -23,7 +24,7 @@ struct Option {
     Group group;
     const char *names;          ///< separated by a comma, the short one first
     const char *value;          ///< null for a switch
-    const char *help;           ///< "%1" stands for the names of the image formats
+    const char *help;           ///< "%1" stands for the words that it takes
     QLatin1StringView key = {}; ///< the setting over which a whole number lies; the others are read one by one
     qlonglong least = 0;        ///< of these numbers
 };
@@ -38,6 +39,7 @@ constexpr std::array options{
     Option{Group::What,  "columns",    "N",         "columns of frames", PreferenceKeys::columeNumber, 1},
     Option{Group::What,  "tile-width", "PX",        "width of a frame in pixels; the height follows the movie",
            PreferenceKeys::tileWidth, 1},
+    Option{Group::What,  "frames",     "SOURCE",    "%1: by ffmpeg, the same faster, nearest key frames"},
     Option{Group::What,  "start",      "T",         "time of the first frame, in seconds or as hh:mm:ss"},
     Option{Group::What,  "end",        "T",         "time of the last frame"},
     Option{Group::What,  "set",        "KEY=VALUE", "any other setting, for this run only; may be repeated"},
@@ -72,14 +74,35 @@ QStringList withoutToolkitOptions(const QStringList &arguments)
     return rest;
 }
 
-/// "jpg, png, bmp or tiff"
-QString formatNames()
+/// An option that takes one of several words, in the order of the numbers that they stand for in the settings.
+struct WordOption {
+    const char *name;
+    QLatin1StringView key;
+    std::vector<QStringView> words;
+};
+
+const std::vector<WordOption> &wordOptions()
 {
-    QStringList names;
-    std::ranges::transform(imageFormats, std::back_inserter(names),
-                           [](const ImageFormat &each) { return each.extension.toString(); });
-    const QString last = names.takeLast();
-    return names.join(u", ") + u" or " + last;
+    static const std::vector<WordOption> all = [] {
+        std::vector<QStringView> formats;
+        std::ranges::transform(imageFormats, std::back_inserter(formats), &ImageFormat::extension);
+        return std::vector<WordOption>{
+            {"format", PreferenceKeys::outputFormat, formats},
+            {"frames", PreferenceKeys::frameSource, {frameSourceNames.begin(), frameSourceNames.end()}},
+        };
+    }();
+    return all;
+}
+
+/// "jpg, png, bmp or tiff"
+QString wordsOf(const WordOption &option)
+{
+    QStringList words;
+    for (const QStringView word : option.words) {
+        words += word.toString();
+    }
+    const QString last = words.takeLast();
+    return words.join(u", ") + u" or " + last;
 }
 
 /// The lines of the help about a group of options.
@@ -91,7 +114,13 @@ QString helpOn(Group group)
             const QStringList names = namesOf(option);
             const QString shortName = names.size() > 1 ? u"-%1, "_s.arg(names.first()) : u"    "_s;
             const QString usage = u"%1--%2 %3"_s.arg(shortName, names.last(), QString::fromLatin1(option.value));
-            lines += u"  %1%2\n"_s.arg(usage, -22).arg(QString::fromLatin1(option.help));
+            QString help = QString::fromLatin1(option.help);
+            for (const WordOption &words : wordOptions()) {
+                if (QLatin1StringView(words.name) == names.last()) {
+                    help = help.arg(wordsOf(words));
+                }
+            }
+            lines += u"  %1%2\n"_s.arg(usage, -22).arg(help);
         }
     }
     return lines;
@@ -109,13 +138,13 @@ Result<QVariant> wholeNumber(const Option &option, const QString &text)
     return number;
 }
 
-Result<QVariant> formatNumber(const QString &text)
+Result<QVariant> wordNumber(const WordOption &option, const QString &text)
 {
-    const auto *const found = std::ranges::find(imageFormats, QStringView(text), &ImageFormat::extension);
-    if (found == imageFormats.end()) {
-        return failure(u"--format takes %1, not \"%2\""_s.arg(formatNames(), text));
+    const auto found = std::ranges::find(option.words, QStringView(text));
+    if (found == option.words.end()) {
+        return failure(u"--%1 takes %2, not \"%3\""_s.arg(QLatin1StringView(option.name), wordsOf(option), text));
     }
-    return static_cast<qlonglong>(found - imageFormats.begin());
+    return static_cast<qlonglong>(found - option.words.begin());
 }
 
 /// The seconds that an option says; none when it is not there.
@@ -162,8 +191,10 @@ Result<std::vector<SettingOption>> readSettings(const QCommandLineParser &parser
             keep(option.key, wholeNumber(option, parser.value(name)));
         }
     }
-    if (parser.isSet(u"format"_s)) {
-        keep(PreferenceKeys::outputFormat, formatNumber(parser.value(u"format"_s)));
+    for (const WordOption &option : wordOptions()) {
+        if (const QString name = QString::fromLatin1(option.name); parser.isSet(name)) {
+            keep(option.key, wordNumber(option, parser.value(name)));
+        }
     }
     std::vector<SettingOption> settings;
     for (const Result<SettingOption> &setting : read) {
@@ -274,5 +305,5 @@ Exit status
     1  some movie could not be read or written, or some of its frames not be found
     2  the command line was wrong, or its range lies outside a movie
   130  interrupted
-)"_s.arg(helpOn(Group::Where).arg(formatNames()), helpOn(Group::What), helpOn(Group::Rest));
+)"_s.arg(helpOn(Group::Where), helpOn(Group::What), helpOn(Group::Rest));
 }

@@ -10,6 +10,7 @@
 #include "platform/Log.h"
 #include "platform/files/PathText.h"
 #include "platform/store/UserDefaults.h"
+#include "render/ChosenFrames.h"
 #include "render/CollagePreview.h"
 #include "render/MetadataText.h"
 
@@ -105,8 +106,9 @@ try {
         return;
     }
     const auto &movie = *loaded;
+    const FrameSource source = frameSourceOf(services_.defaults.int64Value(PreferenceKeys::frameSource));
     const GrabbedFrame frame =
-        services_.grabber.createThumbnail(candidate.path, thumbnailTime, services_.bMovieDropped);
+        ChosenFrames::at(source, services_.grabber, candidate.path, thumbnailTime, services_.bMovieDropped);
     if (services_.bMovieDropped) {
         return; // there is no thumbnail, or none of this movie
     }

@@ -1,5 +1,6 @@
 #include "prefs/panes/RBGeneralPreferViewCtl.h"
 
+#include "Shared/FrameSource.h"
 #include "Shared/PreferenceKeys.h"
 #include "platform/store/UserDefaults.h"
 #include "platform/widgets/SymbolicIcon.h"
@@ -21,6 +22,18 @@ auto checkBoxes(const Ui::RBGeneralPreferViewCtl &ui)
         std::pair(ui.chkOpenAfter, PreferenceKeys::openAfterFinish),
         std::pair(ui.chkRemoveAfter, PreferenceKeys::clearAfterFinish),
     };
+}
+
+/// In the order of the numbers of FrameSource.
+QStringList frameSourceTitles()
+{
+    //% "As the ffmpeg tool gives them"
+    const QString tool = qtTrId("general_frames_tool");
+    //% "The same pictures, faster"
+    const QString exact = qtTrId("general_frames_exact");
+    //% "Nearest key frames, fastest"
+    const QString key = qtTrId("general_frames_key");
+    return {tool, exact, key};
 }
 
 } // namespace
@@ -52,6 +65,7 @@ void RBGeneralPreferViewCtl::loadView(QWidget &view)
     for (const ImageFormat &format : imageFormats) {
         ui_->pBtnFmts->addItem(format.title.toString());
     }
+    ui_->frameSource->addItems(frameSourceTitles());
 }
 
 void RBGeneralPreferViewCtl::awakeFromNib()
@@ -60,6 +74,8 @@ void RBGeneralPreferViewCtl::awakeFromNib()
         checkBox->setChecked(defaults_.boolValue(key));
     }
     TaggedItems::select(*ui_->pBtnFmts, defaults_.int64Value(PreferenceKeys::outputFormat));
+    TaggedItems::select(*ui_->frameSource,
+                        static_cast<std::int64_t>(frameSourceOf(defaults_.int64Value(PreferenceKeys::frameSource))));
 }
 
 bool RBGeneralPreferViewCtl::commitControls()
@@ -68,6 +84,7 @@ bool RBGeneralPreferViewCtl::commitControls()
         defaults_.setBool(key, checkBox->isChecked());
     }
     defaults_.setInteger(PreferenceKeys::outputFormat, TaggedItems::selectedTag(*ui_->pBtnFmts));
+    defaults_.setInteger(PreferenceKeys::frameSource, TaggedItems::selectedTag(*ui_->frameSource));
     defaults_.synchronize();
     return true;
 }

@@ -71,6 +71,8 @@ TEST_F(ExportCommandTest, EachTileShowsItsSecond)
         {"--format png", "new/deep/clock.png", {2, 3, 5, 6, 8, 10}},
         {"--format tiff --start 0.5 --end 00:00:10.5", "new/deep/clock.tiff", {0, 2, 4, 6, 8, 10}},
         {"--format bmp --start 6.5", "new/deep/clock.bmp", {6, 7, 7, 8, 9, 10}},
+        {"--format bmp --start 6.5 --frames exact", "new/deep/clock(1).bmp", {6, 7, 7, 8, 9, 10}},
+        {"--format png --start 6.5 --frames key", "new/deep/clock(1).png", {6, 7, 7, 8, 9, 10}},
     };
     for (const auto &[options, name, seconds] : clips) {
         run("--rows 2 --columns 3 --tile-width 80 --set MetadataTextKey=0 " + options, {movie("clock.mp4")});

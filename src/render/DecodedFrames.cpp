@@ -1,0 +1,193 @@
+#include "render/DecodedFrames.h"
+
+#include "media/FrameDecoder.h"
+#include "platform/threads/AlternateStack.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::int64_t largestPart = 1024;   // tiles: their pictures are held until they are painted
+constexpr auto cancelInterval = 50ms;        // how often the cancel flag is looked at
+constexpr double decoderMemory = 900e6;      // bytes, of all decoders
+constexpr double bytesPerDecodedPixel = 3.0; // 10 bits, colour halved both ways
+constexpr double framesPerDecoder = 12.0;    // those that a decoder holds for others to refer to
+
+/// Only smaller pictures are scaled here: to enlarge is left to the canvas.
+QSize scaledSize(QSize picture, QSize wanted)
+{
+    const bool isSmaller =
+        !wanted.isEmpty() && wanted.width() <= picture.width() && wanted.height() <= picture.height();
+    return isSmaller ? wanted : QSize();
+}
+
+} // namespace
+
+DecodedFrames::DecodedFrames(FrameSource source, MovieTiles tiles, const CancelFlag &cancelled) :
+    source_(source), tiles_(std::move(tiles)), cancelled_(cancelled)
+{
+    startPart();
+}
+
+DecodedFrames::~DecodedFrames()
+{
+    stop_ = true;
+}
+
+GrabbedFrame DecodedFrames::next(const FrameGrabber::Waiting &waiting)
+{
+    if (asked_ - first_ == largestPart) {
+        startPart();
+    }
+    GrabbedFrame frame = await(static_cast<std::size_t>(asked_ - first_), waiting);
+    ++asked_;
+    frame.isNew = !frame.picture.isNull();
+    last_ = frame.isNew ? frame.picture : last_;
+    frame.picture = last_;
+    return frame;
+}
+
+GrabbedFrame DecodedFrames::await(std::size_t place, const FrameGrabber::Waiting &waiting)
+{
+    const auto start = std::chrono::steady_clock::now();
+    std::chrono::seconds told = 1s; // the first second is nothing to tell of
+    std::unique_lock lock(mutex_);
+    while (!frames_[place] && !failure_ && !cancelled_) {
+        changed_.wait_for(lock, cancelInterval);
+        const auto waited = std::chrono::floor<std::chrono::seconds>(std::chrono::steady_clock::now() - start);
+        if (waiting && waited > told) {
+            told = waited;
+            lock.unlock();
+            waiting(told);
+            lock.lock();
+        }
+    }
+    if (cancelled_) {
+        stop_ = true;
+        return {};
+    }
+    if (!frames_[place]) {
+        std::rethrow_exception(failure_);
+    }
+    return std::exchange(*frames_[place], {}); // its picture is not held any longer
+}
+
+void DecodedFrames::startPart()
+{
+    workers_.clear(); // all have ended: their tiles have been taken
+    first_ = asked_;
+    frames_.assign(static_cast<std::size_t>(std::min(tiles_.count - first_, largestPart)), std::nullopt);
+    if (frames_.empty()) {
+        return;
+    }
+    auto opened = FrameDecoder::open(tiles_.moviePath, stop_);
+    if (!opened) {
+        std::ranges::fill(frames_, GrabbedFrame{.picture = {}, .problem = opened.error()});
+        return;
+    }
+    plan(*opened);
+    const auto count = workerCount();
+    std::optional<FrameDecoder> first;
+    const int threads = count == 1 ? static_cast<int>(std::thread::hardware_concurrency()) : 1;
+    if (threads <= 1) {
+        first = *std::move(opened);
+    }
+    try {
+        for (std::size_t index = 0; index < count; ++index) {
+            workers_.emplace_back([this, threads, decoder = std::exchange(first, std::nullopt)]() mutable {
+                work(std::move(decoder), threads);
+            });
+        }
+    } catch (const std::system_error &) { // the system gives no more threads
+        if (workers_.empty()) {
+            work(std::nullopt, 1);
+        }
+    }
+}
+
+/// Neighbours with the same key frame make a group; without an index each tile is one.
+void DecodedFrames::plan(FrameDecoder &decoder)
+{
+    std::optional<double> lastKey;
+    for (std::size_t place = 0; place < frames_.size(); ++place) {
+        const std::int64_t tile = first_ + static_cast<std::int64_t>(place);
+        const double time = tiles_.timeOf(tile);
+        const auto key = decoder.keyTimeBefore(time);
+        if (groups_.empty() || !key || key != lastKey) {
+            groups_.emplace_back();
+        }
+        groups_.back().tiles.push_back(tile);
+        groups_.back().cost = key ? time - *key : 0.0;
+        lastKey = key;
+    }
+    if (source_ == FrameSource::Exact) {
+        std::ranges::stable_sort(groups_, {}, &Group::cost);
+    } else {
+        std::ranges::reverse(groups_);
+    }
+}
+
+std::size_t DecodedFrames::workerCount() const
+{
+    const double pixels = static_cast<double>(tiles_.movieSize.width()) * tiles_.movieSize.height();
+    const double memoryOfOne = std::max(1.0, pixels * bytesPerDecodedPixel * framesPerDecoder);
+    const auto affordable = static_cast<std::size_t>(std::max(1.0, decoderMemory / memoryOfOne));
+    const auto cores = static_cast<std::size_t>(std::max(1U, std::thread::hardware_concurrency()));
+    return std::min({groups_.size(), cores, affordable});
+}
+
+void DecodedFrames::work(std::optional<FrameDecoder> decoder, int threads)
+try {
+    const AlternateStack stack;
+    while (const auto group = takeGroup()) {
+        for (const std::int64_t tile : group->tiles) {
+            if (stop_) {
+                return;
+            }
+            if (!decoder) {
+                auto opened = FrameDecoder::open(tiles_.moviePath, stop_, threads);
+                if (!opened) {
+                    put(tile, {.picture = {}, .problem = opened.error()});
+                    continue;
+                }
+                decoder = *std::move(opened);
+            }
+            decode(*decoder, tile);
+        }
+    }
+} catch (...) { // memory that has run out; whoever asks for the frame hears of it
+    const std::lock_guard lock(mutex_);
+    failure_ = std::current_exception();
+    changed_.notify_all();
+}
+
+void DecodedFrames::decode(FrameDecoder &decoder, std::int64_t tile)
+{
+    decoder.scaleTo(scaledSize(tiles_.movieSize, tiles_.sizeOf(tile)));
+    const double time = tiles_.timeOf(tile);
+    auto picture = source_ == FrameSource::Key ? decoder.keyFrame(time) : decoder.exactFrame(time);
+    put(tile, picture ? GrabbedFrame{.picture = *std::move(picture), .problem = {}}
+                      : GrabbedFrame{.picture = {}, .problem = picture.error()});
+}
+
+std::optional<DecodedFrames::Group> DecodedFrames::takeGroup()
+{
+    const std::lock_guard lock(mutex_);
+    if (groups_.empty()) {
+        return std::nullopt;
+    }
+    Group group = std::move(groups_.back());
+    groups_.pop_back();
+    return group;
+}
+
+void DecodedFrames::put(std::int64_t tile, GrabbedFrame frame)
+{
+    const std::lock_guard lock(mutex_);
+    frames_[static_cast<std::size_t>(tile - first_)] = std::move(frame);
+    changed_.notify_all();
+}
