@@ -14,6 +14,7 @@
 #include <gmock/gmock.h>
 
 #include <future>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -52,7 +53,7 @@ TEST_F(PanelsTest, AlertAnswersWithTheButtonsIndex)
         EXPECT_EQ(box->findChild<QLabel *>(u"qt_msgbox_informativelabel"_s)->textFormat(), Qt::PlainText);
         give(*box);
         EXPECT_THAT(given, ElementsAre(expected));
-        delete dialog<QMessageBox>();
+        std::unique_ptr<QMessageBox>(dialog<QMessageBox>()).reset();
     }
 }
 
@@ -66,7 +67,7 @@ TEST_F(PanelsTest, ThreadThatAsksWaitsForTheAnswerOfTheMainThread)
             QTest::mouseClick(box->buttons().at(1), Qt::LeftButton);
         }
         EXPECT_TRUE(!answered || answer.get() == 1);
-        delete box;
+        std::unique_ptr<QMessageBox>(box).reset();
         EXPECT_TRUE(answered || answer.get() == 2);
     }
     EXPECT_EQ(alert.run({}, {}, buttons), 2); // the main thread's question is shown without waiting
@@ -99,14 +100,14 @@ TEST_F(FileOpenPanelTest, TakesFilesAndFoldersTogetherOrNothingOnCancel)
     opened->findChild<QTreeView *>(u"treeView"_s)->selectAll();
     static_cast<QDialog *>(opened)->accept();
     EXPECT_THAT(chosen, UnorderedElementsAre(scratch.path("folder"), scratch.path("second")));
-    delete opened;
+    std::unique_ptr<QFileDialog>(opened).reset();
     request.files = true;
     opened = &open(4); // the text file is not offered
     EXPECT_EQ(opened->windowTitle() + u'|' + opened->labelText(QFileDialog::Accept), u"Import|Import it");
     opened->findChild<QLineEdit *>()->setText(u"\"one.mkv\" \"folder\""_s); // as the user would type it
     static_cast<QDialog *>(opened)->accept();
     EXPECT_THAT(chosen, UnorderedElementsAre(scratch.path("one.mkv"), scratch.path("folder")));
-    delete opened;
+    std::unique_ptr<QFileDialog>(opened).reset();
     open(4).reject();
     EXPECT_EQ(chosen, QStringList());
 }
