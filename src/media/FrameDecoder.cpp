@@ -60,6 +60,7 @@ private:
     const int threads_;
     PictureMaker maker_;
     CodecContext decoder_;
+    bool decodesKeys_ = false; ///< the decoder has been opened for single packets
     Frame frame_;
     std::optional<ToolClock> clock_;
     // Where exactFrame() stands: the time last sought, and that of the frame in hand, in the stream's units.
@@ -86,6 +87,7 @@ Result<void> FrameDecoder::State::open()
 /// A new one for every seek: an old one keeps what it has learnt of the stream's order, which the tool cannot know.
 Result<void> FrameDecoder::State::openDecoder(int threads)
 {
+    decodesKeys_ = false;
     const AVStream &stream = reader_.stream();
     const AVCodec *codec = avcodec_find_decoder(stream.codecpar->codec_id);
     decoder_.reset(codec ? avcodec_alloc_context3(codec) : nullptr);
@@ -212,9 +214,15 @@ Result<QImage> FrameDecoder::State::keyFrame(double seconds)
 /// Decodes the key frame's packets and nothing else.
 bool FrameDecoder::State::decodeKey(std::span<const Packet> key)
 {
-    if (key.empty() || !openDecoder(1)) {
+    if (key.empty()) {
         return false;
     }
+    if (decodesKeys_) {
+        avcodec_flush_buffers(decoder_.get());
+    } else if (!openDecoder(1)) {
+        return false;
+    }
+    decodesKeys_ = true; // one for all of them: nothing of a key frame depends on another
     for (const Packet &packet : key) {
         avcodec_send_packet(decoder_.get(), packet.get());
     }
