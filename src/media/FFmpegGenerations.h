@@ -47,4 +47,8 @@ inline int fieldsPerFrame(const AVCodecContext &decoder)
 #endif
 }
 
+/// Whether the tool forgets to add the container's start to the time sought, in transport and program streams of which
+/// the video starts later: it takes the first frame that it can decode there. FFmpeg 6.0 to 7.1 at least.
+inline constexpr bool toolForgetsStart = LIBAVFORMAT_VERSION_MAJOR >= 60;
+
 } // namespace FFmpegGenerations

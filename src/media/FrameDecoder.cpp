@@ -6,6 +6,10 @@
 #include "media/VXMediaInfo.h"
 #include "platform/files/PathText.h"
 
+extern "C" {
+#include <libavutil/common.h>
+}
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -111,9 +115,9 @@ Result<QImage> FrameDecoder::State::exactFrame(double seconds)
         return QImage();
     }
     reader_.beginPicture();
-    const std::int64_t target = reader_.inTicks(reader_.fromStart(*time));
+    const std::int64_t target = reader_.inTicks(reader_.shownFrom(*time));
     if (!canGoOnTo(target)) {
-        if (const auto found = seek(reader_.fromStart(*time)); !found) {
+        if (const auto found = seek(*time); !found) {
             return failure(found.error());
         }
     }
@@ -133,12 +137,12 @@ Result<void> FrameDecoder::State::seek(std::int64_t time)
 {
     canGoOn_ = false;
     reached_ = AV_NOPTS_VALUE;
-    const auto found = reader_.seekAsTheTool(time);
+    const auto found = reader_.seekAsTheTool(reader_.fromStart(time));
     if (!found) {
         return failure(found.error());
     }
     canGoOn_ = *found;
-    clock_.emplace(reader_.context(), reader_.stream(), time);
+    clock_.emplace(reader_.context(), reader_.stream(), reader_.shownFrom(time));
     return openDecoder(threads_);
 }
 
@@ -189,8 +193,9 @@ void FrameDecoder::State::feed(std::int64_t target)
     }
     clock_->stamp(*packet, *decoder_);
     // Frames that no other refers to need not be decoded before the target; two packets may make one frame.
-    const bool isEarly = packet->pts != AV_NOPTS_VALUE && packet->pts < target &&
-                         (packet->duration <= 0 || target - packet->pts >= 2 * packet->duration);
+    const std::int64_t twoLater =
+        av_sat_add64(packet->pts, 2 * std::clamp<std::int64_t>(packet->duration, 0, INT32_MAX));
+    const bool isEarly = packet->pts != AV_NOPTS_VALUE && packet->pts < target && twoLater <= target;
     decoder_->skip_frame = isEarly ? AVDISCARD_NONREF : AVDISCARD_DEFAULT;
     avcodec_send_packet(decoder_.get(), packet);
 }
@@ -242,7 +247,7 @@ std::optional<double> FrameDecoder::State::keyTimeBefore(double seconds)
         return {};
     }
     const std::int64_t found = av_rescale_q(key, reader_.stream().time_base, AV_TIME_BASE_Q);
-    return static_cast<double>(found - reader_.fromStart(0)) / AV_TIME_BASE;
+    return (static_cast<double>(found) - static_cast<double>(reader_.fromStart(0))) / AV_TIME_BASE;
 }
 
 FrameDecoder::FrameDecoder(std::unique_ptr<State> state) : state_(std::move(state)) {}

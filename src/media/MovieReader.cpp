@@ -1,5 +1,11 @@
 #include "media/MovieReader.h"
 
+#include "media/FFmpegGenerations.h"
+
+extern "C" {
+#include <libavutil/common.h>
+}
+
 #include <algorithm>
 #include <array>
 #include <new>
@@ -20,6 +26,9 @@ constexpr auto longestWork = std::chrono::minutes(10);
 constexpr int mostPackets = 4'000'000;
 /// How far back the search for a key frame begins where there is no index; as movies are made, one is mostly there.
 constexpr std::int64_t firstStepBack = std::int64_t{2} * AV_TIME_BASE;
+
+/// The end of all times, 36,000 years: files may say any, and they must add up.
+constexpr std::int64_t farthest = std::int64_t{1} << 60;
 
 /// The demuxers that find their key frames by an index. Only there does decoding on from the last picture give the
 /// frame that seeking would; elsewhere the tool lands at other places than between two packets.
@@ -69,8 +78,19 @@ QString MovieReader::problem() const
 std::int64_t MovieReader::fromStart(std::int64_t time) const
 {
     const std::int64_t start = context().start_time;
-    std::int64_t sum = 0;
-    return start == AV_NOPTS_VALUE || __builtin_add_overflow(time, start, &sum) ? time : sum;
+    return std::clamp(start == AV_NOPTS_VALUE ? time : av_sat_add64(time, start), -farthest, farthest);
+}
+
+std::int64_t MovieReader::shownFrom(std::int64_t time) const
+{
+    const bool jumps = (context().iformat->flags & AVFMT_TS_DISCONT) != 0;
+    if (FFmpegGenerations::toolForgetsStart && jumps && stream_->start_time != AV_NOPTS_VALUE) {
+        const std::int64_t start = av_rescale_q(stream_->start_time, stream_->time_base, AV_TIME_BASE_Q);
+        if (start != context().start_time) {
+            return std::max(time, start);
+        }
+    }
+    return fromStart(time);
 }
 
 std::int64_t MovieReader::keyBefore(std::int64_t ticks) const
@@ -127,8 +147,7 @@ bool MovieReader::trySeekAsTheTool(std::int64_t time)
                                    ? std::int64_t{3} * AV_TIME_BASE / 23
                                    : 0;
     dropOthers(false);
-    const std::int64_t sought = std::max(time, INT64_MIN + early) - early;
-    return avformat_seek_file(&context(), -1, INT64_MIN, sought, sought, 0) >= 0;
+    return avformat_seek_file(&context(), -1, INT64_MIN, time - early, time - early, 0) >= 0;
 }
 
 AVPacket *MovieReader::read()

@@ -21,6 +21,8 @@ public:
     AVStream &stream() const { return *stream_; }
     /// The container's time for one that is counted from the movie's start.
     std::int64_t fromStart(std::int64_t time) const;
+    /// The time before which the tool drops frames when it seeks for this one, counted from the movie's start.
+    std::int64_t shownFrom(std::int64_t time) const;
     std::int64_t inTicks(std::int64_t time) const { return av_rescale_q(time, AV_TIME_BASE_Q, stream_->time_base); }
 
     /// Whether key frames are found by an index.

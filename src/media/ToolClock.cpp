@@ -2,6 +2,10 @@
 
 #include "media/FFmpegGenerations.h"
 
+extern "C" {
+#include <libavutil/common.h>
+}
+
 #include <algorithm>
 
 namespace {
@@ -15,21 +19,13 @@ constexpr bool isKnown(std::int64_t time)
     return time != AV_NOPTS_VALUE;
 }
 
+// Files may say any time, so sums of times are those of av_sat_add64(): the nearest number that there is.
+
 /// Microseconds of a time in the stream's own units, unknown for an unknown one.
 std::int64_t inMicroseconds(std::int64_t time, const AVStream &stream)
 {
     return av_rescale_q_rnd(time, stream.time_base, AV_TIME_BASE_Q,
                             static_cast<AVRounding>(AV_ROUND_NEAR_INF | AV_ROUND_PASS_MINMAX));
-}
-
-/// The sum, or the nearest number that there is: files may say any time.
-std::int64_t plus(std::int64_t time, std::int64_t more)
-{
-    std::int64_t sum = 0;
-    if (__builtin_add_overflow(time, more, &sum)) {
-        return more > 0 ? INT64_MAX : INT64_MIN + 1;
-    }
-    return sum;
 }
 
 } // namespace
@@ -43,10 +39,10 @@ void ToolClock::move(AVPacket &packet, std::int64_t time) const
 {
     const std::int64_t ticks = av_rescale_q(time, AV_TIME_BASE_Q, stream_.time_base);
     if (isKnown(packet.dts)) {
-        packet.dts = plus(packet.dts, ticks);
+        packet.dts = av_sat_add64(packet.dts, ticks);
     }
     if (isKnown(packet.pts)) {
-        packet.pts = plus(packet.pts, ticks);
+        packet.pts = av_sat_add64(packet.pts, ticks);
     }
 }
 
@@ -56,10 +52,10 @@ void ToolClock::smooth(AVPacket &packet)
     const std::int64_t dts = inMicroseconds(packet.dts, stream_);
     const std::int64_t expected = isKnown(nextDts_) ? nextDts_ : lastDts_;
     if (isKnown(dts) && isKnown(expected)) {
-        const std::int64_t step = plus(dts, -expected);
-        const bool goesBack = isKnown(nextDts_) && plus(dts, longestStepBack) < std::max(pts_, dts_);
+        const std::int64_t step = std::max(av_sat_sub64(dts, expected), -INT64_MAX);
+        const bool goesBack = isKnown(nextDts_) && av_sat_add64(dts, longestStepBack) < std::max(pts_, dts_);
         if (step > longestStep || step < -longestStep || goesBack) {
-            shift_ = plus(shift_, -step);
+            shift_ = av_sat_add64(shift_, -step);
             move(packet, -step);
         }
     }
@@ -90,7 +86,8 @@ void ToolClock::stamp(AVPacket &packet, const AVCodecContext &decoder)
         const AVRational rate = stream_.avg_frame_rate;
         dts_ = target_;
         if (rate.num > 0 && rate.den > 0) {
-            dts_ = plus(dts_, -av_rescale(std::int64_t{AV_TIME_BASE} * decoder.has_b_frames, rate.den, rate.num));
+            dts_ =
+                av_sat_add64(dts_, -av_rescale(std::int64_t{AV_TIME_BASE} * decoder.has_b_frames, rate.den, rate.num));
         }
         pts_ = target_;
         hasStarted_ = true;
@@ -107,7 +104,7 @@ void ToolClock::stamp(AVPacket &packet, const AVCodecContext &decoder)
     pts_ = nextPts_;
     packet.dts = av_rescale_q(dts_, AV_TIME_BASE_Q, stream_.time_base);
     lastDuration_ = packet.duration != 0 ? inMicroseconds(packet.duration, stream_) : usualDuration(decoder);
-    nextDts_ = lastDuration_ != 0 ? plus(dts_, lastDuration_) : AV_NOPTS_VALUE;
+    nextDts_ = lastDuration_ != 0 ? av_sat_add64(dts_, lastDuration_) : AV_NOPTS_VALUE;
 }
 
 void ToolClock::end(const AVCodecContext &decoder)
@@ -120,13 +117,13 @@ void ToolClock::hear(AVFrame &frame)
 {
     if (hasEnded_ && !isKnown(frame.best_effort_timestamp) && isKnown(nextDts_)) {
         frame.best_effort_timestamp = av_rescale_q(nextDts_, AV_TIME_BASE_Q, stream_.time_base);
-        nextDts_ = plus(nextDts_, lastDuration_);
+        nextDts_ = av_sat_add64(nextDts_, lastDuration_);
     }
     if (isKnown(frame.best_effort_timestamp)) {
         nextPts_ = inMicroseconds(frame.best_effort_timestamp, stream_);
     }
     const std::int64_t duration = FFmpegGenerations::durationOf(frame);
-    nextPts_ = plus(nextPts_, duration > 0 ? inMicroseconds(duration, stream_) : lastDuration_);
+    nextPts_ = av_sat_add64(nextPts_, duration > 0 ? inMicroseconds(duration, stream_) : lastDuration_);
     pts_ = nextPts_;
     if (isKnown(nextDts_)) {
         dts_ = nextDts_;
