@@ -83,10 +83,10 @@ std::int64_t MovieReader::fromStart(std::int64_t time) const
 
 std::int64_t MovieReader::shownFrom(std::int64_t time) const
 {
-    const bool jumps = (context().iformat->flags & AVFMT_TS_DISCONT) != 0;
-    if (FFmpegGenerations::toolForgetsStart && jumps && stream_->start_time != AV_NOPTS_VALUE) {
+    if constexpr (FFmpegGenerations::toolForgetsStart) {
         const std::int64_t start = av_rescale_q(stream_->start_time, stream_->time_base, AV_TIME_BASE_Q);
-        if (start != context().start_time) {
+        const bool jumps = (context().iformat->flags & AVFMT_TS_DISCONT) != 0;
+        if (jumps && stream_->start_time != AV_NOPTS_VALUE && start != context().start_time) {
             return std::max(time, start);
         }
     }
