@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <functional>
 #include <map>
+#include <memory>
 #include <stdexcept>
 #include <string>
 
@@ -52,7 +53,8 @@ struct BrokenError : std::exception {
 [[gnu::noinline]] void breakHeap()
 {
     volatile std::size_t size = 100000;
-    fill(static_cast<char *>(std::malloc(size)) + size, 64);
+    const auto block = std::make_unique<char[]>(size);
+    fill(block.get() + size, 64);
     while (std::malloc(size) != nullptr) {
     }
 }
