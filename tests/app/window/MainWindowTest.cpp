@@ -90,12 +90,16 @@ struct MainWindowTest : testing::Test {
     const PathBookmarks bookmarks;
     Answers answers;
     MainQueue mainQueue;
-    AppDelegate delegate{{.defaults = defaults,
-                          .grabber = grabber,
-                          .bookmarks = bookmarks,
-                          .desktop = {answers, answers.openPanel, answers},
-                          .mainQueue = mainQueue,
-                          .home = folder.path("home")}};
+    AppDelegate::Services services()
+    {
+        return {.defaults = defaults,
+                .grabber = grabber,
+                .bookmarks = bookmarks,
+                .desktop = {answers, answers.openPanel, answers},
+                .mainQueue = mainQueue,
+                .home = folder.path("home")};
+    }
+    AppDelegate delegate{services()};
     MyTableView &table = control<MyTableView>("tableView");
 };
 
@@ -261,12 +265,7 @@ TEST_F(MainWindowTest, TheFolderShownIsThereOrTheWindowSaysWhatToDo)
         if (!canBeMade) {
             folder.write("home/Pictures/Tessarine", "");
         }
-        AppDelegate next{{.defaults = defaults,
-                          .grabber = grabber,
-                          .bookmarks = bookmarks,
-                          .desktop = {answers, answers.openPanel, answers},
-                          .mainQueue = mainQueue,
-                          .home = folder.path("home")}};
+        AppDelegate next{services()};
         next.applicationDidFinishLaunching();
         const QWidget &window = next.mainWindow();
         EXPECT_EQ(window.findChild<QLineEdit *>(u"lblOutputPath"_s)->text(), folder.path("home/Pictures/Tessarine"));
