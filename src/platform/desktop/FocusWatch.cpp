@@ -65,7 +65,8 @@ FocusWatch::FocusWatch()
 
 bool FocusWatch::eventFilter(QObject *receiver, QEvent *event)
 {
-    if (event->type() == QEvent::WindowUnblocked && receiver->isWindowType()) {
+    // The receiver first: an event for anything else may be another thread's, handed over by locks of Qt's own.
+    if (receiver->isWindowType() && event->type() == QEvent::WindowUnblocked) {
         repeatFocusIn();
     }
     return false;
