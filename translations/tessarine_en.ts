@@ -17,5 +17,19 @@
             <numerusform>Trouble with %n movies: %1</numerusform>
         </translation>
     </message>
+    <message id="list_summary" numerus="yes">
+        <source>%n movie(s), %1 in all</source>
+        <translation>
+            <numerusform>%n movie, %1 in all</numerusform>
+            <numerusform>%n movies, %1 in all</numerusform>
+        </translation>
+    </message>
+    <message id="list_summary_filtered" numerus="yes">
+        <source>%1 of %n movie(s) shown, all are exported; %2 in all</source>
+        <translation>
+            <numerusform>%1 of %n movie shown, all are exported; %2 in all</numerusform>
+            <numerusform>%1 of %n movies shown, all are exported; %2 in all</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

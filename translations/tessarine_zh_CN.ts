@@ -160,6 +160,30 @@
         <source>Authorize Access to “%1”</source>
         <translation>授权访问“%1”</translation>
     </message>
+    <message id="general_frames_exact">
+        <source>The same pictures, faster</source>
+        <translation>相同的画面，更快</translation>
+    </message>
+    <message id="general_frames_key">
+        <source>Nearest key frames, fastest</source>
+        <translation>最近的关键帧，最快</translation>
+    </message>
+    <message id="general_frames_tool">
+        <source>As the ffmpeg tool gives them</source>
+        <translation>由 ffmpeg 工具截取</translation>
+    </message>
+    <message id="list_summary" numerus="yes">
+        <source>%n movie(s), %1 in all</source>
+        <translation>
+            <numerusform>%n 部影片，总时长 %1</numerusform>
+        </translation>
+    </message>
+    <message id="list_summary_filtered" numerus="yes">
+        <source>%1 of %n movie(s) shown, all are exported; %2 in all</source>
+        <translation>
+            <numerusform>显示 %n 部影片中的 %1 部，导出时包括全部；总时长 %2</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>KTCustomCollageWndCtl</name>
@@ -483,18 +507,6 @@
     <message id="general_format_name">
         <source>Image format</source>
         <translation>图片格式</translation>
-    </message>
-    <message id="general_frames_exact">
-        <source>The same pictures, faster</source>
-        <translation>相同的画面，更快</translation>
-    </message>
-    <message id="general_frames_key">
-        <source>Nearest key frames, fastest</source>
-        <translation>最近的关键帧，最快</translation>
-    </message>
-    <message id="general_frames_tool">
-        <source>As the ffmpeg tool gives them</source>
-        <translation>由 ffmpeg 工具截取</translation>
     </message>
     <message id="general_picture">
         <source>&amp;Picture:</source>

@@ -1,7 +1,7 @@
 #include "app/loading/MovieJobs.h"
 
+#include "app/list/MovieList.h"
 #include "app/loading/LoadingJob.h"
-#include "app/loading/MovieList.h"
 #include "app/loading/RemainingTime.h"
 #include "platform/files/PathText.h"
 #include "platform/threads/AlternateStack.h"

@@ -1,7 +1,7 @@
 #include "app/window/CollageEditing.h"
 
+#include "app/list/MovieList.h"
 #include "app/loading/MovieJobs.h"
-#include "app/loading/MovieList.h"
 #include "app/window/MyTableView.h"
 #include "collage/editor/KTCustomCollageWndCtl.h"
 

@@ -1,6 +1,7 @@
 #include "app/window/MainWindowController.h"
 
 #include "Shared/PreferenceKeys.h"
+#include "app/list/ListSummary.h"
 #include "collage/KTMovieObject.h"
 #include "online/SupportedFormats.h"
 #include "platform/MakeForQt.h"
@@ -69,7 +70,7 @@ MainWindowController::MainWindowController(Services services) :
                                       .btnBrowser = ui_->btnBrowser,
                                       .btnOpen = ui_->btnOpen,
                                       .chkSameOrigin = ui_->chkSameOrigin,
-                                      .lblStatus = ui_->lblStatus},
+                                      .statusLine = ui_->statusLine},
         OutputFolderControls::Services{.defaults = services_.defaults,
                                        .trustedFolders = services_.trustedFolders,
                                        .desktop = services_.desktop,
@@ -80,7 +81,6 @@ MainWindowController::MainWindowController(Services services) :
     restoreLayout();
     ui_->tableView->setFocus(); // the keyboard starts in the list
     ui_->tableView->reloadData();
-    updateActions();
 }
 
 MainWindowController::~MainWindowController() = default;
@@ -125,6 +125,7 @@ void MainWindowController::connectActions()
     connect(ui_->about, &QAction::triggered, this, &MainWindowController::showAbout);
     connect(ui_->tableView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MainWindowController::updateActions);
+    connect(&model_, &QAbstractItemModel::modelReset, this, &MainWindowController::listShown);
 }
 
 void MainWindowController::appLaunched()
@@ -155,7 +156,6 @@ void MainWindowController::deleteDown()
 {
     aryItems.remove(ui_->tableView->selectedMovies());
     ui_->tableView->reloadData();
-    updateActions();
 }
 
 void MainWindowController::deleteFileDown(MyTableView & /*table*/)
@@ -167,12 +167,11 @@ void MainWindowController::clearDown()
 {
     aryItems.removeAll();
     ui_->tableView->reloadData();
-    updateActions();
 }
 
 void MainWindowController::startDown()
 {
-    ui_->lblStatus->clear();
+    ui_->statusLine->clear();
     jobs_->startExport(outputFolder_->outputPath());
 }
 
@@ -213,6 +212,12 @@ void MainWindowController::updateActions()
     ui_->customcollage->setEnabled(validateToolbarItem(u"customcollage"_s));
 }
 
+void MainWindowController::listShown()
+{
+    ui_->statusLine->summarize(listSummary(model_.movies(), model_.movies().size()));
+    updateActions();
+}
+
 void MainWindowController::jobStarted(Kind kind, const QString &text)
 {
     loadingWndCtl->setModel(static_cast<int>(kind));
@@ -230,14 +235,13 @@ void MainWindowController::jobEnded(Kind kind, const QStringList &failures)
 {
     loadingWndCtl->endLoading();
     ui_->tableView->reloadData();
-    updateActions();
     if (kind == Kind::Loading) {
         outputFolder_->sameOriginDown();
     }
     if (!failures.isEmpty()) {
         //% "Trouble with %n movie(s): %1"
-        ui_->lblStatus->setText(qtTrId("status_failures", static_cast<int>(failures.size())).arg(failures.first()));
-        ui_->lblStatus->setToolTip(failures.join(u'\n'));
+        const QString text = qtTrId("status_failures", static_cast<int>(failures.size())).arg(failures.first());
+        ui_->statusLine->tell(text, failures.join(u'\n'));
     }
     if (closing_) { // later: the job still counts as running while it tells of its end
         QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);

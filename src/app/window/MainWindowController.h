@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/list/MovieList.h"
 #include "app/loading/MovieJobs.h"
-#include "app/loading/MovieList.h"
 #include "app/window/CollageEditing.h"
 #include "app/window/DropDelegate.h"
 #include "app/window/MovieTableModel.h"
@@ -74,6 +74,7 @@ protected:
 private:
     void connectActions();
     void addToolbarItems();
+    void listShown();
     void updateActions();
     void loadingPrgCanceled();
     void showAbout();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/loading/MovieList.h"
+#include "app/list/MovieList.h"
 
 #include <QAbstractTableModel>
 #include <QImage>

@@ -3,6 +3,7 @@
 #include "Shared/FolderMaking.h"
 #include "Shared/PreferenceKeys.h"
 #include "app/window/SameOrigin.h"
+#include "app/window/StatusLine.h"
 #include "platform/desktop/AlertPanel.h"
 #include "platform/desktop/OpenPanel.h"
 #include "platform/desktop/Workspace.h"
@@ -15,7 +16,6 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
-#include <QLabel>
 #include <QLineEdit>
 
 #include <utility>
@@ -55,7 +55,7 @@ void OutputFolderControls::showDefaultFolder()
     GlobalFun::MakeSureFolderExsist(outputPath());
     if (!OutputFile::isWritableFolder(outputPath())) {
         //% "No collages can be written into %1. Choose another output folder."
-        widgets_.lblStatus->setText(qtTrId("status_no_output_folder").arg(PathText::forDisplay(outputPath())));
+        widgets_.statusLine->tell(qtTrId("status_no_output_folder").arg(PathText::forDisplay(outputPath())));
     }
 }
 
@@ -78,7 +78,7 @@ void OutputFolderControls::browseDown()
         if (!paths.isEmpty()) {
             services_.trustedFolders.addToBookmarkWithURL(paths.first());
             show(paths.first());
-            widgets_.lblStatus->clear(); // of the folder before
+            widgets_.statusLine->clear(); // of the folder before
             services_.defaults.setText(PreferenceKeys::outputFolder, paths.first());
             services_.defaults.synchronize(); // a crash or another process is to find it
         }

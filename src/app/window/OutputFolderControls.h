@@ -10,8 +10,8 @@
 
 class QAbstractButton;
 class QCheckBox;
-class QLabel;
 class QLineEdit;
+class StatusLine;
 class TrustedFolders;
 class UserDefaults;
 
@@ -26,7 +26,7 @@ public:
         QAbstractButton *btnBrowser;
         QAbstractButton *btnOpen;
         QCheckBox *chkSameOrigin;
-        QLabel *lblStatus; ///< tells when there is no folder to write into
+        StatusLine *statusLine; ///< tells when there is no folder to write into
     };
     /// All of it must outlive this; questions and panels belong to the window, and go with it.
     struct Services {

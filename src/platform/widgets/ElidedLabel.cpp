@@ -30,7 +30,7 @@ void ElidedLabel::paintEvent(QPaintEvent * /*event*/)
 
 bool ElidedLabel::event(QEvent *event)
 {
-    if (event->type() != QEvent::ToolTip) {
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) {
         return QLabel::event(event);
     }
     const QString tip =

@@ -3,7 +3,7 @@
 #include <QLabel>
 
 /// One line of plain text that takes whatever width it is given: a text that is too long loses its middle, and the
-/// whole of it becomes the tooltip. Main thread.
+/// whole of it becomes the tooltip, unless another is set. Main thread.
 class ElidedLabel final : public QLabel {
     Q_OBJECT
 

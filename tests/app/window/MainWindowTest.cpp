@@ -7,6 +7,7 @@
 #include "app/window/MyTableView.h"
 #include "platform/desktop/AlertPanel.h"
 #include "platform/desktop/OpenPanel.h"
+#include "platform/desktop/Translations.h"
 #include "platform/desktop/Workspace.h"
 #include "platform/files/FolderBookmarks.h"
 #include "platform/store/UserDefaults.h"
@@ -309,6 +310,22 @@ TEST_F(MainWindowTest, TheEditorStepsThroughTheListWhileBatchesWait)
     }
     EXPECT_EQ(grids, (QStringList{u"6 * 3"_s, u"7 * 3"_s, u"2 * 3"_s}));
     EXPECT_EQ(table.currentIndex().row(), 3) << "the keyboard stays with its movie";
+}
+
+TEST_F(MainWindowTest, TheStatusLineSaysWhatTheListHolds)
+{
+    const Translations english{QLocale(QLocale::English)};
+    delegate.mainWindow().loadMediasWithPaths({movie("clock.mp4"), movie("short.mp4"), movie("clock.mp4")}, 0);
+    ASSERT_TRUE(waitForRows({u"clock.mp4"_s, u"short.mp4"_s, u"clock.mp4"_s}));
+    const auto &summary = control<QLabel>("lblSummary");
+    EXPECT_EQ(summary.text(), u"3 movies, 00:00:27 in all");
+    table.selectRow(2);
+    control<QAction>("deleteMovies").trigger();
+    table.selectRow(1);
+    control<QAction>("deleteMovies").trigger();
+    EXPECT_EQ(summary.text(), u"1 movie, 00:00:12 in all");
+    control<QAction>("clearlibrary").trigger();
+    EXPECT_EQ(summary.text(), QString());
 }
 
 TEST_F(MainWindowTest, EveryControlHasANameAndIsReachedByTab)

@@ -1,4 +1,4 @@
-#include "app/loading/MovieList.h"
+#include "app/list/MovieList.h"
 
 #include <algorithm>
 #include <unordered_set>

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+/// The line at the bottom of the main window: what has come of the last thing at the left, what the list holds at the
+/// right. Main thread.
+class StatusLine final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit StatusLine(QWidget *parent = nullptr);
+
+    /// Shows what has come of something, until the next time or clear(). The details are in the tooltip.
+    void tell(const QString &text, const QString &details = {});
+    void clear() { tell({}); }
+    /// Shows what the list holds, beside that.
+    void summarize(const QString &text);
+
+private:
+    QLabel *lblStatus_;
+    QLabel *lblSummary_;
+};
