@@ -31,5 +31,19 @@
             <numerusform>%1 of %n movies shown, all are exported; %2 in all</numerusform>
         </translation>
     </message>
+    <message id="undo_remove" numerus="yes">
+        <source>Remove %n Movie(s)</source>
+        <translation>
+            <numerusform>Remove %n Movie</numerusform>
+            <numerusform>Remove %n Movies</numerusform>
+        </translation>
+    </message>
+    <message id="undo_move" numerus="yes">
+        <source>Move %n Movie(s)</source>
+        <translation>
+            <numerusform>Move %n Movie</numerusform>
+            <numerusform>Move %n Movies</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

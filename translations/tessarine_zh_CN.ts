@@ -184,6 +184,94 @@
             <numerusform>显示 %n 部影片中的 %1 部，导出时包括全部；总时长 %2</numerusform>
         </translation>
     </message>
+    <message id="undo_remove" numerus="yes">
+        <source>Remove %n Movie(s)</source>
+        <translation>
+            <numerusform>移除 %n 部影片</numerusform>
+        </translation>
+    </message>
+    <message id="undo_clear">
+        <source></source>
+        <translation>清空</translation>
+    </message>
+    <message id="undo_move" numerus="yes">
+        <source>Move %n Movie(s)</source>
+        <translation>
+            <numerusform>移动 %n 部影片</numerusform>
+        </translation>
+    </message>
+    <message id="undo_clear_exported">
+        <source>Clear after Export</source>
+        <translation>导出后清空</translation>
+    </message>
+    <message id="undo_apply_to_all">
+        <source>Apply to All</source>
+        <translation>应用到全部</translation>
+    </message>
+    <message id="undo_change_collage">
+        <source>Change Collage of %1</source>
+        <translation>修改“%1”的拼贴图</translation>
+    </message>
+    <message id="filter_label">
+        <source>Filter:</source>
+        <translation>筛选：</translation>
+    </message>
+    <message id="filter_placeholder">
+        <source>Words in the name or the path</source>
+        <translation>名称或路径中的文字</translation>
+    </message>
+    <message id="filter_field">
+        <source>Filter</source>
+        <translation>筛选</translation>
+    </message>
+    <message id="filter_close">
+        <source>Close the filter</source>
+        <translation>关闭筛选</translation>
+    </message>
+    <message id="sort_name">
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message id="sort_folder">
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message id="sort_duration">
+        <source>Duration</source>
+        <translation>时长</translation>
+    </message>
+    <message id="sort_resolution">
+        <source>Resolution</source>
+        <translation>分辨率</translation>
+    </message>
+    <message id="sort_bit_rate">
+        <source>Bit Rate</source>
+        <translation>码率</translation>
+    </message>
+    <message id="sort_reverse">
+        <source>Reverse Order</source>
+        <translation>反转顺序</translation>
+    </message>
+    <message id="undo_sort">
+        <source>Sort by %1</source>
+        <translation>按%1排序</translation>
+    </message>
+    <message id="action_undo">
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message id="action_redo">
+        <source>Redo</source>
+        <translation>重做</translation>
+    </message>
+    <message id="action_undo_step">
+        <source>Undo %1</source>
+        <translation>撤销：%1</translation>
+    </message>
+    <message id="action_redo_step">
+        <source>Redo %1</source>
+        <translation>重做：%1</translation>
+    </message>
 </context>
 <context>
     <name>KTCustomCollageWndCtl</name>
@@ -480,6 +568,22 @@
     <message id="action_custom_collage_tip">
         <source>Shapes the collage of the selected movie, or of all</source>
         <translation>调整所选影片或全部影片的拼图</translation>
+    </message>
+    <message id="menu_sort">
+        <source>Sort By</source>
+        <translation>排序方式</translation>
+    </message>
+    <message id="action_move_up">
+        <source>Move Up</source>
+        <translation>上移</translation>
+    </message>
+    <message id="action_move_down">
+        <source>Move Down</source>
+        <translation>下移</translation>
+    </message>
+    <message id="action_filter">
+        <source>Filter</source>
+        <translation>筛选</translation>
     </message>
 </context>
 <context>

@@ -134,3 +134,25 @@ TEST_F(JourneyTest, TheEditorsRangeAndGridAreThoseOfTheImage)
         EXPECT_EQ(ColorClock::secondOfColor(pixel), seconds.at(std::size_t(column)));
     }
 }
+
+TEST_F(JourneyTest, RowsAreDraggedToAnotherPlaceAndBackByUndo)
+{
+    start({movie("below.mp4"), movie("above.mp4")});
+    const QPoint below = awaitMovie(u"below.mp4"_s);
+    const QPoint above = awaitMovie(u"above.mp4"_s);
+    ASSERT_LT(above.y(), below.y());
+    const auto awaitOnTop = [&](const QString &name) {
+        reader->await([&](const ScreenReader::Object &object) {
+            return object.name.contains(name) && object.rectangle.center().y() == above.y();
+        });
+    };
+    desktop.movePointer(below);
+    desktop.xdotool({u"mousedown"_s, u"1"_s});
+    for (const int y : {below.y() - 15, above.y() - 10, above.y() - 20}) {
+        desktop.movePointer({below.x(), y});
+    }
+    desktop.xdotool({u"mouseup"_s, u"1"_s});
+    awaitOnTop(u"below.mp4"_s);
+    desktop.xdotool({u"key"_s, u"ctrl+z"_s});
+    awaitOnTop(u"above.mp4"_s);
+}

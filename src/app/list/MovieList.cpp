@@ -1,6 +1,7 @@
 #include "app/list/MovieList.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -35,9 +36,29 @@ void MovieList::insert(int index, Movie movie)
     items_.insert(items_.begin() + std::clamp<std::ptrdiff_t>(index, 0, std::ssize(items_)), std::move(movie));
 }
 
-void MovieList::remove(const Movies &movies)
+void MovieList::rearrange(const Movies &from, const Movies &to)
 {
-    const std::unordered_set<Movie> removed(movies.begin(), movies.end());
+    const std::unordered_set<Movie> kept(to.begin(), to.end());
+    std::unordered_set<Movie> known = kept;
+    known.insert(from.begin(), from.end());
+    Movies arranged; // what goes is destroyed after the lock is given back
+    const auto append = [&arranged](const Movies &movies) {
+        arranged.insert(arranged.end(), movies.begin(), movies.end());
+    };
     const std::scoped_lock lock(guard_);
-    std::erase_if(items_, [&removed](const Movie &movie) { return removed.contains(movie); });
+    std::unordered_map<Movie, Movies> loadedBehind; // null: at the top
+    Movie last;
+    for (const Movie &movie : items_) {
+        if (!known.contains(movie)) {
+            loadedBehind[last].push_back(movie);
+        } else if (kept.contains(movie)) {
+            last = movie;
+        }
+    }
+    append(loadedBehind[nullptr]);
+    for (const Movie &movie : to) {
+        arranged.push_back(movie);
+        append(loadedBehind[movie]);
+    }
+    items_.swap(arranged);
 }

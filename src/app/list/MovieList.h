@@ -20,8 +20,9 @@ public:
     Movies snapshot() const;
     /// Puts the movie before the one at `index`; at the end when the list is shorter by now.
     void insert(int index, Movie movie);
-    /// Removes these movies; one that is gone already does not matter.
-    void remove(const Movies &movies);
+    /// Puts the movies of `from` into the places of `to`: those that are not in `to` go, those that are in `to` alone
+    /// come. Movies in neither, loaded since, stay behind the ones that they stand behind.
+    void rearrange(const Movies &from, const Movies &to);
 
 private:
     mutable std::mutex guard_;

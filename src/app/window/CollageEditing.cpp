@@ -1,7 +1,8 @@
 #include "app/window/CollageEditing.h"
 
-#include "app/list/MovieList.h"
+#include "app/list/ListHistory.h"
 #include "app/loading/MovieJobs.h"
+#include "app/window/MovieTableModel.h"
 #include "app/window/MyTableView.h"
 #include "collage/editor/KTCustomCollageWndCtl.h"
 
@@ -31,6 +32,11 @@ int CollageEditing::selectedRow() const
     return rows.empty() ? -1 : rows.front();
 }
 
+int CollageEditing::rowCount() const
+{
+    return services_.tableView.model()->rowCount();
+}
+
 void CollageEditing::makeEditor()
 {
     customWndCtl = std::make_unique<KTCustomCollageWndCtl>(
@@ -40,7 +46,10 @@ void CollageEditing::makeEditor()
                                         .host = *this},
         &window_);
     customWndCtl->addAction(&services_.quit);
-    QObject::connect(customWndCtl.get(), &QDialog::finished, &window_, [this] { services_.jobs.release(); });
+    QObject::connect(customWndCtl.get(), &QDialog::finished, &window_, [this] {
+        endVisit();
+        services_.jobs.release();
+    });
 }
 
 void CollageEditing::customCollageDown()
@@ -53,7 +62,7 @@ void CollageEditing::customCollageDown()
     if (!customWndCtl) {
         makeEditor();
     }
-    const int count = services_.movies.count();
+    const int count = rowCount();
     // In the middle of the list both buttons stay as the last use of the sheet has left them.
     if (row == 0) {
         customWndCtl->btnPrev().setEnabled(false);
@@ -67,8 +76,20 @@ void CollageEditing::customCollageDown()
             customWndCtl->btnPrev().setEnabled(true);
         }
     }
-    customWndCtl->flushWithKTObject(services_.movies.movieAt(row));
+    beginVisit(row);
     customWndCtl->open();
+}
+
+void CollageEditing::beginVisit(int row)
+{
+    looks_ = CollageStep::of(services_.movies.snapshot());
+    customWndCtl->flushWithKTObject(services_.tableView.movieAt(row));
+}
+
+void CollageEditing::endVisit()
+{
+    services_.history.noteEdited(customWndCtl->movieObj(), looks_);
+    looks_.clear();
 }
 
 void CollageEditing::cancel()
@@ -81,7 +102,8 @@ void CollageEditing::cancel()
 void CollageEditing::showRow(int row)
 {
     services_.tableView.selectRowAlone(row);
-    customWndCtl->flushWithKTObject(services_.movies.movieAt(row));
+    endVisit();
+    beginVisit(row);
 }
 
 void CollageEditing::selectPrevMovie()
@@ -98,10 +120,10 @@ void CollageEditing::selectPrevMovie()
 void CollageEditing::selectNextMovie()
 {
     const int row = selectedRow() + 1;
-    if (row >= services_.movies.count()) {
+    if (row >= rowCount()) {
         return;
     }
-    customWndCtl->btnNext().setEnabled(row < services_.movies.count() - 1);
+    customWndCtl->btnNext().setEnabled(row < rowCount() - 1);
     showRow(row);
     customWndCtl->btnPrev().setEnabled(true);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/list/CollageStep.h"
 #include "collage/editor/CollageEditorHost.h"
 
 #include <QString>
@@ -9,6 +10,7 @@
 
 class AlertPanel;
 class KTCustomCollageWndCtl;
+class ListHistory;
 class MovieJobs;
 class MovieList;
 class MyTableView;
@@ -27,6 +29,7 @@ public:
         NotificationCenter &notifications;
         AlertPanel &alert;
         MovieList &movies;
+        ListHistory &history;
         MyTableView &tableView;
         MovieJobs &jobs;
         QAction &quit; ///< can be used from the sheet, too
@@ -50,9 +53,14 @@ private:
 
     void makeEditor();
     int selectedRow() const;
+    int rowCount() const;
     void showRow(int row);
+    /// From one of these to the other is one step that can be undone.
+    void beginVisit(int row);
+    void endVisit();
 
     Services services_;
     QWidget &window_;
     std::unique_ptr<KTCustomCollageWndCtl> customWndCtl; // from the first opening on
+    CollageStep::Looks looks_;                           // of all movies when the visit began
 };

@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-/// Decides on files that are dragged over the table and takes those that are dropped. Main thread.
+/// Decides on files that are dragged over the table, and takes those and the rows that are dropped. Main thread.
 class DropDelegate {
 public:
     virtual ~DropDelegate() = default;
@@ -11,4 +11,6 @@ public:
     virtual bool validateDrop(int /*row*/, bool between) { return between; }
     /// Files and folders, at least one, were dropped before `row`; the list may have changed since.
     virtual void acceptDrop(const QStringList &paths, int row) = 0;
+    /// The selected rows were dragged to before `row`.
+    virtual void moveRows(int row) = 0;
 };

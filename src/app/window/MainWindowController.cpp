@@ -35,15 +35,28 @@ constexpr std::chrono::seconds patience(10);
 } // namespace
 
 MainWindowController::MainWindowController(Services services) :
-    services_(std::move(services)), ui_(std::make_unique<Ui::MainWindowController>()), model_(aryItems)
+    services_(std::move(services)),
+    ui_(std::make_unique<Ui::MainWindowController>()),
+    history_(aryItems),
+    model_(aryItems)
 {
     ui_->setupUi(this);
     ui_->tableView->setMovies(model_);
     addToolbarItems();
+    makeParts();
+    makeListParts();
     connectActions();
-    ui_->tableView->setReloadDelegate(this);
-    ui_->tableView->setDropDelegate(this);
-    ui_->tableView->setDroppedFiles(services_.desktop.droppedFiles);
+    outputFolder_->showStoredFolder();
+    ui_->chkSameOrigin->setVisible(services_.experimental);
+    restoreLayout();
+    ui_->tableView->setFocus(); // the keyboard starts in the list
+    ui_->tableView->reloadData();
+}
+
+MainWindowController::~MainWindowController() = default;
+
+void MainWindowController::makeParts()
+{
     loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services_.notifications, this);
     loadingWndCtl->addAction(ui_->quit); // those of a window that a sheet blocks are not heard
     cancelObservation_ =
@@ -56,15 +69,6 @@ MainWindowController::MainWindowController(Services services) :
                                                             .workspace = services_.desktop.workspace,
                                                             .mainQueue = services_.mainQueue},
                                         static_cast<JobsView &>(*this));
-    collageEditing_ =
-        std::make_unique<CollageEditing>(CollageEditing::Services{.defaults = services_.defaults,
-                                                                  .notifications = services_.notifications,
-                                                                  .alert = services_.desktop.alert,
-                                                                  .movies = aryItems,
-                                                                  .tableView = *ui_->tableView,
-                                                                  .jobs = *jobs_,
-                                                                  .quit = *ui_->quit},
-                                         *this);
     outputFolder_ = std::make_unique<OutputFolderControls>(
         OutputFolderControls::Widgets{.lblOutputPath = ui_->lblOutputPath,
                                       .btnBrowser = ui_->btnBrowser,
@@ -76,14 +80,39 @@ MainWindowController::MainWindowController(Services services) :
                                        .desktop = services_.desktop,
                                        .home = services_.home,
                                        .moviePaths = [this] { return moviePaths(); }});
-    outputFolder_->showStoredFolder();
-    ui_->chkSameOrigin->setVisible(services_.experimental);
-    restoreLayout();
-    ui_->tableView->setFocus(); // the keyboard starts in the list
-    ui_->tableView->reloadData();
 }
 
-MainWindowController::~MainWindowController() = default;
+/// What works on the list in the table.
+void MainWindowController::makeListParts()
+{
+    MyTableView &tableView = *ui_->tableView;
+    tableView.setReloadDelegate(this);
+    tableView.setDropDelegate(this);
+    tableView.setDroppedFiles(services_.desktop.droppedFiles);
+    collageEditing_ =
+        std::make_unique<CollageEditing>(CollageEditing::Services{.defaults = services_.defaults,
+                                                                  .notifications = services_.notifications,
+                                                                  .alert = services_.desktop.alert,
+                                                                  .movies = aryItems,
+                                                                  .history = history_,
+                                                                  .tableView = tableView,
+                                                                  .jobs = *jobs_,
+                                                                  .quit = *ui_->quit},
+                                         *this);
+    listUndo_ = std::make_unique<ListUndo>(ListUndo::Services{.movies = aryItems,
+                                                              .history = history_,
+                                                              .jobs = *jobs_,
+                                                              .tableView = tableView,
+                                                              .undo = *ui_->undo,
+                                                              .redo = *ui_->redo});
+    listArranging_ = std::make_unique<ListArranging>(ListArranging::Services{.history = history_,
+                                                                             .jobs = *jobs_,
+                                                                             .model = model_,
+                                                                             .tableView = tableView,
+                                                                             .sortMenu = *ui_->menuSort,
+                                                                             .moveUp = *ui_->moveUp,
+                                                                             .moveDown = *ui_->moveDown});
+}
 
 void MainWindowController::addToolbarItems()
 {
@@ -125,6 +154,9 @@ void MainWindowController::connectActions()
     connect(ui_->about, &QAction::triggered, this, &MainWindowController::showAbout);
     connect(ui_->tableView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &MainWindowController::updateActions);
+    connect(ui_->filter, &QAction::triggered, ui_->filterBar, &FilterBar::open);
+    connect(ui_->filterBar, &FilterBar::textChanged, this, &MainWindowController::filter);
+    connect(ui_->filterBar, &FilterBar::left, ui_->tableView, [this] { ui_->tableView->setFocus(); });
     connect(&model_, &QAbstractItemModel::modelReset, this, &MainWindowController::listShown);
 }
 
@@ -154,8 +186,12 @@ void MainWindowController::importMoviesDown()
 
 void MainWindowController::deleteDown()
 {
-    aryItems.remove(ui_->tableView->selectedMovies());
+    const std::vector<int> rows = ui_->tableView->selectedRows();
+    history_.remove(ui_->tableView->selectedMovies());
     ui_->tableView->reloadData();
+    if (!rows.empty()) {
+        ui_->tableView->selectRowAlone(rows.front()); // the next movie
+    }
 }
 
 void MainWindowController::deleteFileDown(MyTableView & /*table*/)
@@ -165,7 +201,7 @@ void MainWindowController::deleteFileDown(MyTableView & /*table*/)
 
 void MainWindowController::clearDown()
 {
-    aryItems.removeAll();
+    history_.clear();
     ui_->tableView->reloadData();
 }
 
@@ -192,7 +228,18 @@ bool MainWindowController::validateDrop(int /*row*/, bool between)
 
 void MainWindowController::acceptDrop(const QStringList &paths, int row)
 {
-    loadMediasWithPaths(paths, row);
+    loadMediasWithPaths(paths, static_cast<int>(model_.listIndex(row)));
+}
+
+void MainWindowController::moveRows(int row)
+{
+    listArranging_->moveSelected(row);
+}
+
+void MainWindowController::filter(const QString &text)
+{
+    model_.setFilter(MovieFilter(text));
+    ui_->tableView->reloadData();
 }
 
 bool MainWindowController::validateToolbarItem(const QString &identifier)
@@ -214,12 +261,15 @@ void MainWindowController::updateActions()
 
 void MainWindowController::listShown()
 {
-    ui_->statusLine->summarize(listSummary(model_.movies(), model_.movies().size()));
+    ui_->statusLine->summarize(listSummary(model_.allMovies(), model_.movies().size()));
     updateActions();
 }
 
 void MainWindowController::jobStarted(Kind kind, const QString &text)
 {
+    if (kind == Kind::Export) {
+        exported_ = aryItems.snapshot();
+    }
     loadingWndCtl->setModel(static_cast<int>(kind));
     loadingWndCtl->startLoading(text, this);
 }
@@ -234,6 +284,9 @@ void MainWindowController::jobProgress(double fraction, const QString &main, con
 void MainWindowController::jobEnded(Kind kind, const QStringList &failures)
 {
     loadingWndCtl->endLoading();
+    if (kind == Kind::Export) {
+        history_.noteExported(std::exchange(exported_, {}));
+    }
     ui_->tableView->reloadData();
     if (kind == Kind::Loading) {
         outputFolder_->sameOriginDown();

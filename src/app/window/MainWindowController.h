@@ -1,9 +1,12 @@
 #pragma once
 
+#include "app/list/ListHistory.h"
 #include "app/list/MovieList.h"
 #include "app/loading/MovieJobs.h"
 #include "app/window/CollageEditing.h"
 #include "app/window/DropDelegate.h"
+#include "app/window/ListArranging.h"
+#include "app/window/ListUndo.h"
 #include "app/window/MovieTableModel.h"
 #include "app/window/MyTableView.h"
 #include "app/window/OutputFolderControls.h"
@@ -72,8 +75,11 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void makeParts();
+    void makeListParts();
     void connectActions();
     void addToolbarItems();
+    void filter(const QString &text);
     void listShown();
     void updateActions();
     void loadingPrgCanceled();
@@ -91,15 +97,20 @@ private:
     void deleteFileDown(MyTableView &table) override;
     bool validateDrop(int row, bool between) override;
     void acceptDrop(const QStringList &paths, int row) override;
+    void moveRows(int row) override;
 
     Services services_;
     std::unique_ptr<Ui::MainWindowController> ui_;
     MovieList aryItems;
+    ListHistory history_;
+    MovieList::Movies exported_; // what was in the list when the export began
     MovieTableModel model_;
     std::unique_ptr<VXLoadingWndCtl> loadingWndCtl;
     std::unique_ptr<OutputFolderControls> outputFolder_;
     std::unique_ptr<MovieJobs> jobs_;
     std::unique_ptr<CollageEditing> collageEditing_;
+    std::unique_ptr<ListUndo> listUndo_;
+    std::unique_ptr<ListArranging> listArranging_;
     NotificationCenter::Observation cancelObservation_;
     bool closing_ = false; // as soon as the running job has ended
 };

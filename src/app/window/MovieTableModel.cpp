@@ -5,7 +5,9 @@
 #include "collage/KTMovieObject.h"
 #include "platform/files/PathText.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -91,13 +93,23 @@ MovieTableModel::MovieTableModel(const MovieList &list, QObject *parent) : QAbst
 void MovieTableModel::reloadData()
 {
     beginResetModel();
-    shown_ = aryItems.snapshot();
+    all_ = aryItems.snapshot();
+    shown_.clear();
+    std::ranges::copy_if(all_, std::back_inserter(shown_),
+                         [this](const auto &movie) { return filter_.accepts(movie->filePath); });
     looks_.clear();
     for (const auto &movie : shown_) {
         const CollageSettings settings = movie->settings();
         looks_.push_back({movie->imgPreview(), settings.rowNumber, settings.columeNumber});
     }
     endResetModel();
+}
+
+std::size_t MovieTableModel::listIndex(int row) const
+{
+    const auto place =
+        row < rowCount() ? std::ranges::find(all_, shown_.at(static_cast<std::size_t>(row))) : all_.end();
+    return static_cast<std::size_t>(place - all_.begin());
 }
 
 int MovieTableModel::rowCount(const QModelIndex &parent) const
@@ -133,6 +145,11 @@ QVariant MovieTableModel::data(const QModelIndex &index, int role) const
     default:
         return {};
     }
+}
+
+Qt::ItemFlags MovieTableModel::flags(const QModelIndex &index) const
+{
+    return QAbstractTableModel::flags(index) | Qt::ItemIsDragEnabled;
 }
 
 QVariant MovieTableModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/list/MovieFilter.h"
 #include "app/list/MovieList.h"
 
 #include <QAbstractTableModel>
@@ -19,13 +20,21 @@ public:
     /// Takes a new snapshot of the list.
     void reloadData();
 
+    /// Which movies are shown from the next reload on.
+    void setFilter(const MovieFilter &filter) { filter_ = filter; }
+
     /// The movies shown, in order of the rows.
     const MovieList::Movies &movies() const { return shown_; }
+    /// All movies of the list, shown or not.
+    const MovieList::Movies &allMovies() const { return all_; }
+    /// Where in the list the movie of that row is; the end of the list for the number of rows.
+    std::size_t listIndex(int row) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
     /// Texts, and images as QImage at their full size; the titles' display text is the name, a line break, the path.
     QVariant data(const QModelIndex &index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
     /// What the list shows of a collage, which the editor changes.
@@ -37,6 +46,8 @@ public:
 
 private:
     const MovieList &aryItems;
+    MovieFilter filter_;
+    MovieList::Movies all_;
     MovieList::Movies shown_;
     std::vector<Look> looks_; // of the movies shown
 };

@@ -3,10 +3,12 @@
 #include "app/window/DropDelegate.h"
 #include "app/window/JKDropInTipsView.h"
 #include "app/window/MovieCellDelegate.h"
+#include "app/window/RowDrag.h"
 #include "app/window/TableReloadDelegate.h"
 #include "platform/Log.h"
 #include "platform/MakeForQt.h"
 
+#include <QApplication>
 #include <QDropEvent>
 #include <QHeaderView>
 #include <QMimeData>
@@ -16,6 +18,8 @@
 #include <chrono>
 #include <ranges>
 #include <unordered_set>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,6 +33,7 @@ MyTableView::MyTableView(QWidget *parent) : QTableView(parent)
 {
     setItemDelegate(makeForQt<MovieCellDelegate>(this));
     setAcceptDrops(true);
+    setDragEnabled(true);
     setDropIndicatorShown(false); // it has its own mark
     setSelectionBehavior(SelectRows);
     setSelectionMode(ExtendedSelection);
@@ -41,6 +46,9 @@ MyTableView::MyTableView(QWidget *parent) : QTableView(parent)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
+    // A heading sorts; the table would select everything as well.
+    disconnect(horizontalHeader(), &QHeaderView::sectionPressed, this, nullptr);
+    disconnect(horizontalHeader(), &QHeaderView::sectionEntered, this, nullptr);
     fitRowsToFont();
 }
 
@@ -76,7 +84,7 @@ void MyTableView::reloadData()
             follows ? movies_->movies().at(static_cast<std::size_t>(current.row())) : nullptr;
         movies_->reloadData();
         setInsertion({});
-        select(selected);
+        selectMovies(selected);
         // The arrow keys go on from the same movie if it was selected, else from the same place.
         const auto found = std::ranges::find(movies_->movies(), movie);
         const int row = found != movies_->movies().end() ? static_cast<int>(found - movies_->movies().begin())
@@ -107,7 +115,7 @@ void MyTableView::refreshState(bool highlighted)
     }
     dropTipView->setGeometry(rect());
     dropTipView->setBHighlighted(highlighted);
-    dropTipView->setVisible(rowCount() == 0);
+    dropTipView->setVisible(!movies_ || movies_->allMovies().empty());
     dropTipView->raise();
 }
 
@@ -136,12 +144,12 @@ MovieList::Movies MyTableView::selectedMovies() const
 
 void MyTableView::selectRowAlone(int row)
 {
-    const QModelIndex index = movies_->index(row, MovieTableModel::Title);
+    const QModelIndex index = movies_->index(std::min(row, rowCount() - 1), MovieTableModel::Title);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     scrollTo(index);
 }
 
-void MyTableView::select(const MovieList::Movies &selected)
+void MyTableView::selectMovies(const MovieList::Movies &selected)
 {
     const std::unordered_set<MovieList::Movie> wanted(selected.begin(), selected.end());
     QItemSelection selection;
@@ -187,10 +195,21 @@ void MyTableView::keyPressEvent(QKeyEvent *event)
         if (reloadDelegate) {
             reloadDelegate->spaceKeyDown(*this);
         }
+        if (typed_.isValid() && !typed_.hasExpired(QApplication::keyboardInputInterval())) {
+            keyboardSearch(u" "_s); // within a name
+        }
         return;
     default:
         QTableView::keyPressEvent(event);
     }
+}
+
+void MyTableView::keyboardSearch(const QString &text)
+{
+    selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(MovieTableModel::Title),
+                                      QItemSelectionModel::NoUpdate); // where the names are
+    QTableView::keyboardSearch(text);
+    typed_.start();
 }
 
 QModelIndex MyTableView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
@@ -245,6 +264,28 @@ MyTableView::DropSpot MyTableView::spotAt(int y) const
     return within >= rowHeight(row) - third ? DropSpot{row + 1, true} : DropSpot{row, false};
 }
 
+int MyTableView::gapAt(int y) const
+{
+    const int row = rowAt(y);
+    if (row < 0) {
+        return rowCount();
+    }
+    return y - rowViewportPosition(row) < rowHeight(row) / 2 ? row : row + 1;
+}
+
+void MyTableView::startDrag(Qt::DropActions /*actions*/)
+{
+    RowDrag::run(*this, viewport()->grab(visualRect(currentIndex().siblingAtColumn(MovieTableModel::Title))));
+}
+
+void MyTableView::endDrag()
+{
+    stopAutoScroll();
+    setState(NoState);
+    setInsertion({});
+    refreshState(false);
+}
+
 void MyTableView::setInsertion(std::optional<int> row)
 {
     if (insertion_ != row) {
@@ -263,12 +304,18 @@ bool MyTableView::offer(const DropSpot &spot)
 
 void MyTableView::dragEnterEvent(QDragEnterEvent *event)
 {
-    event->setAccepted(DroppedFiles::areIn(*event->mimeData()));
+    event->setAccepted(RowDrag::isOf(*this, *event) || DroppedFiles::areIn(*event->mimeData()));
 }
 
 void MyTableView::dragMoveEvent(QDragMoveEvent *event)
 {
     QTableView::dragMoveEvent(event); // scrolls near the edges
+    if (RowDrag::isOf(*this, *event)) {
+        setInsertion(gapAt(event->position().toPoint().y()));
+        event->setDropAction(Qt::MoveAction);
+        event->accept();
+        return;
+    }
     const bool wanted = offer(spotAt(event->position().toPoint().y()));
     event->setDropAction(Qt::CopyAction);
     event->setAccepted(wanted);
@@ -283,12 +330,18 @@ void MyTableView::dragLeaveEvent(QDragLeaveEvent *event)
 
 void MyTableView::dropEvent(QDropEvent *event)
 {
-    const DropSpot spot = spotAt(event->position().toPoint().y());
+    const int y = event->position().toPoint().y();
+    if (RowDrag::isOf(*this, *event)) {
+        endDrag();
+        event->acceptProposedAction();
+        if (dropDelegate_) {
+            dropDelegate_->moveRows(gapAt(y));
+        }
+        return;
+    }
+    const DropSpot spot = spotAt(y);
     const bool wanted = offer(spot) && DroppedFiles::areIn(*event->mimeData());
-    stopAutoScroll();
-    setState(NoState);
-    setInsertion({});
-    refreshState(false);
+    endDrag();
     event->setDropAction(Qt::CopyAction);
     event->setAccepted(wanted);
     if (wanted) {

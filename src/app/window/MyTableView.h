@@ -3,6 +3,7 @@
 #include "app/window/MovieTableModel.h"
 #include "platform/desktop/DroppedFiles.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QTableView>
 
@@ -13,8 +14,8 @@ class DropDelegate;
 class JKDropInTipsView;
 class TableReloadDelegate;
 
-/// The table of movies: takes files that are dropped between its rows, forwards two keys, and shows a hint while it is
-/// empty. Part of the main window; main thread.
+/// The table of movies: takes files that are dropped between its rows, and rows that are dragged to another place,
+/// forwards two keys, and shows a hint while the list is empty. Part of the main window; main thread.
 class MyTableView final : public QTableView {
     Q_OBJECT
 
@@ -36,15 +37,22 @@ public:
     /// Shows the hint if there are no rows, and removes it otherwise.
     void refreshState(bool highlighted);
 
+    /// Goes to the next movie whose name begins with what is being typed, in whatever column the keyboard is.
+    void keyboardSearch(const QString &text) override;
+
     /// Selected rows in ascending order.
     std::vector<int> selectedRows() const;
     MovieList::Movies selectedMovies() const;
-    /// Selects the row alone and scrolls it into view.
+    MovieList::Movie movieAt(int row) const { return movies_->movies().at(static_cast<std::size_t>(row)); }
+    /// Selects these movies alone, as far as they are shown.
+    void selectMovies(const MovieList::Movies &selected);
+    /// Selects the row alone, or the last one if there are fewer, and scrolls it into view.
     void selectRowAlone(int row);
 
 protected:
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void startDrag(Qt::DropActions actions) override;
     /// Home and End go to the first and last row.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void paintEvent(QPaintEvent *event) override;
@@ -67,10 +75,12 @@ private:
     void rowsDrawn();
     int rowCount() const;
     DropSpot spotAt(int y) const;
+    /// The place between rows that is nearest.
+    int gapAt(int y) const;
+    void endDrag();
     void setInsertion(std::optional<int> row);
     /// Whether the delegate wants files there; shows it.
     bool offer(const DropSpot &spot);
-    void select(const MovieList::Movies &selected);
     void fitRowsToFont();
 
     QPointer<MovieTableModel> movies_;
@@ -79,4 +89,5 @@ private:
     DroppedFiles droppedFiles_;
     JKDropInTipsView *dropTipView = nullptr;
     std::optional<int> insertion_; // the row before which files would be put
+    QElapsedTimer typed_;          // since the last letter of a name
 };

@@ -310,6 +310,72 @@ TEST_F(MainWindowTest, TheEditorStepsThroughTheListWhileBatchesWait)
     }
     EXPECT_EQ(grids, (QStringList{u"6 * 3"_s, u"7 * 3"_s, u"2 * 3"_s}));
     EXPECT_EQ(table.currentIndex().row(), 3) << "the keyboard stays with its movie";
+    auto &undo = control<QAction>("undo");
+    EXPECT_TRUE(undo.isEnabled());
+    for (int visit = 0; visit < 2; ++visit) {
+        undo.trigger();
+    }
+    EXPECT_FALSE(undo.isEnabled());
+    EXPECT_EQ(table.model()->index(2, 3).data().toString(), u"2 * 3");
+}
+
+TEST_F(MainWindowTest, TheListIsSortedFilteredAndPutBack)
+{
+    const Translations english{QLocale(QLocale::English)};
+    QStringList paths;
+    for (const char *name : {"two a&.mp4", "Two b.mp4", "clip 9.mp4", "clip 10.mp4"}) {
+        paths += folder.link(movie("short.mp4").toUtf8(), name);
+    }
+    const QStringList loaded = {u"clip 10.mp4"_s, u"clip 9.mp4"_s, u"Two b.mp4"_s, u"two a&.mp4"_s};
+    const QStringList sorted = {u"clip 9.mp4"_s, u"clip 10.mp4"_s, u"two a&.mp4"_s, u"Two b.mp4"_s};
+    delegate.mainWindow().loadMediasWithPaths(paths, 0);
+    ASSERT_TRUE(waitForRows(loaded));
+    QHeaderView &headings = *table.horizontalHeader();
+    const auto clickHeading = [&headings](int column) {
+        const QPoint place(headings.sectionViewportPosition(column) + 20, headings.height() / 2);
+        QTest::mouseClick(headings.viewport(), Qt::LeftButton, {}, place);
+        return headings.isSortIndicatorShown();
+    };
+    EXPECT_FALSE(clickHeading(0));
+    EXPECT_TRUE(clickHeading(2));
+    EXPECT_EQ(rows(), sorted);
+    EXPECT_TRUE(clickHeading(2));
+    EXPECT_EQ(rows(), QStringList(sorted.rbegin(), sorted.rend()));
+    EXPECT_TRUE(table.selectedRows().empty());
+    auto &undo = control<QAction>("undo");
+    EXPECT_EQ(undo.text(), u"Undo Sort by Name");
+    undo.trigger();
+    EXPECT_EQ(rows(), sorted);
+
+    QApplication::setKeyboardInputInterval(60'000);
+    table.setCurrentIndex(table.model()->index(0, 0));
+    QTest::keyClicks(&table, u"two b"_s);
+    EXPECT_EQ(table.currentIndex().row(), 3);
+    control<QAction>("moveUp").trigger();
+    EXPECT_EQ(rows(), (QStringList{sorted[0], sorted[1], sorted[3], sorted[2]}));
+    control<QAction>("moveDown").trigger();
+    EXPECT_EQ(rows(), sorted);
+
+    control<QAction>("filter").trigger();
+    auto &field = control<QLineEdit>("filterField");
+    QTest::keyClicks(&field, u"CLIP"_s);
+    EXPECT_EQ(rows(), sorted.first(2));
+    EXPECT_EQ(control<QLabel>("lblSummary").text(), u"2 of 4 movies shown, all are exported; 00:00:12 in all");
+    table.selectRow(0);
+    QTest::keyClick(&table, Qt::Key_Delete);
+    EXPECT_EQ(table.selectedRows(), std::vector{0}) << "the next one";
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_EQ(rows(), sorted.sliced(1));
+    defaults.setBool(PreferenceKeys::clearAfterFinish, true);
+    scriptedTool(folder, "tool", "exit 1"); // an image without frames is one, too
+    delegate.mainWindow().startDown();
+    EXPECT_TRUE(waitForRows({}));
+    EXPECT_EQ(folder.names("out").size(), 1);
+    undo.trigger();
+    EXPECT_EQ(undo.text(), u"Undo Remove 1 Movie");
+    undo.trigger();
+    EXPECT_EQ(rows(), sorted);
+    EXPECT_EQ(table.selectedMovies(), MovieList::Movies{table.movieAt(0)}) << "what has come back";
 }
 
 TEST_F(MainWindowTest, TheStatusLineSaysWhatTheListHolds)
