@@ -8,6 +8,7 @@
 
 extern "C" {
 #include <libavutil/common.h>
+#include <libavutil/imgutils.h>
 }
 
 #include <algorithm>
@@ -44,10 +45,12 @@ std::optional<std::int64_t> asTheToolReads(double seconds)
 
 class FrameDecoder::State {
 public:
-    State(const QString &path, const CancelFlag &cancelled, int threads);
+    State(const QString &path, const CancelFlag &cancelled);
 
     Result<void> open();
     void scaleTo(QSize size) { maker_.scaleTo(size); }
+    void useThreads(int count) { threads_ = count; }
+    std::int64_t bytesPerFrame() const;
     Result<QImage> exactFrame(double seconds);
     Result<QImage> keyFrame(double seconds);
     std::optional<double> keyTimeBefore(double seconds);
@@ -61,7 +64,7 @@ private:
     bool decodeKey(std::span<const Packet> key);
 
     MovieReader reader_;
-    const int threads_;
+    int threads_ = 1;
     PictureMaker maker_;
     CodecContext decoder_;
     bool decodesKeys_ = false; ///< the decoder has been opened for single packets
@@ -73,8 +76,8 @@ private:
     std::int64_t reached_ = AV_NOPTS_VALUE;
 };
 
-FrameDecoder::State::State(const QString &path, const CancelFlag &cancelled, int threads) :
-    reader_(PathText::toBytes(path), cancelled), threads_(std::max(threads, 1)), frame_(av_frame_alloc())
+FrameDecoder::State::State(const QString &path, const CancelFlag &cancelled) :
+    reader_(PathText::toBytes(path), cancelled), frame_(av_frame_alloc())
 {
     if (!frame_) {
         throw std::bad_alloc();
@@ -86,6 +89,13 @@ Result<void> FrameDecoder::State::open()
     FFMpegInit();
     auto opened = reader_.open();
     return opened ? openDecoder(threads_) : opened;
+}
+
+std::int64_t FrameDecoder::State::bytesPerFrame() const
+{
+    const AVCodecParameters &codec = *reader_.stream().codecpar;
+    return std::max(0,
+                    av_image_get_buffer_size(static_cast<AVPixelFormat>(codec.format), codec.width, codec.height, 1));
 }
 
 /// A new one for every seek: an old one keeps what it has learnt of the stream's order, which the tool cannot know.
@@ -255,9 +265,9 @@ FrameDecoder::~FrameDecoder() = default;
 FrameDecoder::FrameDecoder(FrameDecoder &&) noexcept = default;
 FrameDecoder &FrameDecoder::operator=(FrameDecoder &&) noexcept = default;
 
-Result<FrameDecoder> FrameDecoder::open(const QString &path, const CancelFlag &cancelled, int threads)
+Result<FrameDecoder> FrameDecoder::open(const QString &path, const CancelFlag &cancelled)
 {
-    auto state = std::make_unique<State>(path, cancelled, threads);
+    auto state = std::make_unique<State>(path, cancelled);
     if (const auto opened = state->open(); !opened) {
         return failure(opened.error());
     }
@@ -267,6 +277,16 @@ Result<FrameDecoder> FrameDecoder::open(const QString &path, const CancelFlag &c
 void FrameDecoder::scaleTo(QSize size)
 {
     state_->scaleTo(size);
+}
+
+void FrameDecoder::useThreads(int count)
+{
+    state_->useThreads(count);
+}
+
+std::int64_t FrameDecoder::bytesPerFrame() const
+{
+    return state_->bytesPerFrame();
 }
 
 Result<QImage> FrameDecoder::exactFrame(double seconds)

@@ -7,6 +7,7 @@
 #include <QSize>
 #include <QString>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -14,16 +15,21 @@
 /// Hostile files end in an error, after limits that are named in the source. Memory that runs out is std::bad_alloc.
 class FrameDecoder {
 public:
-    /// Opens the file as the probe does, at the stream that the ffmpeg tool chooses, to decode with so many threads.
-    /// Setting `cancelled`, which must outlive the decoder, makes every call fail soon. Errors are in words for the
-    /// user, here and below.
-    static Result<FrameDecoder> open(const QString &path, const CancelFlag &cancelled, int threads = 1);
+    /// Opens the file as the probe does, at the stream that the ffmpeg tool chooses. Setting `cancelled`, which must
+    /// outlive the decoder, makes every call fail soon. Errors are in words for the user, here and below.
+    static Result<FrameDecoder> open(const QString &path, const CancelFlag &cancelled);
     ~FrameDecoder();
     FrameDecoder(FrameDecoder &&other) noexcept;
     FrameDecoder &operator=(FrameDecoder &&other) noexcept;
 
     /// Pictures come at this size; at their own when it is empty, as at first.
     void scaleTo(QSize size);
+
+    /// How many threads decode what follows on a seek; one at first.
+    void useThreads(int count);
+
+    /// What one decoded frame takes in memory.
+    std::int64_t bytesPerFrame() const;
 
     /// The picture that the ffmpeg tool gives for `-ss seconds -i path -vframes 1`, as it looks in the tool's JPEG but
     /// for what that loses; in Format_RGB32. The seconds are rounded to two decimals, as for the tool. A null image

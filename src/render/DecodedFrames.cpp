@@ -11,11 +11,11 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::int64_t largestPart = 1024;   // tiles: their pictures are held until they are painted
-constexpr auto cancelInterval = 50ms;        // how often the cancel flag is looked at
-constexpr double decoderMemory = 900e6;      // bytes, of all decoders
-constexpr double bytesPerDecodedPixel = 3.0; // 10 bits, colour halved both ways
-constexpr double framesPerDecoder = 12.0;    // those that a decoder holds for others to refer to
+constexpr std::int64_t largestPart = 1024;          // tiles: their pictures are held until they are painted
+constexpr auto cancelInterval = 50ms;               // how often the cancel flag is looked at
+constexpr std::int64_t decoderMemory = 800'000'000; // bytes, of all decoders
+constexpr std::int64_t framesPerDecoder = 12; // those that one holds for others to refer to; a thread holds one more
+constexpr double longStretch = 1.0;           // seconds of a movie that are worth several threads
 
 /// Only smaller pictures are scaled here: to enlarge is left to the canvas.
 QSize scaledSize(QSize picture, QSize wanted)
@@ -90,17 +90,14 @@ void DecodedFrames::startPart()
         return;
     }
     plan(*opened);
-    const auto count = workerCount();
-    std::optional<FrameDecoder> first;
-    const int threads = count == 1 ? static_cast<int>(std::thread::hardware_concurrency()) : 1;
-    if (threads <= 1) {
-        first = *std::move(opened);
-    }
+    const Crew crew = crewFor(opened->bytesPerFrame());
+    std::optional<FrameDecoder> first = *std::move(opened);
     try {
-        for (std::size_t index = 0; index < count; ++index) {
-            workers_.emplace_back([this, threads, decoder = std::exchange(first, std::nullopt)]() mutable {
-                work(std::move(decoder), threads);
-            });
+        for (std::size_t index = 0; index < crew.workers; ++index) {
+            workers_.emplace_back(
+                [this, threads = crew.threads, decoder = std::exchange(first, std::nullopt)]() mutable {
+                    work(std::move(decoder), threads);
+                });
         }
     } catch (const std::system_error &) { // the system gives no more threads
         if (workers_.empty()) {
@@ -131,13 +128,17 @@ void DecodedFrames::plan(FrameDecoder &decoder)
     }
 }
 
-std::size_t DecodedFrames::workerCount() const
+/// A worker for each core, as far as there are groups and memory. Cores that are left over help with threads, which
+/// share out one group's frames less well than workers share out groups.
+DecodedFrames::Crew DecodedFrames::crewFor(std::int64_t bytesPerFrame) const
 {
-    const double pixels = static_cast<double>(tiles_.movieSize.width()) * tiles_.movieSize.height();
-    const double memoryOfOne = std::max(1.0, pixels * bytesPerDecodedPixel * framesPerDecoder);
-    const auto affordable = static_cast<std::size_t>(std::max(1.0, decoderMemory / memoryOfOne));
-    const auto cores = static_cast<std::size_t>(std::max(1U, std::thread::hardware_concurrency()));
-    return std::min({groups_.size(), cores, affordable});
+    const auto groups = static_cast<std::int64_t>(groups_.size());
+    const auto cores = static_cast<std::int64_t>(std::max(1U, std::thread::hardware_concurrency()));
+    const std::int64_t frames = decoderMemory / std::max<std::int64_t>(bytesPerFrame, 1);
+    const std::int64_t workers = std::clamp<std::int64_t>(frames / framesPerDecoder, 1, std::min(groups, cores));
+    const std::int64_t wanted = (cores + groups - 1) / groups;
+    const std::int64_t affordable = frames / workers - framesPerDecoder;
+    return {static_cast<std::size_t>(workers), static_cast<int>(std::clamp<std::int64_t>(affordable, 1, wanted))};
 }
 
 void DecodedFrames::work(std::optional<FrameDecoder> decoder, int threads)
@@ -149,13 +150,14 @@ try {
                 return;
             }
             if (!decoder) {
-                auto opened = FrameDecoder::open(tiles_.moviePath, stop_, threads);
+                auto opened = FrameDecoder::open(tiles_.moviePath, stop_);
                 if (!opened) {
                     put(tile, {.picture = {}, .problem = opened.error()});
                     continue;
                 }
                 decoder = *std::move(opened);
             }
+            decoder->useThreads(group->cost >= longStretch ? threads : 1);
             decode(*decoder, tile);
         }
     }

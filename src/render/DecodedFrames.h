@@ -32,10 +32,15 @@ private:
         std::vector<std::int64_t> tiles;
         double cost = 0.0; ///< seconds of the movie to be decoded
     };
+    /// How the work is shared out.
+    struct Crew {
+        std::size_t workers = 1;
+        int threads = 1; ///< that each of them decodes a long group with
+    };
 
     void startPart();
     void plan(FrameDecoder &decoder);
-    std::size_t workerCount() const;
+    Crew crewFor(std::int64_t bytesPerFrame) const;
     void work(std::optional<FrameDecoder> decoder, int threads);
     void decode(FrameDecoder &decoder, std::int64_t tile);
     std::optional<Group> takeGroup();

@@ -38,8 +38,9 @@ static double difference(const QImage &one, const QImage &other)
 
 static FrameDecoder opened(const QString &path, int threads = 1)
 {
-    auto decoder = FrameDecoder::open(path, never, threads);
+    auto decoder = FrameDecoder::open(path, never);
     EXPECT_TRUE(decoder) << path.toStdString() << ' ' << decoder.error().toStdString();
+    decoder->useThreads(threads);
     return std::move(decoder).value();
 }
 
