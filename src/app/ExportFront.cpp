@@ -10,6 +10,8 @@
 #include "platform/Log.h"
 #include "platform/files/TemporaryFolder.h"
 #include "platform/store/UserDefaults.h"
+#include "platform/threads/AlternateStack.h"
+#include "render/ImageEncoder.h"
 
 #include <QDir>
 #include <QFile>
@@ -23,6 +25,8 @@
 #include <mutex>
 #include <new>
 #include <pthread.h>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -93,6 +97,23 @@ void cancelExport(CancelFlag &cancelled, pthread_t worker, const std::stop_token
     } while (!nothing.wait_for(lock, ending, 100ms, [&ending] { return ending.stop_requested(); }));
 }
 
+/// Does what is needed only when the first picture is there, while the first movie is looked into and the tool runs.
+std::jthread prepareBeside(const QString &toolPath)
+try {
+    return std::jthread([toolPath] {
+        const AlternateStack stack;
+        try {
+            ProgramSetup::warnOfMissingParts(toolPath);
+            GlobalFun::loadImageFormats();
+        } catch (const std::bad_alloc &) {
+            // Then it is done when it is needed, or fails there.
+        }
+    });
+} catch (const std::system_error &) { // the system gives no thread
+    ProgramSetup::warnOfMissingParts(toolPath);
+    return {};
+}
+
 void makeAbsolute(ExportOptions &options)
 {
     for (QString &path : options.paths) {
@@ -123,7 +144,7 @@ int runExportFront(ExportOptions options, int argc, char **argv)
     argc = 1; // what follows is not the toolkit's
     const QGuiApplication application(argc, argv);
     const QString toolPath = ProgramSetup::toolPath();
-    ProgramSetup::warnOfMissingParts(toolPath);
+    const std::jthread preparation = prepareBeside(toolPath);
 
     UserDefaults defaults(ProgramSetup::storePath());
     ProgramSetup::seed(defaults, DefaultsSeed::OutputFolder::WhenWritten);

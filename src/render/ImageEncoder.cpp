@@ -30,6 +30,13 @@ bool writeGif(const QImage &image, QIODevice &device)
 
 } // namespace
 
+void GlobalFun::loadImageFormats()
+{
+    QBuffer nothing;
+    nothing.open(QIODevice::WriteOnly);
+    static_cast<void>(QImageWriter(&nothing, imageFormats.front().writer).canWrite()); // asks them in turn
+}
+
 bool GlobalFun::writeRepresentationOfType(const QImage &image, const QString &extension, QIODevice &device)
 {
     if (image.isNull() || extension.isEmpty()) {
