@@ -272,6 +272,26 @@
         <source>Redo %1</source>
         <translation>重做：%1</translation>
     </message>
+    <message id="editor_size_impossible">
+        <source>A collage of %1 × %2 pixels cannot be made</source>
+        <translation>无法制作 %1 × %2 像素的拼图</translation>
+    </message>
+    <message id="editor_size_text">
+        <source>%1 × %2 pixels, %3 megapixels</source>
+        <translation>%1 × %2 像素，%3 百万像素</translation>
+    </message>
+    <message id="editor_range_of_done">
+        <source>Done will store %1 to %2</source>
+        <translation>按“完成”将保存 %1 至 %2</translation>
+    </message>
+    <message id="editor_place">
+        <source>Movie %1 of %2</source>
+        <translation>第 %1 部，共 %2 部</translation>
+    </message>
+    <message id="editor_waits_for_done">
+        <source>“Apply to all” and “Set as default” act on Done, not on Previous and Next</source>
+        <translation>“应用到全部”和“设为默认”只在按“完成”时生效，“上一个”和“下一个”不会触发</translation>
+    </message>
 </context>
 <context>
     <name>KTCustomCollageWndCtl</name>
@@ -446,6 +466,26 @@
     <message id="editor_done">
         <source>Done</source>
         <translation>完成</translation>
+    </message>
+    <message id="editor_layout">
+        <source>Layout</source>
+        <translation>布局</translation>
+    </message>
+    <message id="editor_size">
+        <source>Size of the finished collage</source>
+        <translation>成品拼图的大小</translation>
+    </message>
+    <message id="editor_note">
+        <source>What Done will do</source>
+        <translation>按“完成”的结果</translation>
+    </message>
+    <message id="editor_reset">
+        <source>Reset</source>
+        <translation>重置</translation>
+    </message>
+    <message id="editor_reset_tip">
+        <source>Gives this movie the settings that a newly added movie has</source>
+        <translation>恢复为新添加影片的设置</translation>
     </message>
 </context>
 <context>

@@ -4,7 +4,6 @@
 #include "Shared/SizeFit.h"
 #include "platform/Log.h"
 #include "platform/desktop/SvgImage.h"
-#include "render/CollageLayout.h"
 #include "render/TextBlock.h"
 
 #include <QPainter>
@@ -139,6 +138,12 @@ private:
 
 } // namespace
 
+CollageLayout collageLayout(const CollageSettings &settings, const QString &metadataText)
+{
+    const CollageLayout grid(settings);
+    return grid.withText(TextBlock(metadataText, TextBlock::systemFont(), grid.textBox()).size());
+}
+
 QImage previewPlaceholder(qreal devicePixelRatio)
 {
     return svgImage(u":/images/image_photo.svg"_s, {placeholderSide, placeholderSide}, devicePixelRatio);
@@ -147,10 +152,7 @@ QImage previewPlaceholder(qreal devicePixelRatio)
 void drawCollagePreview(QPainter &painter, const QRectF &bounds, const CollageSettings &settings,
                         const QString &metadataText, const QImage &placeholder)
 {
-    const CollageLayout grid(settings);
-    const TextBlock text(metadataText, TextBlock::systemFont(), grid.textBox());
-    const CollageLayout layout = grid.withText(text.size());
-
+    const CollageLayout layout = collageLayout(settings, metadataText);
     Scale scale;
     const QSizeF size = GlobalFun::getSizeWithOrigin(layout.canvasSize(), bounds.size(), &scale.rate);
     qCDebug(lcTessarine).noquote() << "rate :" << GlobalFun::fixedText(scale.rate, 2);

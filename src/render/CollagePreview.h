@@ -1,6 +1,7 @@
 #pragma once
 
 #include "collage/CollageSettings.h"
+#include "render/CollageLayout.h"
 
 #include <QImage>
 #include <QRectF>
@@ -11,6 +12,9 @@ class QPainter;
 
 /// In points: what the list keeps of a movie's collage, which is more than it shows.
 inline constexpr QSize listPreviewSize{352, 224};
+
+/// Where everything lies on the collage that these settings make, under a block of this text.
+CollageLayout collageLayout(const CollageSettings &settings, const QString &metadataText);
 
 /// The picture that stands in each tile of a preview, "image_photo", 16 × 16 points. Safe on any thread.
 QImage previewPlaceholder(qreal devicePixelRatio);

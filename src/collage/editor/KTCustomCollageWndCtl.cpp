@@ -6,6 +6,7 @@
 #include "collage/DefaultParameters.h"
 #include "collage/KTMovieObject.h"
 #include "collage/editor/CollageEditorHost.h"
+#include "collage/editor/EditorTexts.h"
 #include "collage/editor/SliderSelectionItem.h"
 #include "platform/Log.h"
 #include "platform/desktop/AlertPanel.h"
@@ -28,16 +29,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize roomAroundSheet(16, 48); // its frame and title, and a little air
-
-std::int32_t integerValue(const QLineEdit *field)
-{
-    return GlobalFun::leadingInt32(field->text());
-}
-
-void showNumber(QLineEdit *field, double value)
-{
-    field->setText(QString::number(GlobalFun::truncatedToInt32(value)));
-}
 
 /// For the list, which shows pictures small and may hold thousands of them.
 QImage fittedForList(const QImage &image)
@@ -68,18 +59,11 @@ KTCustomCollageWndCtl::~KTCustomCollageWndCtl()
 
 void KTCustomCollageWndCtl::prepareControls()
 {
-    for (const CollageFields::Number &row : CollageFields::numbers) {
-        auto *field = findChild<QLineEdit *>(QLatin1StringView(row.control));
-        auto *slider = row.slider ? findChild<FractionSlider *>(QLatin1StringView(row.slider)) : nullptr;
-        numbers_.push_back(
-            {row, field, slider, std::make_unique<FieldEditing>(*field, static_cast<FieldEditingDelegate &>(*this))});
-    }
-    for (const CollageFields::Color &row : CollageFields::colors) {
-        colors_.push_back({row, findChild<ColorWell *>(QLatin1StringView(row.control))});
-    }
-    for (const CollageFields::Switch &row : CollageFields::switches) {
-        switches_.push_back({row, findChild<QCheckBox *>(QLatin1StringView(row.control))});
-    }
+    controls_ = std::make_unique<CollageControls>(*this, static_cast<FieldEditingDelegate &>(*this),
+                                                  CollageControls::Changes{
+                                                      .slider = [this](const auto &number) { sliderDown(number); },
+                                                      .color = [this](const auto &color) { changeColor(color); },
+                                                  });
     for (SWTimeEditView *view : {ui_->startTimeView, ui_->endTimeView}) {
         view->setDelegate(this);
         view->setAlertPanel(&services_.alert);
@@ -95,21 +79,19 @@ void KTCustomCollageWndCtl::prepareControls()
 
 void KTCustomCollageWndCtl::connectControls()
 {
-    for (const NumberControl &number : numbers_) {
-        if (number.slider) {
-            connect(number.slider, &QSlider::valueChanged, this, [this, &number] { sliderDown(number); });
-        }
-    }
-    for (const ColorControl &color : colors_) {
-        connect(color.well, &ColorWell::colorChosen, this, [this, &color] { changeColor(color); });
-    }
     connect(ui_->chkAuto, &QCheckBox::toggled, this, &KTCustomCollageWndCtl::autoHeightDown);
+    for (QCheckBox *box : {ui_->chkAuto, ui_->chkSetAsDefault, ui_->chkApplyToAll}) { // after autoHeightDown
+        connect(box, &QCheckBox::toggled, this, &KTCustomCollageWndCtl::tellOfDone);
+    }
+    connect(ui_->btnReset, &QPushButton::clicked, this, &KTCustomCollageWndCtl::resetDown);
     connect(ui_->btnCancel, &QPushButton::clicked, this, &KTCustomCollageWndCtl::cancelDown);
     connect(ui_->btnDone, &QPushButton::clicked, this, &KTCustomCollageWndCtl::doneDown);
     connect(ui_->btnPrev, &QPushButton::clicked, this, &KTCustomCollageWndCtl::prevDown);
     connect(ui_->btnNext, &QPushButton::clicked, this, &KTCustomCollageWndCtl::nextDown);
-    metadataObservation_ = services_.notifications.observe(PreferenceKeys::metadataTextChanged,
-                                                           [this] { ui_->thumbPreview->metadataTextChanged(); });
+    metadataObservation_ = services_.notifications.observe(PreferenceKeys::metadataTextChanged, [this] {
+        ui_->thumbPreview->metadataTextChanged();
+        tellOfDone();
+    });
 }
 
 QPushButton &KTCustomCollageWndCtl::btnPrev()
@@ -132,29 +114,42 @@ void KTCustomCollageWndCtl::flushWithKTObject(std::shared_ptr<KTMovieObject> obj
     const CollageSettings settings = movie_->settings();
     ui_->lblTitle->setText(PathText::forDisplay(GlobalFun::lastPathComponent(movie_->filePath)));
     fillRange(settings);
-    for (const ColorControl &color : colors_) {
-        color.well->setColor(settings.*color.row.member);
-    }
-    fillNumbers(settings);
-    for (const SwitchControl &control : switches_) {
-        const QSignalBlocker quiet(control.box);
-        control.box->setChecked(settings.*control.row.member);
-    }
+    controls_->fill(settings);
     autoHeightDown();
     ui_->chkApplyToAll->setChecked(false);
     ui_->chkSetAsDefault->setChecked(false);
     abandonEditing(); // a field that has the focus goes back to this movie's value when it is refused
+    showPlace();
     redrawPreview();
+}
+
+void KTCustomCollageWndCtl::showPlace()
+{
+    const auto movies = services_.host.aryItems();
+    const auto place = std::ranges::find(movies, movie_) - movies.begin();
+    ui_->lblPlace->setText(EditorTexts::placeInList(static_cast<int>(place) + 1, static_cast<int>(movies.size())));
+}
+
+/// Done stores what stands in the controls, which may be other than what the movie has now.
+void KTCustomCollageWndCtl::tellOfDone()
+{
+    const CollageSettings kept = settingsFromForm(form(), *movie_);
+    ui_->lblCollageSize->setText(EditorTexts::collageSize(collageLayout(kept, ui_->thumbPreview->facts())));
+    const CollageSettings live = movie_->settings();
+    QStringList notes;
+    if (kept.startPoint != live.startPoint || kept.endPoint != live.endPoint) {
+        notes << EditorTexts::rangeOfDone(kept.startPoint, kept.endPoint);
+    }
+    if (ui_->chkApplyToAll->isChecked() || ui_->chkSetAsDefault->isChecked()) {
+        notes << EditorTexts::waitsForDone();
+    }
+    ui_->lblNote->setText(notes.join(u" · "_s));
 }
 
 void KTCustomCollageWndCtl::releaseHandles()
 {
     ui_->timeRangeSlidView->release();
-    for (const NumberControl &number : numbers_) {
-        if (number.slider) {
-            number.slider->release();
-        }
-    }
+    controls_->releaseSliders();
 }
 
 void KTCustomCollageWndCtl::fillRange(const CollageSettings &settings)
@@ -167,29 +162,13 @@ void KTCustomCollageWndCtl::fillRange(const CollageSettings &settings)
     ui_->endTimeView->flushWithSeconds(settings.endPoint);
 }
 
-void KTCustomCollageWndCtl::fillNumbers(const CollageSettings &settings)
-{
-    for (const NumberControl &number : numbers_) {
-        const double value = number.row.in(settings);
-        showNumber(number.field, value);
-        if (number.slider) {
-            // The margin is written from its slider in whole pixels, so the slider shows whole pixels from the start.
-            const bool isMargin = number.row.is(&CollageSettings::borderWidth);
-            number.slider->setDoubleValue(isMargin ? GlobalFun::truncatedToInt32(value) : value);
-        }
-    }
-}
-
 CollageForm KTCustomCollageWndCtl::form() const
 {
     const SliderSelectionItem &selection = ui_->timeRangeSlidView->selectionItem();
     CollageForm form;
     form.dStart = selection.dStart;
     form.dLength = selection.dLength;
-    std::ranges::transform(numbers_, form.numbers.begin(), [](const auto &each) { return integerValue(each.field); });
-    std::ranges::transform(colors_, form.colors.begin(), [](const auto &each) { return each.well->color(); });
-    std::ranges::transform(switches_, form.switches.begin(), [](const auto &each) { return each.box->isChecked(); });
-    form.slidBorderWidth = GlobalFun::truncatedToInt32(ui_->slidBorderWidth->doubleValue());
+    controls_->readInto(form);
     return form;
 }
 
@@ -225,20 +204,21 @@ void KTCustomCollageWndCtl::edit(const std::function<void(CollageSettings &)> &c
 void KTCustomCollageWndCtl::redrawPreview()
 {
     ui_->thumbPreview->flushWithMovieObject(movie_);
+    tellOfDone();
 }
 
-void KTCustomCollageWndCtl::changeColor(const ColorControl &color)
+void KTCustomCollageWndCtl::changeColor(const CollageControls::Color &color)
 {
     qCDebug(lcTessarine) << "color changed...";
     edit([&](CollageSettings &settings) { settings.*color.row.member = color.well->color(); });
     redrawPreview();
 }
 
-void KTCustomCollageWndCtl::sliderDown(const NumberControl &number)
+void KTCustomCollageWndCtl::sliderDown(const CollageControls::Number &number)
 {
     const double value = number.slider->doubleValue();
     edit([&](CollageSettings &settings) { number.row.put(settings, value); });
-    showNumber(number.field, value);
+    CollageControls::show(*number.field, value);
     redrawPreview();
 }
 
@@ -248,7 +228,8 @@ void KTCustomCollageWndCtl::autoHeightDown()
     ui_->lblGridHeight->setReadOnly(automatic);
     ui_->lblGridHeight->setEnabled(!automatic);
     if (automatic) {
-        showNumber(ui_->lblGridHeight, automaticGridHeight(*movie_, integerValue(ui_->lblGridWidth)));
+        CollageControls::show(*ui_->lblGridHeight,
+                              automaticGridHeight(*movie_, CollageControls::valueIn(*ui_->lblGridWidth)));
     }
     edit([automatic](CollageSettings &settings) { settings.autoHeight = automatic; });
 }
@@ -256,16 +237,17 @@ void KTCustomCollageWndCtl::autoHeightDown()
 void KTCustomCollageWndCtl::controlTextDidChange(QLineEdit &field)
 {
     qCDebug(lcTessarine) << "ctl text did changed...";
-    const NumberControl *number = numberOf(field);
-    const std::int32_t value = integerValue(&field);
+    const CollageControls::Number *number = controls_->numberOf(field);
+    const std::int32_t value = CollageControls::valueIn(field);
     if (!number || value < number->row.shownFrom) {
+        tellOfDone();
         return;
     }
     edit([&](CollageSettings &settings) {
         number->row.put(settings, value);
         if (number->row.is(&CollageSettings::gridWidth) && settings.autoHeight) {
             settings.gridHeight = automaticGridHeight(*movie_, value);
-            showNumber(ui_->lblGridHeight, settings.gridHeight);
+            CollageControls::show(*ui_->lblGridHeight, settings.gridHeight);
         }
     });
     if (number->slider) {
@@ -286,6 +268,7 @@ void KTCustomCollageWndCtl::refreshSplitTimeRange()
     });
     ui_->startTimeView->flushWithSeconds(selection.dStart);
     ui_->endTimeView->flushWithSeconds(end);
+    tellOfDone();
 }
 
 void KTCustomCollageWndCtl::splitSliderViewBeginDragClip(SplitSliderView & /*slider*/, bool /*bLeftClip*/)
@@ -319,20 +302,15 @@ void KTCustomCollageWndCtl::didChangeValue(SWTimeEditView &view, double seconds)
     (isStart ? selection.dStart : selection.dLength) = isStart ? seconds : seconds - selection.dStart;
     ui_->timeRangeSlidView->setSelection(selection.dStart, selection.dLength);
     edit([&](CollageSettings &settings) { (isStart ? settings.startPoint : settings.endPoint) = seconds; });
+    tellOfDone();
 }
 
 // Fields and buttons
 
-const KTCustomCollageWndCtl::NumberControl *KTCustomCollageWndCtl::numberOf(const QLineEdit &field) const
-{
-    const auto found = std::ranges::find(numbers_, &field, &NumberControl::field);
-    return found == numbers_.end() ? nullptr : &*found;
-}
-
 bool KTCustomCollageWndCtl::controlTextShouldEndEditing(QLineEdit &field)
 {
-    const NumberControl *number = numberOf(field);
-    if (number && integerValue(&field) >= number->row.acceptedFrom) {
+    const CollageControls::Number *number = controls_->numberOf(field);
+    if (number && CollageControls::valueIn(field) >= number->row.acceptedFrom) {
         return true;
     }
     QString title;
@@ -349,13 +327,12 @@ bool KTCustomCollageWndCtl::controlTextShouldEndEditing(QLineEdit &field)
 
 bool KTCustomCollageWndCtl::endEditing()
 {
-    return std::ranges::all_of(numbers_, [](const auto &number) { return number.editing->endEditing(); }) &&
-           ui_->startTimeView->endEditing() && ui_->endTimeView->endEditing();
+    return controls_->endEditing() && ui_->startTimeView->endEditing() && ui_->endTimeView->endEditing();
 }
 
 void KTCustomCollageWndCtl::abandonEditing()
 {
-    std::ranges::for_each(numbers_, [](const auto &number) { number.editing->abandonEditing(); });
+    controls_->abandonEditing();
     ui_->startTimeView->abandonEditing();
     ui_->endTimeView->abandonEditing();
 }
@@ -393,6 +370,16 @@ void KTCustomCollageWndCtl::doneDown()
     }
     services_.host.reloadData();
     accept();
+}
+
+void KTCustomCollageWndCtl::resetDown()
+{
+    const bool appliesToAll = ui_->chkApplyToAll->isChecked();
+    const bool setsDefault = ui_->chkSetAsDefault->isChecked();
+    movie_->setSettings(DefaultParameters::settingsOfNewMovie(services_.defaults, *movie_));
+    flushWithKTObject(movie_);
+    ui_->chkApplyToAll->setChecked(appliesToAll);
+    ui_->chkSetAsDefault->setChecked(setsDefault);
 }
 
 void KTCustomCollageWndCtl::prevDown()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "collage/CollageForm.h"
+#include "collage/editor/CollageControls.h"
 #include "collage/editor/SWTimeEditViewDelegate.h"
 #include "collage/editor/SliderViewDelegate.h"
 #include "platform/threads/NotificationCenter.h"
@@ -10,15 +10,10 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 class AlertPanel;
 class CollageEditorHost;
-class ColorWell;
-class FieldEditing;
-class FractionSlider;
 class KTMovieObject;
-class QCheckBox;
 class QLineEdit;
 class QPushButton;
 class UserDefaults;
@@ -65,6 +60,8 @@ public:
     void doneDown();
     void prevDown();
     void nextDown();
+    /// Gives the movie the settings of a newly added one, as a live change.
+    void resetDown();
 
     void reject() override;
 
@@ -72,43 +69,26 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    // A row of the tables of CollageFields with its controls, which belong to the form.
-    struct NumberControl {
-        const CollageFields::Number &row;
-        QLineEdit *field;
-        FractionSlider *slider; ///< null where there is none
-        std::unique_ptr<FieldEditing> editing;
-    };
-    struct ColorControl {
-        const CollageFields::Color &row;
-        ColorWell *well;
-    };
-    struct SwitchControl {
-        const CollageFields::Switch &row;
-        QCheckBox *box;
-    };
-
     void prepareControls();
     void connectControls();
     void fillRange(const CollageSettings &settings);
-    void fillNumbers(const CollageSettings &settings);
     CollageForm form() const;
     /// The same for every movie of the list; one picture serves all.
     void serilizedToAll() const;
 
-    void changeColor(const ColorControl &color);
-    void sliderDown(const NumberControl &number);
+    void changeColor(const CollageControls::Color &color);
+    void sliderDown(const CollageControls::Number &number);
     void autoHeightDown();
     void refreshSplitTimeRange();
     /// Lets the change into the settings of the edited movie.
     void edit(const std::function<void(CollageSettings &)> &change);
     void redrawPreview();
+    void showPlace();
+    void tellOfDone();
 
     bool endEditing();
     void abandonEditing();
     void releaseHandles();
-    /// Null when it is none of them.
-    const NumberControl *numberOf(const QLineEdit &field) const;
 
     void controlTextDidChange(QLineEdit &field) override;
     bool controlTextShouldEndEditing(QLineEdit &field) override;
@@ -122,9 +102,7 @@ private:
 
     Services services_;
     std::unique_ptr<Ui::KTCustomCollageWndCtl> ui_;
-    std::vector<NumberControl> numbers_; // gone before the fields are
-    std::vector<ColorControl> colors_;
-    std::vector<SwitchControl> switches_;
+    std::unique_ptr<CollageControls> controls_;
     std::shared_ptr<KTMovieObject> movie_;
     NotificationCenter::Observation metadataObservation_;
 };

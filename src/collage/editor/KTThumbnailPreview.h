@@ -27,6 +27,8 @@ public:
 
     /// The movie that is drawn; null at first.
     std::shared_ptr<KTMovieObject> ktObject() const { return movie_; }
+    /// The block of facts that room is kept for. There must be a movie.
+    const QString &facts();
     /// Shows the movie with the settings that it has now.
     void flushWithMovieObject(std::shared_ptr<KTMovieObject> object);
 
@@ -42,7 +44,6 @@ protected:
 
 private:
     const QImage &holderForScreen();
-    const QString &facts();
 
     std::shared_ptr<KTMovieObject> movie_;
     MetadataText metadataText_;

@@ -17,8 +17,11 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
+#include <QToolButton>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -39,6 +42,7 @@ static std::shared_ptr<KTMovieObject> movieOf(int width, int height, double dura
 struct EditorTest : testing::Test, protected CollageEditorHost, protected AlertPanel {
     EditorTest()
     {
+        defaults.setInteger(PreferenceKeys::metadataText, 4); // the heading has the name of the file
         alertBox.setWindowModality(Qt::WindowModal);
         openWith(0);
     }
@@ -146,6 +150,53 @@ TEST_F(EditorTest, NumbersShowLiveFromOneThresholdAndMayStayFromAnother)
         EXPECT_EQ(edit.hasFocus(), !alerts.isEmpty());
         edit.setText(before);
     }
+}
+
+TEST_F(EditorTest, NumbersCanBeSteppedAndAStepCountsAsTyping)
+{
+    QLineEdit &rows = field("lblGridRowNum");
+    rows.setFocus();
+    const auto turnWheel = [&rows](int eighths) {
+        QWheelEvent event({}, rows.mapToGlobal(QPointF()), {}, {0, eighths}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&rows, &event);
+    };
+    QTest::keyClick(&rows, Qt::Key_Up);
+    EXPECT_EQ(settings().rowNumber, 3);
+    QTest::keyClick(&rows, Qt::Key_PageUp);
+    EXPECT_EQ(settings().rowNumber, 13);
+    turnWheel(60);
+    turnWheel(60);
+    EXPECT_EQ(settings().rowNumber, 14);
+    QTest::keyClick(&rows, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(settings().rowNumber, 14);
+    for (int page = 0; page < 3; ++page) {
+        QTest::keyClick(&rows, Qt::Key_PageDown);
+    }
+    EXPECT_EQ(rows.text(), u"1"_s);
+    field("lblGridWidth").setFocus();
+    turnWheel(120);
+    EXPECT_EQ(settings().rowNumber, 1) << "the pointer only passed by";
+    type("lblGridWidth", "2147483647");
+    QTest::mouseClick(field("lblGridWidth").findChild<QToolButton *>(), Qt::LeftButton);
+    EXPECT_EQ(settings().gridWidth, 2147483647.0);
+    EXPECT_EQ(alerts, QStringList());
+}
+
+TEST_F(EditorTest, ItTellsWhatDoneWillMakeAndResetTakesAllBack)
+{
+    const auto shown = [this](const char *name) { return control<QLabel>(name).text().toStdString(); };
+    EXPECT_EQ(shown("lblCollageSize"), "editor_size_text");
+    type("lblGridColumeNum", "99999");
+    EXPECT_EQ(shown("lblCollageSize"), "editor_size_impossible");
+    EXPECT_EQ(shown("lblNote"), "");
+    typeTime("startTimeView", "5");
+    EXPECT_EQ(shown("lblNote"), "editor_range_of_done") << "the end will move too";
+    tick("chkApplyToAll");
+    click("btnReset");
+    EXPECT_EQ(settings(), DefaultParameters::settingsOfNewMovie(defaults, *movies.front()));
+    EXPECT_TRUE(control<QAbstractButton>("chkApplyToAll").isChecked());
+    EXPECT_EQ(shown("lblNote"), "editor_waits_for_done");
+    EXPECT_EQ(calls, QStringList());
 }
 
 TEST_F(EditorTest, ARefusedNumberIsToldOnceWhateverTheUserDoesNext)
@@ -300,7 +351,7 @@ TEST_F(EditorTest, ThePreviewFollowsThePreferences)
     notifications.post(PreferenceKeys::metadataTextChanged);
     EXPECT_NE(image(), before);
     click("btnCancel");
-    defaults.setInteger(PreferenceKeys::metadataText, 0);
+    defaults.setInteger(PreferenceKeys::metadataText, 4);
     openWith(0);
     EXPECT_EQ(image(), before);
 }
@@ -402,5 +453,5 @@ TEST_F(EditorTest, EveryControlHasANameAndTabGoesAsOneReads)
               "start, time_hours start, time_minutes start, time_seconds slider_start_handle slider_end_handle "
               "end, time_hours end, time_minutes end, time_seconds rows columns tile_width tile_height automatic "
               "horizontal_gaps vertical_gaps margin_width margin_slider background_color frame_width frame_slider "
-              "frame_color shadow set_as_default apply_to_all previous next cancel done");
+              "frame_color shadow reset set_as_default apply_to_all previous next cancel done");
 }
