@@ -644,6 +644,10 @@
         <source>Empty the movie list</source>
         <translation>清空影片列表</translation>
     </message>
+    <message id="general_display_aspect">
+        <source>In the shape in which the movie is shown</source>
+        <translation>按影片播放时的形状</translation>
+    </message>
     <message id="general_format">
         <source>Image &amp;format:</source>
         <translation>图片格式(&amp;F)：</translation>

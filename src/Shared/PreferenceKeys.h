@@ -44,6 +44,7 @@ inline constexpr Setting borderWidth{"DefaultBorderWidth", Kind::Integer, "20"};
 // The export.
 inline constexpr Setting outputFormat{"OutputFormatKey", Kind::Integer, "0"};
 inline constexpr Setting frameSource{"FrameSourceKey", Kind::Integer};
+inline constexpr Setting displayAspect{"DisplayAspectKey", Kind::Boolean, "false"};
 inline constexpr Setting revealInFinder{"RevealFinderKey", Kind::Boolean, "false"};
 inline constexpr Setting openAfterFinish{"OpenAfterFinishKey", Kind::Boolean, "false"};
 inline constexpr Setting clearAfterFinish{"ClearAfterFinishKey", Kind::Boolean, "false"};
@@ -65,19 +66,12 @@ inline constexpr Setting guid{"guid", Kind::Text};
 
 /// All of the above.
 inline constexpr std::array all{
-    rowNumber,        columeNumber,
-    tileWidth,        backgroundColor,
-    tileBorderColor,  tileBorderWidth,
-    horizontalGaps,   verticalGaps,
-    drawShadow,       borderWidth,
-    outputFormat,     frameSource,
-    revealInFinder,   openAfterFinish,
-    clearAfterFinish, outputFolder,
-    sameAsOrigin,     metadataText,
-    gridTextPosition, metadataTextColor,
-    gridTextColor,    appSupportVob,
-    bookmarks,        supportVob,
-    experimental,     guid,
+    rowNumber,         columeNumber,   tileWidth,     backgroundColor, tileBorderColor,
+    tileBorderWidth,   horizontalGaps, verticalGaps,  drawShadow,      borderWidth,
+    outputFormat,      frameSource,    displayAspect, revealInFinder,  openAfterFinish,
+    clearAfterFinish,  outputFolder,   sameAsOrigin,  metadataText,    gridTextPosition,
+    metadataTextColor, gridTextColor,  appSupportVob, bookmarks,       supportVob,
+    experimental,      guid,
 };
 
 /// What the key holds; nothing for a text that is no key of a setting.

@@ -56,6 +56,16 @@ double firstSane(std::initializer_list<double> values)
     return found == values.end() ? 0.0 : *found;
 }
 
+/// How much wider than high a pixel of the coded picture is shown. Files may say any number, which would make a tile
+/// that is a line; those of real movies are 0.3 to 3.
+double sampleAspectOf(const MovieInput &input, AVStream &video)
+{
+    static constexpr double narrowest = 0.1;
+    static constexpr double widest = 10.0;
+    const double aspect = sane(av_guess_sample_aspect_ratio(&input.context(), &video, nullptr));
+    return aspect >= narrowest && aspect <= widest ? aspect : 1.0;
+}
+
 double durationOf(const AVFormatContext &context, const AVStream *video)
 {
     double ofContainer = 0.0;
@@ -69,12 +79,16 @@ double durationOf(const AVFormatContext &context, const AVStream *video)
     return firstSane({ofContainer, ofStream});
 }
 
-void fillVideoFields(VXMediaInfoItem &item, const MovieInput &input, const AVStream &video)
+void fillVideoFields(VXMediaInfoItem &item, const MovieInput &input, AVStream &video)
 {
     const AVCodecParameters &codec = *video.codecpar;
     const bool turned = Upright::of(FFmpegGenerations::sideData(video, AV_PKT_DATA_DISPLAYMATRIX)).swapsSides();
     item.pixWidth = turned ? codec.height : codec.width;
     item.pixHeight = turned ? codec.width : codec.height;
+    item.sampleAspect = sampleAspectOf(input, video);
+    if (turned) {
+        item.sampleAspect = 1.0 / item.sampleAspect;
+    }
     item.videoFps = firstSane({sane(video.avg_frame_rate), sane(video.r_frame_rate)});
     item.strVideoCodecName = QString::fromUtf8(avcodec_get_name(codec.codec_id));
     item.videoBitrate = firstSane({static_cast<double>(codec.bit_rate), static_cast<double>(input.context().bit_rate),
@@ -88,7 +102,7 @@ Result<void> probe(VXMediaInfoItem &item, const CancelFlag &cancelled)
     if (const auto opened = input.open(PathText::toBytes(item.filePath)); !opened) {
         return failure(opened.error());
     }
-    const AVStream *video = input.chooseVideo();
+    AVStream *video = input.chooseVideo();
     const VXMediaType kind = kindOf(input, video);
     if (kind == VXMediaType::Movie && (video->codecpar->width <= 0 || video->codecpar->height <= 0)) {
         return failure(u"has a picture without a size"_s);

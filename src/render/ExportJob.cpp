@@ -34,8 +34,9 @@ public:
     ReportedTiles(const ExportServices &services, ExportProgress report, const MovieTiles &tiles) :
         services_(services),
         report_(std::move(report)),
-        frames_(ChosenFrames::ofTiles(frameSourceOf(services_.defaults.int64Value(PreferenceKeys::frameSource)),
-                                      services_.grabber, tiles, services_.bExportCanceled))
+        movieSize_(tiles.movieSize),
+        options_(PictureOptions::fromDefaults(services_.defaults)),
+        frames_(ChosenFrames::ofTiles(options_, services_.grabber, tiles, services_.bExportCanceled))
     {
     }
 
@@ -49,7 +50,7 @@ public:
         if (!services_.bExportCanceled) {
             missing_.add(seconds, frame);
             report_.tile = tile + 1;
-            report_.picture = frame.picture;
+            report_.picture = ChosenFrames::inShape(options_, frame.picture, movieSize_);
             services_.observer.updateProgress(report_);
         }
         return frame.picture;
@@ -60,6 +61,8 @@ public:
 private:
     const ExportServices &services_;
     ExportProgress report_;
+    const QSize movieSize_;
+    const PictureOptions options_;
     MissingFrames missing_;
     const std::unique_ptr<TileFrames> frames_;
 };

@@ -3,6 +3,9 @@
 #include "support/ScratchFolder.h"
 #include "support/WithoutPrivileges.h"
 
+#include <QFile>
+#include <QtEndian>
+
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
@@ -58,6 +61,32 @@ TEST(Probe, ReadsAllFields)
         EXPECT_EQ(item.strVideoCodecName, QLatin1StringView(expected.codec));
         EXPECT_TRUE(std::isfinite(item.videoBitrate));
         EXPECT_EQ(item.videoBitrate > 0, item.duration > 0);
+    }
+}
+
+TEST(Probe, TellsTheShapeOfPixelsWithinLimits)
+{
+    const ScratchFolder folder;
+    QFile file(movies + u"anamorphic.mp4");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QByteArray bytes = file.readAll();
+    const qsizetype shape = bytes.indexOf("pasp") + 4;
+    ASSERT_GT(shape, 4);
+    constexpr double stated = 16.0 / 15.0; // by the pictures themselves
+    for (const auto &[width, height, aspect] : {std::tuple{2U, 3U, 2.0 / 3.0},
+                                                {1U, 9U, 1.0 / 9.0},
+                                                {1U, 11U, 1.0},
+                                                {200U, 1U, 1.0},
+                                                {0U, 0U, stated},
+                                                {7U, 0U, stated},
+                                                {1U, 1000000U, stated},
+                                                {0xffffffffU, 1U, stated}}) {
+        qToBigEndian(width, bytes.data() + shape);
+        qToBigEndian(height, bytes.data() + shape + 4);
+        VXMediaInfoItem item;
+        EXPECT_FALSE(probe(item, folder.write("shape.mp4", bytes)));
+        EXPECT_NEAR(item.sampleAspect, aspect, 1e-6) << width << ':' << height;
+        EXPECT_EQ(item.pixWidth, 720);
     }
 }
 

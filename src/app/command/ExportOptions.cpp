@@ -25,7 +25,7 @@ struct Option {
     const char *names;          ///< separated by a comma, the short one first
     const char *value;          ///< null for a switch
     const char *help;           ///< "%1" stands for the words that it takes
-    QLatin1StringView key = {}; ///< the setting over which a whole number lies; the others are read one by one
+    QLatin1StringView key = {}; ///< the setting over which a whole number lies, or that a switch turns on
     qlonglong least = 0;        ///< of these numbers
 };
 
@@ -40,6 +40,8 @@ constexpr std::array options{
     Option{Group::What,  "tile-width", "PX",        "width of a frame in pixels; the height follows the movie",
            PreferenceKeys::tileWidth, 1},
     Option{Group::What,  "frames",     "SOURCE",    "%1: by ffmpeg, the same faster, nearest key frames"},
+    Option{Group::What,  "display-aspect", nullptr, "frames in the shape in which the movie is shown",
+           PreferenceKeys::displayAspect},
     Option{Group::What,  "start",      "T",         "time of the first frame, in seconds or as hh:mm:ss"},
     Option{Group::What,  "end",        "T",         "time of the last frame"},
     Option{Group::What,  "set",        "KEY=VALUE", "any other setting, for this run only; may be repeated"},
@@ -188,7 +190,7 @@ Result<std::vector<SettingOption>> readSettings(const QCommandLineParser &parser
     };
     for (const Option &option : options) {
         if (const QString name = namesOf(option).last(); !option.key.isEmpty() && parser.isSet(name)) {
-            keep(option.key, wholeNumber(option, parser.value(name)));
+            keep(option.key, option.value ? wholeNumber(option, parser.value(name)) : Result<QVariant>(true));
         }
     }
     for (const WordOption &option : wordOptions()) {

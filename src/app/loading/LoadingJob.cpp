@@ -106,13 +106,14 @@ try {
         return;
     }
     const auto &movie = *loaded;
-    const FrameSource source = frameSourceOf(services_.defaults.int64Value(PreferenceKeys::frameSource));
+    const PictureOptions options = PictureOptions::fromDefaults(services_.defaults);
     const GrabbedFrame frame =
-        ChosenFrames::at(source, services_.grabber, candidate.path, thumbnailTime, services_.bMovieDropped);
+        ChosenFrames::at(options, services_.grabber, candidate.path, thumbnailTime, services_.bMovieDropped);
     if (services_.bMovieDropped) {
         return; // there is no thumbnail, or none of this movie
     }
-    movie->setImgThumbnail(fitted(frame.picture, services_.devicePixelRatio));
+    const QImage picture = ChosenFrames::inShape(options, frame.picture, {movie->pixWidth, movie->pixHeight});
+    movie->setImgThumbnail(fitted(picture, services_.devicePixelRatio));
     movie->setImgPreview(services_.previews.shared(preview(*movie)));
     services_.observer.loaded(movie, candidate.indexToInsert);
 } catch (const std::bad_alloc &) { // this movie's frames are too large for the memory there is

@@ -1,11 +1,15 @@
 #include "app/loading/MovieLoader.h"
 
+#include "Shared/PictureOptions.h"
 #include "collage/DefaultParameters.h"
 #include "collage/KTMovieObject.h"
 #include "media/VXMediaInfo.h"
 #include "platform/Log.h"
 #include "platform/files/PathText.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <new>
 
 using namespace Qt::StringLiterals;
@@ -24,6 +28,13 @@ QString notAMovie(VXMediaType type)
     }
 }
 
+/// The width with which pictures of this height have the shape in which the movie is shown.
+std::int32_t shownWidth(const VXMediaInfoItem &movie)
+{
+    constexpr double widest = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(std::clamp(std::round(movie.pixWidth * movie.sampleAspect), 1.0, widest));
+}
+
 } // namespace
 
 MovieLoader::MovieLoader(const UserDefaults &defaults) : defaults_(defaults) {}
@@ -40,6 +51,9 @@ try {
     }
     if (movie->eumMediaType != VXMediaType::Movie) {
         return failure(notAMovie(movie->eumMediaType));
+    }
+    if (PictureOptions::fromDefaults(defaults_).displayAspect) {
+        movie->pixWidth = shownWidth(*movie);
     }
     movie->setSettings(DefaultParameters::settingsOfNewMovie(defaults_, *movie));
     return movie;

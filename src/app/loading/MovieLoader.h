@@ -10,7 +10,8 @@
 class KTMovieObject;
 class UserDefaults;
 
-/// Loads one movie: probes the file and gives it the default collage. Holds no state of its own; safe on any thread.
+/// Loads one movie: probes the file and gives it the default collage, in the shape that the settings ask for. Holds no
+/// state of its own; safe on any thread.
 class MovieLoader {
 public:
     explicit MovieLoader(const UserDefaults &defaults);

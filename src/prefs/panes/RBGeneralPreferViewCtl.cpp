@@ -21,6 +21,7 @@ auto checkBoxes(const Ui::RBGeneralPreferViewCtl &ui)
         std::pair(ui.revealFinder, PreferenceKeys::revealInFinder),
         std::pair(ui.chkOpenAfter, PreferenceKeys::openAfterFinish),
         std::pair(ui.chkRemoveAfter, PreferenceKeys::clearAfterFinish),
+        std::pair(ui.displayAspect, PreferenceKeys::displayAspect),
     };
 }
 

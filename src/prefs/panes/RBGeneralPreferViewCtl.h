@@ -7,8 +7,8 @@ namespace Ui {
 class RBGeneralPreferViewCtl;
 }
 
-/// The general pane: what happens to a collage once it is written, and the image format. The store is not written
-/// before commitEditing().
+/// The general pane: what happens to a collage once it is written, the image format, and what pictures look like. The
+/// store is not written before commitEditing().
 class RBGeneralPreferViewCtl final : public PreferencePane {
 public:
     /// The store must outlive this.

@@ -88,6 +88,18 @@ TEST_F(ExportCommandTest, EachTileShowsItsSecond)
     }
 }
 
+TEST_F(ExportCommandTest, TilesHaveTheShapeThatIsAskedFor)
+{
+    for (const char *frames : {"tool", "exact", "key"}) {
+        for (const auto &[option, height] : {std::pair{"", 80}, {" --display-aspect", 75}}) {
+            run(QByteArray("--rows 1 --columns 1 --tile-width 100 --set MetadataTextKey=0 --frames ") + frames + option,
+                {movie("anamorphic.mp4")});
+            ASSERT_EQ(results.size(), 1);
+            EXPECT_EQ(QImage(QString::fromUtf8(results.first())).height(), 40 + height) << frames << option;
+        }
+    }
+}
+
 TEST_F(ExportCommandTest, BadMoviesAreToldAndTheGoodOnesMadeInTheDefaultFolder)
 {
     output.clear();

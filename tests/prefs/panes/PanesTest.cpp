@@ -37,7 +37,7 @@ TEST_F(PanesTest, BoxesShowTheirOwnKeysAndWriteThemAtTheCommit)
 {
     defaults.setBool(PreferenceKeys::openAfterFinish, true);
     RBGeneralPreferViewCtl pane(defaults);
-    for (const char *name : {"revealFinder", "chkOpenAfter", "chkRemoveAfter"}) {
+    for (const char *name : {"revealFinder", "chkOpenAfter", "chkRemoveAfter", "displayAspect"}) {
         QCheckBox &box = control<QCheckBox>(pane, name);
         EXPECT_EQ(box.isChecked(), qstrcmp(name, "chkOpenAfter") == 0) << name;
         box.toggle();
@@ -47,6 +47,8 @@ TEST_F(PanesTest, BoxesShowTheirOwnKeysAndWriteThemAtTheCommit)
     EXPECT_EQ(stored(PreferenceKeys::revealInFinder), 1);
     EXPECT_EQ(stored(PreferenceKeys::openAfterFinish), 0);
     EXPECT_EQ(stored(PreferenceKeys::clearAfterFinish), 1);
+    EXPECT_EQ(stored(PreferenceKeys::displayAspect), 1);
+    EXPECT_EQ(control<QComboBox>(pane, "frameSource").nextInFocusChain()->objectName(), u"displayAspect");
 }
 
 TEST_F(PanesTest, FormatAndCornerThatAreNoneBecomeTheFirst)
