@@ -138,6 +138,13 @@ private:
 
 } // namespace
 
+QImage fittedForList(const QImage &image)
+{
+    const QSize room = listPreviewSize * image.devicePixelRatio();
+    const bool isSmall = image.width() <= room.width() && image.height() <= room.height();
+    return isSmall ? image : image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
 CollageLayout collageLayout(const CollageSettings &settings, const QString &metadataText)
 {
     const CollageLayout grid(settings);

@@ -13,6 +13,9 @@ class QPainter;
 /// In points: what the list keeps of a movie's collage, which is more than it shows.
 inline constexpr QSize listPreviewSize{352, 224};
 
+/// Such a picture no larger than the list keeps it, which may hold thousands of them.
+QImage fittedForList(const QImage &image);
+
 /// Where everything lies on the collage that these settings make, under a block of this text.
 CollageLayout collageLayout(const CollageSettings &settings, const QString &metadataText);
 

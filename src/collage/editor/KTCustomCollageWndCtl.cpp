@@ -30,14 +30,6 @@ namespace {
 
 constexpr QSize roomAroundSheet(16, 48); // its frame and title, and a little air
 
-/// For the list, which shows pictures small and may hold thousands of them.
-QImage fittedForList(const QImage &image)
-{
-    const QSize room = listPreviewSize * image.devicePixelRatio();
-    const bool isSmall = image.width() <= room.width() && image.height() <= room.height();
-    return isSmall ? image : image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-}
-
 } // namespace
 
 KTCustomCollageWndCtl::KTCustomCollageWndCtl(Services services, QWidget *parent) :
