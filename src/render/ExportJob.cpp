@@ -10,6 +10,7 @@
 #include "platform/files/NewFile.h"
 #include "platform/files/PathText.h"
 #include "platform/store/UserDefaults.h"
+#include "platform/threads/AlternateStack.h"
 #include "render/ChosenFrames.h"
 #include "render/CollageCanvas.h"
 #include "render/CollagePainter.h"
@@ -21,7 +22,9 @@
 #include "render/OutputFile.h"
 
 #include <functional>
+#include <future>
 #include <new>
+#include <system_error>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -95,10 +98,21 @@ QString impossibleCanvas(const CollageLayout &layout)
 
 } // namespace
 
+/// What one movie is painted with, and its frames, which are on their way.
+struct ExportJob::Turn {
+    int index = 0;
+    std::shared_ptr<KTMovieObject> movie;
+    std::optional<CollagePainter> painter;
+    std::unique_ptr<ReportedTiles> tiles; ///< none where there can be no canvas
+    ExportResult result;
+};
+
 ExportJob::ExportJob(ExportServices services) :
     services_(std::move(services)), styles_(CollageTextStyles::fromDefaults(services_.defaults))
 {
 }
+
+ExportJob::~ExportJob() = default;
 
 void ExportJob::run()
 {
@@ -107,30 +121,62 @@ void ExportJob::run()
     }
     progress_ = State::Running;
     for (int index = 0; index < services_.aryItems.count() && !services_.bExportCanceled; ++index) {
-        if (const auto movie = services_.aryItems.movieAt(index)) {
-            exportOrFail(*movie, index);
+        const auto turn = next_ ? *std::exchange(next_, std::nullopt) : find(index);
+        if (turn) {
+            exportOrFail(*turn);
         }
     }
+    next_.reset(); // begun in vain: the export was cancelled, or the list cleared
     progress_ = State::Finished;
     services_.observer.exportEnded();
 }
 
-/// Memory that runs out costs this movie only.
-void ExportJob::exportOrFail(const KTMovieObject &movie, int index)
+/// Null where there is no movie.
+std::unique_ptr<ExportJob::Turn> ExportJob::find(int index)
 {
-    ExportResult result;
-    result.filePath = movie.filePath;
-    try {
-        exportMovie(movie, index, result);
-    } catch (const std::bad_alloc &) {
-        fail(result, u"there is not enough memory for the collage"_s);
-        tell(result);
+    auto turn = std::make_unique<Turn>();
+    turn->index = index;
+    turn->movie = services_.aryItems.movieAt(index);
+    if (!turn->movie) {
+        return nullptr;
+    }
+    turn->result.filePath = turn->movie->filePath;
+    return turn;
+}
+
+/// Takes the movie's settings, and starts its frames.
+void ExportJob::begin(Turn &turn)
+{
+    const KTMovieObject &movie = *turn.movie;
+    const CollageTextItems items = CollageTextItems::fromDefaults(services_.defaults);
+    const CollagePainter &painter =
+        turn.painter.emplace(movie.settings(), styles_, items, getMetaStrWithObject(movie, items.metadataBits));
+    if (painter.layout().isPossible()) {
+        const MovieTiles wanted = tilesOf(movie, painter.layout());
+        const ExportProgress report{movie.filePath, turn.index, services_.aryItems.count(), 0, wanted.count, {}, {}};
+        turn.tiles = std::make_unique<ReportedTiles>(services_, report, wanted);
     }
 }
 
-void ExportJob::exportMovie(const KTMovieObject &movie, int index, ExportResult &result)
+/// Memory that runs out costs this movie only.
+void ExportJob::exportOrFail(Turn &turn)
 {
-    const QImage canvas = render(movie, index, result);
+    try {
+        if (!turn.painter) {
+            begin(turn);
+        }
+        exportMovie(turn);
+    } catch (const std::bad_alloc &) {
+        fail(turn.result, u"there is not enough memory for the collage"_s);
+        tell(turn.result);
+    }
+}
+
+void ExportJob::exportMovie(Turn &turn)
+{
+    const KTMovieObject &movie = *turn.movie;
+    ExportResult &result = turn.result;
+    const QImage canvas = render(turn);
     if (services_.bExportCanceled) {
         return;
     }
@@ -147,7 +193,7 @@ void ExportJob::exportMovie(const KTMovieObject &movie, int index, ExportResult 
         tell(result);
         return;
     }
-    path = write(movie, canvas, path, result);
+    path = writeWhileNextBegins(turn, canvas, path);
     if (path.isEmpty()) {
         return;
     }
@@ -156,20 +202,16 @@ void ExportJob::exportMovie(const KTMovieObject &movie, int index, ExportResult 
     runAfterExportActions(path);
 }
 
-QImage ExportJob::render(const KTMovieObject &movie, int index, ExportResult &result)
+QImage ExportJob::render(Turn &turn)
 {
-    const CollageTextItems items = CollageTextItems::fromDefaults(services_.defaults);
-    const CollagePainter painter(movie.settings(), styles_, items, getMetaStrWithObject(movie, items.metadataBits));
-    QImage canvas = painter.makeCanvas();
+    const auto tiles = std::move(turn.tiles); // their work ends here, before that for the next movie begins
+    QImage canvas = tiles ? turn.painter->makeCanvas() : QImage();
     if (canvas.isNull()) {
-        fail(result, impossibleCanvas(painter.layout()));
+        fail(turn.result, impossibleCanvas(turn.painter->layout()));
         return canvas;
     }
-    const MovieTiles wanted = tilesOf(movie, painter.layout());
-    ReportedTiles tiles(services_, {movie.filePath, index, services_.aryItems.count(), 0, wanted.count, {}, {}},
-                        wanted);
-    painter.paint(canvas, std::bind_front(&ReportedTiles::picture, &tiles), services_.bExportCanceled);
-    tiles.missingFrames().tell(movie, result);
+    turn.painter->paint(canvas, std::bind_front(&ReportedTiles::picture, tiles.get()), services_.bExportCanceled);
+    tiles->missingFrames().tell(*turn.movie, turn.result);
     return canvas;
 }
 
@@ -195,8 +237,38 @@ QString ExportJob::folderFor(const KTMovieObject &movie) const
                : services_.outputFolder();
 }
 
-QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, QString path, ExportResult &result)
+/// Begins with the next movie, unless this one may be the last.
+void ExportJob::beginNext(int index)
+try {
+    if (index < services_.aryItems.count() && !services_.bExportCanceled &&
+        !services_.defaults.boolValue(PreferenceKeys::clearAfterFinish)) {
+        next_ = find(index);
+        if (*next_) {
+            begin(**next_);
+        }
+    }
+} catch (const std::bad_alloc &) {
+    next_.reset(); // it begins when its turn comes, and has its own failure then
+}
+
+QString ExportJob::writeWhileNextBegins(Turn &turn, const QImage &canvas, const QString &path)
 {
+    std::future<QString> written;
+    try {
+        written = std::async(std::launch::async, [this, &turn, &canvas, &path] {
+            const AlternateStack stack;
+            return write(turn, canvas, path);
+        });
+    } catch (const std::system_error &) { // the system gives no thread
+        return write(turn, canvas, path);
+    }
+    beginNext(turn.index + 1);
+    return written.get();
+}
+
+QString ExportJob::write(Turn &turn, const QImage &canvas, QString path)
+{
+    ExportResult &result = turn.result;
     qCInfo(lcTessarine).noquote() << "image write to path :" << PathText::forDisplay(path);
     if (canvas.isNull()) {
         return path; // the result says so
@@ -217,7 +289,7 @@ QString ExportJob::write(const KTMovieObject &movie, const QImage &canvas, QStri
     }
     auto published = file.publishAs(path);
     while (!published && published.error() == std::errc::file_exists) { // somebody took the name since it was chosen
-        path = OutputFile::freePath(GlobalFun::deletingLastPathComponent(path), movie.filePath, extension);
+        path = OutputFile::freePath(GlobalFun::deletingLastPathComponent(path), turn.movie->filePath, extension);
         published = file.publishAs(path);
     }
     if (published) {

@@ -7,6 +7,8 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
+#include <optional>
 
 class AlertPanel;
 class ExportObserver;
@@ -39,6 +41,7 @@ public:
 
     /// Reads the text styles; everything else is read when a movie's turn comes.
     explicit ExportJob(ExportServices services);
+    ~ExportJob();
 
     /// Returns when all is done or soon after the cancel flag is set; the movie in hand is then not written. A second
     /// call does nothing.
@@ -47,18 +50,25 @@ public:
     State state() const { return progress_; }
 
 private:
-    void exportOrFail(const KTMovieObject &movie, int index);
-    void exportMovie(const KTMovieObject &movie, int index, ExportResult &result);
-    QImage render(const KTMovieObject &movie, int index, ExportResult &result);
+    struct Turn;
+
+    std::unique_ptr<Turn> find(int index);
+    void begin(Turn &turn);
+    void beginNext(int index);
+    void exportOrFail(Turn &turn);
+    void exportMovie(Turn &turn);
+    QImage render(Turn &turn);
     QString folderFor(const KTMovieObject &movie) const;
     Result<void> mayBeWritten(const QString &path);
+    QString writeWhileNextBegins(Turn &turn, const QImage &canvas, const QString &path);
     /// The path at which the image stands, or would if it could have been written. Nothing after a cancel.
-    QString write(const KTMovieObject &movie, const QImage &canvas, QString path, ExportResult &result);
+    QString write(Turn &turn, const QImage &canvas, QString path);
     void tell(const ExportResult &result);
     void runAfterExportActions(const QString &path);
 
     ExportServices services_;
     CollageTextStyles styles_;
     State progress_ = State::Ready;
-    QString tidyFolder_; ///< where leftovers of killed runs have been removed already
+    std::optional<std::unique_ptr<Turn>> next_; ///< that of the next movie, if it has begun
+    QString tidyFolder_;                        ///< where leftovers of killed runs have been removed already
 };

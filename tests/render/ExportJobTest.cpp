@@ -115,6 +115,7 @@ TEST_F(ExportJobTest, TheActionsFollowEachMovieAndClearingEndsTheExport)
 {
     add("a.mov");
     add("b.mov");
+    tool = scriptedTool(folder, "tool", "echo run >>\"${0%/*}/runs\"; cp \"${0%/*}/picture.jpg\" \"$8\"");
     for (const auto key : {PreferenceKeys::openAfterFinish, PreferenceKeys::revealInFinder,
                            PreferenceKeys::clearAfterFinish, PreferenceKeys::sameAsOrigin}) {
         defaults.setBool(key, true);
@@ -122,7 +123,8 @@ TEST_F(ExportJobTest, TheActionsFollowEachMovieAndClearingEndsTheExport)
     exportAll();
     EXPECT_THAT(diary.entries,
                 ElementsAre("movie 0/2 tile 1/1", "written a.jpg", "open a.jpg", "reveal a.jpg", "clear", "end"));
-    EXPECT_TRUE(folder.has("a.jpg")); // beside the movie
+    EXPECT_TRUE(folder.has("a.jpg"));        // beside the movie
+    EXPECT_EQ(folder.read("runs"), "run\n"); // nothing for a movie that is not exported
 }
 
 TEST_F(ExportJobTest, AnUnwritableFolderAsksAndItsDefaultAnswerSkipsTheMovie)
@@ -210,6 +212,24 @@ TEST_F(ExportJobTest, TheToolRunsForTheNextTileWhileOneIsPainted)
     };
     exportAll();
     EXPECT_THAT(diary.entries, testing::Contains("written a.jpg"));
+}
+
+TEST_F(ExportJobTest, TheNextMovieBeginsWhileAnImageIsWritten)
+{
+    add("a.mov");
+    add("b.mov");
+    tool = scriptedTool(folder, "tool", "cd \"${0%/*}\"; echo \"$4\" >>runs; cp picture.jpg \"$8\"");
+    static std::function<bool()> isSecondRun;
+    isSecondRun = [this] { return folder.read("runs").contains("b.mov"); };
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &line) {
+        if (line.startsWith(u"image write to path") && line.endsWith(u"a.jpg")) {
+            EXPECT_TRUE(QTest::qWaitFor(isSecondRun)); // before the first image is written
+        }
+    });
+    exportAll();
+    qInstallMessageHandler(nullptr);
+    EXPECT_THAT(diary.entries,
+                ElementsAre("movie 0/2 tile 1/1", "written a.jpg", "movie 1/2 tile 1/1", "written b.jpg", "end"));
 }
 
 TEST_F(ExportJobTest, AToolThatHangsIsTriedOncePerMovie)
