@@ -210,7 +210,7 @@
     </message>
     <message id="undo_change_collage">
         <source>Change Collage of %1</source>
-        <translation>修改“%1”的拼贴图</translation>
+        <translation>修改“%1”的拼图</translation>
     </message>
     <message id="filter_label">
         <source>Filter:</source>
@@ -291,6 +291,14 @@
     <message id="editor_waits_for_done">
         <source>“Apply to all” and “Set as default” act on Done, not on Previous and Next</source>
         <translation>“应用到全部”和“设为默认”只在按“完成”时生效，“上一个”和“下一个”不会触发</translation>
+    </message>
+    <message id="column_title_tip">
+        <source>Sorts the list by name</source>
+        <translation>按名称排序列表</translation>
+    </message>
+    <message id="column_description_tip">
+        <source>Sorts the list by resolution</source>
+        <translation>按分辨率排序列表</translation>
     </message>
 </context>
 <context>

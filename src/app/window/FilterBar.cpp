@@ -1,12 +1,12 @@
 #include "app/window/FilterBar.h"
 
 #include "platform/MakeForQt.h"
+#include "platform/widgets/SymbolicIcon.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QStyle>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -24,7 +24,7 @@ FilterBar::FilterBar(QWidget *parent) : QWidget(parent), field_(makeForQt<QLineE
     field_->setClearButtonEnabled(true);
     auto *button = makeForQt<QToolButton>(this);
     button->setAutoRaise(true);
-    button->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    button->setIcon(symbolicIcon(u"close"_s));
     //% "Close the filter"
     button->setToolTip(qtTrId("filter_close"));
     button->setAccessibleName(button->toolTip());

@@ -19,20 +19,19 @@ using ListOrder::Key;
 struct KeyItem {
     Key key;
     QString (*name)();
-    int column; ///< whose heading sorts by it; -1 for none
 };
 
 const std::array<KeyItem, 5> keyItems{{
     //% "Name"
-    {Key::Name, [] { return qtTrId("sort_name"); }, MovieTableModel::Title},
+    {Key::Name, [] { return qtTrId("sort_name"); }},
     //% "Folder"
-    {Key::Folder, [] { return qtTrId("sort_folder"); }, -1},
+    {Key::Folder, [] { return qtTrId("sort_folder"); }},
     //% "Duration"
-    {Key::Duration, [] { return qtTrId("sort_duration"); }, -1},
+    {Key::Duration, [] { return qtTrId("sort_duration"); }},
     //% "Resolution"
-    {Key::Resolution, [] { return qtTrId("sort_resolution"); }, MovieTableModel::Description},
+    {Key::Resolution, [] { return qtTrId("sort_resolution"); }},
     //% "Bit Rate"
-    {Key::BitRate, [] { return qtTrId("sort_bit_rate"); }, -1},
+    {Key::BitRate, [] { return qtTrId("sort_bit_rate"); }},
 }};
 
 } // namespace
@@ -88,10 +87,9 @@ void ListArranging::reverse()
 /// As in any table: a second click turns the order round.
 void ListArranging::headingClicked(int column)
 {
-    const auto *item = std::ranges::find(keyItems, column, &KeyItem::column);
-    if (item != keyItems.end()) {
-        const bool isAscending = isSorted({item->key, Qt::AscendingOrder});
-        sort(item->key, isAscending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    if (const auto key = MovieTableModel::sortKey(column)) {
+        const bool isAscending = isSorted({*key, Qt::AscendingOrder});
+        sort(*key, isAscending ? Qt::DescendingOrder : Qt::AscendingOrder);
     }
 }
 
@@ -105,10 +103,14 @@ bool ListArranging::isSorted(const Sorting &sorting) const
 void ListArranging::showSorting()
 {
     const bool holds = last_ && isSorted(*last_);
-    const int column = holds ? std::ranges::find(keyItems, last_->key, &KeyItem::key)->column : -1;
     QHeaderView &headings = *services_.tableView.horizontalHeader();
-    headings.setSortIndicator(column, holds ? last_->order : Qt::AscendingOrder);
-    headings.setSortIndicatorShown(column >= 0);
+    headings.setSortIndicatorShown(false);
+    for (int column = 0; holds && column < headings.count(); ++column) {
+        if (MovieTableModel::sortKey(column) == last_->key) {
+            headings.setSortIndicator(column, last_->order);
+            headings.setSortIndicatorShown(true);
+        }
+    }
 }
 
 void ListArranging::moveSelected(int row)

@@ -39,11 +39,13 @@ QString description(const KTMovieObject &movie)
         .arg(GlobalFun::fixedText(movie.videoBitrate / bitsPerKilobit, 1));
 }
 
-/// One column: what it shows, its heading and what a screen reader says of a cell.
+/// One column: what it shows, its heading, what a screen reader says of a cell, and what a click on the heading does.
 struct ColumnKind {
     QVariant (*value)(const KTMovieObject &movie, const Look &look);
     QString (*heading)();
     QString (*spoken)(const KTMovieObject &movie, const Look &look);
+    std::optional<ListOrder::Key> sortKey = {};
+    QString (*tip)() = [] { return QString(); };
 };
 
 const std::array<ColumnKind, MovieTableModel::ColumnCount> columns{{
@@ -59,7 +61,10 @@ const std::array<ColumnKind, MovieTableModel::ColumnCount> columns{{
      [](const KTMovieObject &movie, const Look &) { return qtTrId("cell_summary").arg(shownName(movie)); }},
     {[](const KTMovieObject &movie, const Look &) { return QVariant(title(movie)); },
      //% "Title"
-     [] { return qtTrId("column_title"); }, [](const KTMovieObject &movie, const Look &) { return title(movie); }},
+     [] { return qtTrId("column_title"); }, [](const KTMovieObject &movie, const Look &) { return title(movie); },
+     ListOrder::Key::Name,
+     //% "Sorts the list by name"
+     [] { return qtTrId("column_title_tip"); }},
     {[](const KTMovieObject &, const Look &look) { return QVariant(grids(look)); },
      //% "Grids"
      [] { return qtTrId("column_grids"); },
@@ -70,7 +75,9 @@ const std::array<ColumnKind, MovieTableModel::ColumnCount> columns{{
     {[](const KTMovieObject &movie, const Look &) { return QVariant(description(movie)); },
      //% "Description"
      [] { return qtTrId("column_description"); },
-     [](const KTMovieObject &movie, const Look &) { return description(movie); }},
+     [](const KTMovieObject &movie, const Look &) { return description(movie); }, ListOrder::Key::Resolution,
+     //% "Sorts the list by resolution"
+     [] { return qtTrId("column_description_tip"); }},
 }};
 
 const ColumnKind &kindOf(int column)
@@ -110,6 +117,11 @@ std::size_t MovieTableModel::listIndex(int row) const
     const auto place =
         row < rowCount() ? std::ranges::find(all_, shown_.at(static_cast<std::size_t>(row))) : all_.end();
     return static_cast<std::size_t>(place - all_.begin());
+}
+
+std::optional<ListOrder::Key> MovieTableModel::sortKey(int column)
+{
+    return kindOf(column).sortKey;
 }
 
 int MovieTableModel::rowCount(const QModelIndex &parent) const
@@ -159,6 +171,9 @@ QVariant MovieTableModel::headerData(int section, Qt::Orientation orientation, i
     }
     if (role == Qt::TextAlignmentRole) {
         return QVariant(section == Grids ? Qt::AlignCenter : Qt::AlignVCenter | Qt::AlignLeft);
+    }
+    if (role == Qt::ToolTipRole) {
+        return kindOf(section).tip();
     }
     return role == Qt::DisplayRole ? QVariant(kindOf(section).heading()) : QVariant();
 }

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "app/list/ListOrder.h"
 #include "app/list/MovieFilter.h"
 #include "app/list/MovieList.h"
 
 #include <QAbstractTableModel>
 #include <QImage>
+
+#include <optional>
 
 /// What the table of movies shows: the list and its movies as they were at the last reloadData(), whatever other
 /// threads and the editor do to them since. Owned by the main window; main thread.
@@ -29,6 +32,8 @@ public:
     const MovieList::Movies &allMovies() const { return all_; }
     /// Where in the list the movie of that row is; the end of the list for the number of rows.
     std::size_t listIndex(int row) const;
+    /// What the column's heading sorts the list by; nothing for most.
+    static std::optional<ListOrder::Key> sortKey(int column);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
