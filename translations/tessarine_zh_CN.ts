@@ -191,7 +191,7 @@
         </translation>
     </message>
     <message id="undo_clear">
-        <source></source>
+        <source>Clear</source>
         <translation>清空</translation>
     </message>
     <message id="undo_move" numerus="yes">

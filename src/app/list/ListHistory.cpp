@@ -38,7 +38,8 @@ void ListHistory::remove(const Movies &movies)
 void ListHistory::clear()
 {
     //% "Clear"
-    arrange({}, qtTrId("undo_clear"));
+    const QString text = qtTrId("undo_clear");
+    arrange({}, text);
 }
 
 void ListHistory::sort(const Movies &order, const QString &text)
