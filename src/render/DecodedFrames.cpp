@@ -12,7 +12,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr std::int64_t largestPart = 1024;          // tiles: their pictures are held until they are painted
-constexpr auto cancelInterval = 50ms;               // how often the cancel flag is looked at
+constexpr auto cancelInterval = 20ms;               // how often the cancel flag is looked at
 constexpr std::int64_t decoderMemory = 800'000'000; // bytes, of all decoders
 constexpr std::int64_t framesPerDecoder = 12; // those that one holds for others to refer to; a thread holds one more
 constexpr double longStretch = 1.0;           // seconds of a movie that are worth several threads

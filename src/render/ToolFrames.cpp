@@ -9,7 +9,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto cancelInterval = 50ms; // how often the cancel flag is looked at
+constexpr auto cancelInterval = 20ms; // how often the cancel flag is looked at
 
 } // namespace
 
