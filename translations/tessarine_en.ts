@@ -10,13 +10,6 @@
             <numerusform>Waiting for frame %1 of %2 for %n seconds</numerusform>
         </translation>
     </message>
-    <message id="status_failures" numerus="yes">
-        <source>Trouble with %n movie(s): %1</source>
-        <translation>
-            <numerusform>Trouble with %n movie: %1</numerusform>
-            <numerusform>Trouble with %n movies: %1</numerusform>
-        </translation>
-    </message>
     <message id="list_summary" numerus="yes">
         <source>%n movie(s), %1 in all</source>
         <translation>
@@ -43,6 +36,34 @@
         <translation>
             <numerusform>Move %n Movie</numerusform>
             <numerusform>Move %n Movies</numerusform>
+        </translation>
+    </message>
+    <message id="export_cancelled" numerus="yes">
+        <source>Cancelled: %1 of %n made</source>
+        <translation>
+            <numerusform>Cancelled: %1 of %n made</numerusform>
+            <numerusform>Cancelled: %1 of %n made</numerusform>
+        </translation>
+    </message>
+    <message id="export_made" numerus="yes">
+        <source>%n collage(s) made</source>
+        <translation>
+            <numerusform>%n collage made</numerusform>
+            <numerusform>%n collages made</numerusform>
+        </translation>
+    </message>
+    <message id="export_incomplete" numerus="yes">
+        <source>%n with missing frames</source>
+        <translation>
+            <numerusform>%n with missing frames</numerusform>
+            <numerusform>%n with missing frames</numerusform>
+        </translation>
+    </message>
+    <message id="export_failed" numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n failed</numerusform>
+            <numerusform>%n failed</numerusform>
         </translation>
     </message>
 </context>

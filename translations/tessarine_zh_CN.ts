@@ -57,12 +57,6 @@
             <numerusform>正在等待第 %1 帧（共 %2 帧），已等待 %n 秒</numerusform>
         </translation>
     </message>
-    <message id="status_failures" numerus="yes">
-        <source>Trouble with %n movie(s): %1</source>
-        <translation>
-            <numerusform>%n 部影片出现问题：%1</numerusform>
-        </translation>
-    </message>
     <message id="about_title">
         <source>About Tessarine</source>
         <translation>关于 Tessarine</translation>
@@ -299,6 +293,71 @@
     <message id="column_description_tip">
         <source>Sorts the list by resolution</source>
         <translation>按分辨率排序列表</translation>
+    </message>
+    <message id="export_cancelled" numerus="yes">
+        <source>Cancelled: %1 of %n made</source>
+        <translation>
+            <numerusform>已取消：完成 %1 个，共 %n 个</numerusform>
+        </translation>
+    </message>
+    <message id="export_made" numerus="yes">
+        <source>%n collage(s) made</source>
+        <translation>
+            <numerusform>已制作 %n 个拼图</numerusform>
+        </translation>
+    </message>
+    <message id="export_incomplete" numerus="yes">
+        <source>%n with missing frames</source>
+        <translation>
+            <numerusform>%n 个缺少画面</numerusform>
+        </translation>
+    </message>
+    <message id="export_failed" numerus="yes">
+        <source>%n failed</source>
+        <translation>
+            <numerusform>%n 个失败</numerusform>
+        </translation>
+    </message>
+    <message id="details_title">
+        <source>Details of the Export</source>
+        <translation>导出详情</translation>
+    </message>
+    <message id="details_table">
+        <source>Movies and what has become of them</source>
+        <translation>各影片的结果</translation>
+    </message>
+    <message id="details_movie">
+        <source>Movie</source>
+        <oldsource>MovieImage or reason</oldsource>
+        <translation>影片</translation>
+    </message>
+    <message id="details_outcome">
+        <source>Image or reason</source>
+        <translation>图片或原因</translation>
+    </message>
+    <message id="details_retry">
+        <source>&amp;Retry</source>
+        <translation>重试(&amp;R)</translation>
+    </message>
+    <message id="details_copy">
+        <source>C&amp;opy</source>
+        <translation>复制(&amp;O)</translation>
+    </message>
+    <message id="result_show_in_folder">
+        <source>Show in Folder</source>
+        <translation>在文件夹中显示</translation>
+    </message>
+    <message id="result_details">
+        <source>Details…</source>
+        <translation>详情…</translation>
+    </message>
+    <message id="progress_movie">
+        <source>Movie %1 of %2</source>
+        <translation>第 %1 部，共 %2 部</translation>
+    </message>
+    <message id="notification_show">
+        <source>Show</source>
+        <translation>显示</translation>
     </message>
 </context>
 <context>
@@ -797,6 +856,10 @@
     <message id="progress_cancel">
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+    <message id="progress_overall">
+        <source>Progress of the whole export</source>
+        <translation>整个导出的进度</translation>
     </message>
 </context>
 <context>

@@ -10,8 +10,10 @@
 #include "platform/Log.h"
 #include "platform/desktop/ActivationToken.h"
 #include "platform/desktop/BlockedCloseButton.h"
+#include "platform/desktop/DesktopNotification.h"
 #include "platform/desktop/DesktopWorkspace.h"
 #include "platform/desktop/FocusWatch.h"
+#include "platform/desktop/TaskbarProgress.h"
 #include "platform/files/FolderBookmarks.h"
 #include "platform/files/TemporaryFolder.h"
 #include "platform/store/Bundle.h"
@@ -23,6 +25,8 @@
 #include <QDBusConnection>
 #include <QDir>
 #include <QFile>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -46,6 +50,14 @@ struct WindowProgram::Parts {
     {
     }
 
+    Desktop desktop()
+    {
+        Desktop desktop{alert, fileOpenPanel(sandboxed), workspace, DroppedFiles(bus, sandboxed)};
+        desktop.notify = std::bind_front(&DesktopNotification::show, &notification);
+        desktop.showProgress = std::bind_front(&TaskbarProgress::show, &taskbar);
+        return desktop;
+    }
+
     MainQueue &mainQueue;
     const bool sandboxed = QFile::exists(sandboxMarker);
     const QDBusConnection bus = QDBusConnection::sessionBus();
@@ -57,10 +69,14 @@ struct WindowProgram::Parts {
     const std::unique_ptr<FolderBookmarks> bookmarks = FolderBookmarks::ofThisSystem(bus, sandboxMarker);
     MessageAlertPanel alert{mainQueue};
     DesktopWorkspace workspace{mainQueue, bus, sandboxed};
+    DesktopNotification notification{bus, bundle.identifier(), sandboxed, [this](const ActivationToken &click) {
+                                         delegate.mainWindow().bringForward(click);
+                                     }};
+    TaskbarProgress taskbar{bus, bundle.identifier()};
     AppDelegate delegate{{.defaults = defaults,
                           .grabber = grabber,
                           .bookmarks = *bookmarks,
-                          .desktop = {alert, fileOpenPanel(sandboxed), workspace, DroppedFiles(bus, sandboxed)},
+                          .desktop = desktop(),
                           .mainQueue = mainQueue,
                           .home = GlobalFun::RealHomeDirectory(),
                           .service = service}};

@@ -140,6 +140,7 @@ std::unique_ptr<ExportJob::Turn> ExportJob::find(int index)
     if (!turn->movie) {
         return nullptr;
     }
+    turn->result.movie = index;
     turn->result.filePath = turn->movie->filePath;
     return turn;
 }

@@ -22,10 +22,11 @@ struct ExportResult {
     enum class Kind {
         Written,
         Incomplete, ///< an image was written that does not show all of what it should
-        Failed,     ///< there is no image
+        Failed,     ///< there is no image, or the movie was gone
     };
 
     Kind kind = Kind::Written;
+    int movie = 0;                  ///< its index, from 0
     QString filePath;               ///< the movie
     QString imagePath;              ///< where its image stands; empty when there is none
     QString reason;                 ///< what is wrong, for the user; empty when all is well

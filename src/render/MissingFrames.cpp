@@ -3,6 +3,7 @@
 #include "Shared/FrameGrabber.h"
 #include "Shared/TimeFormat.h"
 #include "collage/KTMovieObject.h"
+#include "platform/files/FileSystem.h"
 #include "render/ExportObserver.h"
 
 #include <algorithm>
@@ -44,7 +45,9 @@ void MissingFrames::tell(const KTMovieObject &movie, ExportResult &result) const
     if (tiles_ > 0 && missing_ == 0) {
         return;
     }
-    result.kind = ExportResult::Kind::Incomplete;
+    // Of a movie that is gone nothing new is shown, whatever stands on its image.
+    const bool isThere = FileSystem::status(movie.filePath).has_value();
+    result.kind = isThere ? ExportResult::Kind::Incomplete : ExportResult::Kind::Failed;
     if (tiles_ == 0) {
         result.reason = u"its collage has no rows or no columns"_s;
         return;

@@ -82,7 +82,7 @@ struct ExportJobTest : testing::Test {
     void add(const QByteArray &name, std::int32_t columns = 1, double tileWidth = 32.0)
     {
         diary.movies.push_back(std::make_shared<KTMovieObject>());
-        diary.movies.back()->filePath = folder.path(name);
+        diary.movies.back()->filePath = folder.write(name);
         diary.movies.back()->setSettings(
             {.gridWidth = tileWidth, .gridHeight = 24.0, .rowNumber = 1, .columeNumber = columns});
     }

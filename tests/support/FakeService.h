@@ -35,6 +35,15 @@ public:
         return received_;
     }
 
+    /// Sends a signal of its object.
+    void emitSignal(const char *interface, const char *member, const QVariantList &arguments) const
+    {
+        QDBusMessage signal =
+            QDBusMessage::createSignal(path_, QString::fromLatin1(interface), QString::fromLatin1(member));
+        signal.setArguments(arguments);
+        bus_.send(signal);
+    }
+
 private:
     QString introspect(const QString & /*ofPath*/) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override

@@ -72,7 +72,12 @@ private:
         jobs_.services_.mainQueue.async([self = shared_from_this(), fraction, filePath,
                                          remaining = estimate_.after(fraction),
                                          text = u"Loading %1 of %2"_s.arg(index + 1).arg(count)] {
-            self->jobs_.view_.jobProgress(fraction, text, PathText::forDisplay(filePath), {}, remaining);
+            self->jobs_.view_.jobProgress({.fraction = fraction,
+                                           .overall = fraction,
+                                           .main = text,
+                                           .ing = PathText::forDisplay(filePath),
+                                           .image = {},
+                                           .remaining = remaining});
         });
     }
     void loaded(const std::shared_ptr<KTMovieObject> &movie, int indexToInsert) override
@@ -107,35 +112,35 @@ private:
 /// Takes what an export tells on its thread to the main thread.
 class MovieJobs::ExportReporter final : public ExportObserver, public std::enable_shared_from_this<ExportReporter> {
 public:
-    explicit ExportReporter(MovieJobs &jobs) : jobs_(jobs) {}
+    ExportReporter(MovieJobs &jobs, const MovieList::Movies &movies) : jobs_(jobs) { report_.movies = movies; }
 
     void updateProgress(const ExportProgress &progress) override
     {
-        const double fraction = static_cast<double>(progress.tile) / static_cast<double>(progress.tileCount);
-        const double done = (progress.movie + fraction) / progress.movieCount;
-        jobs_.services_.mainQueue.async(
-            [self = shared_from_this(), fraction, progress,
-             remaining = progress.waited.count() > 0 ? waitingText(progress) : estimate_.after(done),
-             text = u"Creating Thumbnails ... %1 of %2"_s.arg(progress.movie + 1).arg(progress.movieCount)] {
-                self->jobs_.view_.jobProgress(fraction, text, PathText::forDisplay(progress.filePath), progress.picture,
-                                              remaining);
-            });
+        JobProgress job;
+        job.fraction = static_cast<double>(progress.tile) / static_cast<double>(progress.tileCount);
+        job.overall = (progress.movie + job.fraction) / progress.movieCount;
+        job.movie = progress.movie + 1;
+        job.movieCount = progress.movieCount;
+        job.main = u"Creating Thumbnails ... %1 of %2"_s.arg(progress.movie + 1).arg(progress.movieCount);
+        job.ing = PathText::forDisplay(progress.filePath);
+        job.image = progress.picture;
+        const auto estimate = estimate_.after(job.overall);
+        job.remaining = progress.waited.count() > 0 ? waitingText(progress) : estimate;
+        jobs_.services_.mainQueue.async([self = shared_from_this(), job] { self->jobs_.view_.jobProgress(job); });
     }
-    void movieEnded(const ExportResult &result) override
-    {
-        if (result.kind != ExportResult::Kind::Written) {
-            failures_ += PathText::forDisplay(result.filePath) + u": " + result.reason;
-        }
-    }
+    void movieEnded(const ExportResult &result) override { report_.results.push_back(result); }
     void exportEnded() override
     {
-        jobs_.services_.mainQueue.async(
-            [self = shared_from_this()] { self->jobs_.finish(JobsView::Kind::Export, self->failures_); });
+        jobs_.services_.mainQueue.async([self = shared_from_this()] {
+            ExportReport &report = self->report_;
+            report.isCancelled = self->jobs_.bExportCanceled && report.results.size() < report.movies.size();
+            self->jobs_.finish(JobsView::Kind::Export, report);
+        });
     }
 
 private:
     MovieJobs &jobs_;
-    QStringList failures_;
+    ExportReport report_; // the export's thread fills it, and gives it up with its end
     const RemainingTime estimate_;
 };
 
@@ -165,18 +170,26 @@ void MovieJobs::loadMediasWithPaths(const QStringList &paths, int indexToInsert)
 
 void MovieJobs::startExport(const QString &outputFolder)
 {
-    sequence_.add([this, outputFolder] { runExport(outputFolder); });
+    sequence_.add([this, outputFolder] { runExport(outputFolder, services_.aryItems, services_.aryItems.snapshot()); });
 }
 
-void MovieJobs::runExport(const QString &outputFolder)
+void MovieJobs::startExport(const QString &outputFolder, const MovieList::Movies &movies)
+{
+    sequence_.add([this, outputFolder, movies] {
+        chosen_ = std::make_unique<ListedMovies>(services_.aryItems, movies);
+        runExport(outputFolder, *chosen_, movies);
+    });
+}
+
+void MovieJobs::runExport(const QString &outputFolder, MovieSource &source, const MovieList::Movies &movies)
 {
     if (!exportQueue) {
         exportQueue = std::make_unique<SerialQueue>(u"loadQueue"_s);
     }
     view_.jobStarted(JobsView::Kind::Export, u"Creating thumbnails..."_s);
     bExportCanceled = false;
-    const auto reporter = std::make_shared<ExportReporter>(*this);
-    const auto job = std::make_shared<ExportJob>(ExportServices{.aryItems = services_.aryItems,
+    const auto reporter = std::make_shared<ExportReporter>(*this, movies);
+    const auto job = std::make_shared<ExportJob>(ExportServices{.aryItems = source,
                                                                 .grabber = services_.grabber,
                                                                 .defaults = services_.defaults,
                                                                 .alert = services_.alert,
@@ -209,8 +222,8 @@ void MovieJobs::hold()
     sequence_.add([] {}); // a job that does nothing, until somebody says that it has ended
 }
 
-void MovieJobs::finish(JobsView::Kind kind, const QStringList &failures)
+void MovieJobs::finish(JobsView::Kind kind, const ExportReport &report)
 {
-    view_.jobEnded(kind, failures);
+    view_.jobEnded(kind, report);
     sequence_.finished();
 }

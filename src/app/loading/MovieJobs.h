@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/list/ExportReport.h"
+#include "app/list/ListedMovies.h"
 #include "app/loading/EqualImages.h"
 #include "app/loading/JobSequence.h"
 #include "platform/threads/CancelFlag.h"
@@ -17,11 +19,22 @@ class AlertPanel;
 class FrameGrabber;
 class KTMovieObject;
 class MainQueue;
-class MovieList;
 class SerialQueue;
 class TrustedFolders;
 class UserDefaults;
 class Workspace;
+
+/// How far a job is.
+struct JobProgress {
+    double fraction = 0.0; ///< of the bar, from 0 to 1: of the batch, or of one movie's collage
+    double overall = 0.0;  ///< of the whole job, from 0 to 1
+    int movie = 0;         ///< of an export: which one of `movieCount`, from 1
+    int movieCount = 0;
+    QString main;
+    QString ing;       ///< the file in work
+    QImage image;      ///< null leaves the last one
+    QString remaining; ///< empty while it cannot be told
+};
 
 /// Shows the user the job that runs. Main thread.
 class JobsView {
@@ -31,11 +44,9 @@ public:
     enum class Kind { Loading = 0, Export = 1 };
 
     virtual void jobStarted(Kind kind, const QString &text) = 0;
-    /// `fraction` from 0 to 1; a null image leaves the last one; `remaining` is empty while it cannot be told.
-    virtual void jobProgress(double fraction, const QString &main, const QString &ing, const QImage &image,
-                             const QString &remaining) = 0;
-    /// `failures` holds a line for each movie of which no image was written, or one that does not show all.
-    virtual void jobEnded(Kind kind, const QStringList &failures) = 0;
+    virtual void jobProgress(const JobProgress &progress) = 0;
+    /// The report is that of an export; empty after a batch.
+    virtual void jobEnded(Kind kind, const ExportReport &report) = 0;
 };
 
 /// The window's work in the background: batches of paths on their way into the list, and exports of it, one at a time.
@@ -64,6 +75,8 @@ public:
     void loadMediasWithPaths(const QStringList &paths, int indexToInsert);
     /// Exports the whole list, now or when its turn comes.
     void startExport(const QString &outputFolder);
+    /// Exports some movies of the list.
+    void startExport(const QString &outputFolder, const MovieList::Movies &movies);
 
     /// Ends the running job soon and forgets those that wait. The movie that is being loaded is finished, or left out
     /// when that takes longer than a user waits.
@@ -81,8 +94,8 @@ private:
     class Loading;
     class ExportReporter;
 
-    void runExport(const QString &outputFolder);
-    void finish(JobsView::Kind kind, const QStringList &failures);
+    void runExport(const QString &outputFolder, MovieSource &source, const MovieList::Movies &movies);
+    void finish(JobsView::Kind kind, const ExportReport &report);
 
     Services services_;
     JobsView &view_;
@@ -94,5 +107,6 @@ private:
     CancelFlag bExportCanceled = false;
     EqualImages previews_; // of the loading thread
     std::jthread loadingThread_;
+    std::unique_ptr<ListedMovies> chosen_;    // the last ones that were exported by themselves
     std::unique_ptr<SerialQueue> exportQueue; // from the first export on
 };

@@ -69,6 +69,12 @@ void MainWindowController::makeParts()
                                                             .workspace = services_.desktop.workspace,
                                                             .mainQueue = services_.mainQueue},
                                         static_cast<JobsView &>(*this));
+    exportResults_ = std::make_unique<ExportResults>(
+        ExportResults::Services{
+            .statusLine = *ui_->statusLine,
+            .desktop = services_.desktop,
+            .exportAgain = [this](const auto &movies) { jobs_->startExport(outputFolder_->outputPath(), movies); }},
+        *this);
     outputFolder_ = std::make_unique<OutputFolderControls>(
         OutputFolderControls::Widgets{.lblOutputPath = ui_->lblOutputPath,
                                       .btnBrowser = ui_->btnBrowser,
@@ -274,15 +280,26 @@ void MainWindowController::jobStarted(Kind kind, const QString &text)
     loadingWndCtl->startLoading(text, this);
 }
 
-void MainWindowController::jobProgress(double fraction, const QString &main, const QString &ing, const QImage &image,
-                                       const QString &remaining)
+void MainWindowController::jobProgress(const JobProgress &progress)
 {
-    loadingWndCtl->updateProgress(fraction, main, ing, image);
-    loadingWndCtl->setRemaining(remaining);
+    loadingWndCtl->updateProgress(progress.fraction, progress.main, progress.ing, progress.image);
+    loadingWndCtl->setRemaining(progress.remaining);
+    //% "Movie %1 of %2"
+    const QString place = qtTrId("progress_movie").arg(progress.movie).arg(progress.movieCount);
+    loadingWndCtl->setOverall(progress.overall, place);
+    if (services_.desktop.showProgress) {
+        services_.desktop.showProgress(progress.overall);
+    }
 }
 
-void MainWindowController::jobEnded(Kind kind, const QStringList &failures)
+void MainWindowController::jobEnded(Kind kind, const ExportReport &report)
 {
+    if (kind == Kind::Export) {
+        exportResults_->tell(report); // as long as the sheet tells whether the program is in front
+    }
+    if (services_.desktop.showProgress) {
+        services_.desktop.showProgress(std::nullopt);
+    }
     loadingWndCtl->endLoading();
     if (kind == Kind::Export) {
         history_.noteExported(std::exchange(exported_, {}));
@@ -290,11 +307,6 @@ void MainWindowController::jobEnded(Kind kind, const QStringList &failures)
     ui_->tableView->reloadData();
     if (kind == Kind::Loading) {
         outputFolder_->sameOriginDown();
-    }
-    if (!failures.isEmpty()) {
-        //% "Trouble with %n movie(s): %1"
-        const QString text = qtTrId("status_failures", static_cast<int>(failures.size())).arg(failures.first());
-        ui_->statusLine->tell(text, failures.join(u'\n'));
     }
     if (closing_) { // later: the job still counts as running while it tells of its end
         QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);

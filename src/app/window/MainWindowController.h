@@ -5,6 +5,7 @@
 #include "app/loading/MovieJobs.h"
 #include "app/window/CollageEditing.h"
 #include "app/window/DropDelegate.h"
+#include "app/window/ExportResults.h"
 #include "app/window/ListArranging.h"
 #include "app/window/ListUndo.h"
 #include "app/window/MovieTableModel.h"
@@ -90,9 +91,8 @@ private:
     QStringList moviePaths() const;
 
     void jobStarted(Kind kind, const QString &text) override;
-    void jobProgress(double fraction, const QString &main, const QString &ing, const QImage &image,
-                     const QString &remaining) override;
-    void jobEnded(Kind kind, const QStringList &failures) override;
+    void jobProgress(const JobProgress &progress) override;
+    void jobEnded(Kind kind, const ExportReport &report) override;
 
     void deleteFileDown(MyTableView &table) override;
     bool validateDrop(int row, bool between) override;
@@ -108,6 +108,7 @@ private:
     std::unique_ptr<VXLoadingWndCtl> loadingWndCtl;
     std::unique_ptr<OutputFolderControls> outputFolder_;
     std::unique_ptr<MovieJobs> jobs_;
+    std::unique_ptr<ExportResults> exportResults_;
     std::unique_ptr<CollageEditing> collageEditing_;
     std::unique_ptr<ListUndo> listUndo_;
     std::unique_ptr<ListArranging> listArranging_;

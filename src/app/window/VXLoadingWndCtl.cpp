@@ -15,6 +15,12 @@ constexpr int spacing = 12;
 constexpr int aboveContainer = 35; // from the picture's top
 constexpr QSize leastButton(80, 32);
 
+void showShare(QProgressBar &bar, double progress)
+{
+    const double share = progress > 0.0 ? std::min(progress, 1.0) : 0.0;
+    bar.setValue(qRound(share * bar.maximum()));
+}
+
 } // namespace
 
 VXLoadingWndCtl::VXLoadingWndCtl(NotificationCenter &center, QWidget *parent) :
@@ -52,6 +58,8 @@ void VXLoadingWndCtl::layOut()
 
     ui_->imageView->setGeometry(image);
     ui_->imageView->setVisible(layoutModel_ != 0);
+    ui_->prgOverall->setVisible(layoutModel_ != 0);
+    ui_->lblOverall->setVisible(layoutModel_ != 0);
     ui_->btnCancel->setGeometry({QPoint(width() - margin - button.width(), buttonTop), button});
     if (layoutModel_ == 0) {
         box->setGeometry(margin, box->y(), width() - 2 * margin, boxHeight);
@@ -69,6 +77,7 @@ void VXLoadingWndCtl::startLoading(const QString &text, QWidget *parent)
     ui_->lblPrgTip->setText(text);
     ui_->lblSaveProgress->clear();
     setRemaining({});
+    setOverall(0.0, {});
     ui_->prgSaving->setValue(0);
     open();
 }
@@ -77,8 +86,7 @@ void VXLoadingWndCtl::updateProgress(double progress, const QString &main, const
 {
     ui_->lblPrgTip->setText(main);
     ui_->lblSaveProgress->setText(PathText::forDisplay(ing));
-    const double share = progress > 0.0 ? std::min(progress, 1.0) : 0.0;
-    ui_->prgSaving->setValue(qRound(share * ui_->prgSaving->maximum()));
+    showShare(*ui_->prgSaving, progress);
     if (!image.isNull()) {
         showImage(image);
     }
@@ -99,10 +107,17 @@ void VXLoadingWndCtl::setRemaining(const QString &text)
     ui_->lblRemaining->setVisible(!text.isEmpty());
 }
 
+void VXLoadingWndCtl::setOverall(double progress, const QString &text)
+{
+    showShare(*ui_->prgOverall, progress);
+    ui_->lblOverall->setText(text);
+}
+
 void VXLoadingWndCtl::endLoading()
 {
     ui_->lblSaveProgress->clear();
     setRemaining({});
+    setOverall(0.0, {});
     ui_->prgSaving->setValue(0);
     hide();
 }

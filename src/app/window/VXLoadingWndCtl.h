@@ -35,6 +35,8 @@ public:
     void updateProgress(double progress, const QString &main, const QString &ing, const QImage &image);
     /// How much longer it takes, at the end of the second line; empty for nothing.
     void setRemaining(const QString &text);
+    /// How far the whole export is, from 0 to 1, under the bar of the movie in work; the text says which one that is.
+    void setOverall(double progress, const QString &text);
     /// Closes the sheet.
     void endLoading();
 

@@ -26,7 +26,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPushButton>
+#include <QTableWidget>
 #include <QTest>
+#include <QToolButton>
 
 #include <gtest/gtest.h>
 
@@ -224,6 +227,18 @@ TEST_F(MainWindowTest, FramesThatAreMissingAreTold)
     EXPECT_TRUE(control<QWidget>("lblStatus")
                     .toolTip()
                     .endsWith(u"gone.mp4: 6 of 6 frames could not be grabbed: No such file or directory"));
+
+    // Its details name it, and try it again once it is there.
+    const auto offers = control<QWidget>("statusLine").findChildren<QToolButton *>();
+    ASSERT_EQ(offers.size(), 2);
+    offers.at(1)->click();
+    auto &details = *delegate.mainWindow().findChild<QTableWidget *>()->window();
+    EXPECT_TRUE(details.findChild<QTableWidget *>()->item(0, 1)->text().contains(u"No such file"));
+    folder.link(movie("short.mp4").toUtf8(), "gone.mp4");
+    details.findChild<QPushButton *>(u"retry"_s)->click();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return folder.names("out").size() == 2; }, 30'000));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !delegate.mainWindow().isJobRunning(); }, 30'000));
+    EXPECT_EQ(control<QWidget>("lblStatus").toolTip(), QString());
 }
 
 TEST_F(MainWindowTest, BesideTheMoviesAsksForTheFoldersThatCannotBeWritten)
