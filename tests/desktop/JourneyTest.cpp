@@ -3,6 +3,7 @@
 #include "movies/ColorClock.h"
 #include "platform/files/FileUri.h"
 
+#include <QDeadlineTimer>
 #include <QImage>
 
 #include <gtest/gtest.h>
@@ -155,4 +156,21 @@ TEST_F(JourneyTest, RowsAreDraggedToAnotherPlaceAndBackByUndo)
     awaitOnTop(u"below.mp4"_s);
     desktop.xdotool({u"key"_s, u"ctrl+z"_s});
     awaitOnTop(u"above.mp4"_s);
+}
+
+TEST_F(JourneyTest, AClickOnTheWindowBelowLeavesTheKeyboardToTheSheet)
+{
+    start({movie("clock.mp4")});
+    const QPoint row = awaitMovie(u"clock.mp4"_s);
+    desktop.click(row);
+    desktop.xdotool({u"key"_s, u"Return"_s});
+    const QString sheet = desktop.awaitWindow(u"Custom Collage"_s);
+    desktop.xdotool({u"windowmove"_s, u"--sync"_s, sheet, u"1200"_s, u"0"_s}); // off the window below
+    desktop.click(row);
+    // Again and again: a key may come before the window manager and the program have settled whose it is.
+    const QDeadlineTimer deadline(30'000);
+    while (reader->has(u"dialog"_s) && !deadline.hasExpired()) {
+        desktop.xdotool({u"key"_s, u"Escape"_s});
+    }
+    EXPECT_FALSE(reader->has(u"dialog"_s)) << "the sheet does not hear the key that closes it";
 }

@@ -109,10 +109,15 @@ Object ScreenReader::await(const QString &role, const QString &name) const
     return await([&](const Object &object) { return object.role == role && object.name == name; });
 }
 
+bool ScreenReader::has(const QString &role) const
+{
+    return find([&role](const Object &object) { return object.role == role; }).has_value();
+}
+
 void ScreenReader::awaitNone(const QString &role) const
 {
     const QDeadlineTimer deadline(patience);
-    while (find([&role](const Object &object) { return object.role == role; })) {
+    while (has(role)) {
         ASSERT_FALSE(deadline.hasExpired()) << role.toStdString() << " stays";
     }
 }

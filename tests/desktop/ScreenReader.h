@@ -22,6 +22,8 @@ public:
     /// Waits for a showing object and answers it; fails the test when none comes.
     Object await(const Filter &isWanted) const;
     Object await(const QString &role, const QString &name) const;
+    /// Whether anything of this role is showing now.
+    bool has(const QString &role) const;
     /// Waits until nothing of this role is showing.
     void awaitNone(const QString &role) const;
 
