@@ -73,7 +73,9 @@ struct JourneyTest : testing::Test {
     /// Waits until the movie is in the list and no job is running: jobs cover the window with a sheet. Where it is.
     QPoint awaitMovie(const QString &name) const
     {
-        const auto row = reader->await([&](const ScreenReader::Object &object) { return object.name.contains(name); });
+        const auto row = reader->await([&](const ScreenReader::Object &object) {
+            return object.role.endsWith(u"cell") && object.name.contains(name); // the sheet names it, too
+        });
         reader->awaitNone(u"dialog"_s);
         return row.rectangle.center();
     }
