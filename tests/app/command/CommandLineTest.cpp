@@ -57,7 +57,7 @@ struct CommandLineTest : testing::Test {
     }
     int finish()
     {
-        EXPECT_TRUE(program.waitForFinished(60'000));
+        EXPECT_TRUE(program.waitForFinished(240'000));
         output = program.readAllStandardOutput();
         errors = program.readAllStandardError();
         return program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
