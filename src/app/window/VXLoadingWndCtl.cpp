@@ -49,6 +49,9 @@ void VXLoadingWndCtl::setModel(int model)
 void VXLoadingWndCtl::layOut()
 {
     QWidget *box = ui_->boxContainer;
+    ui_->prgOverall->setVisible(layoutModel_ != 0); // first: the container is higher with it
+    ui_->lblOverall->setVisible(layoutModel_ != 0);
+    ui_->lblOverall->setMinimumHeight(ui_->lblOverall->fontMetrics().height()); // has no text yet
     const int boxHeight = std::max(box->minimumHeight(), box->sizeHint().height());
     QRect image = ui_->imageView->geometry();
     image.setHeight(boxHeight + 2 * aboveContainer);
@@ -58,8 +61,6 @@ void VXLoadingWndCtl::layOut()
 
     ui_->imageView->setGeometry(image);
     ui_->imageView->setVisible(layoutModel_ != 0);
-    ui_->prgOverall->setVisible(layoutModel_ != 0);
-    ui_->lblOverall->setVisible(layoutModel_ != 0);
     ui_->btnCancel->setGeometry({QPoint(width() - margin - button.width(), buttonTop), button});
     if (layoutModel_ == 0) {
         box->setGeometry(margin, box->y(), width() - 2 * margin, boxHeight);
