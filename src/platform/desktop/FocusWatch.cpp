@@ -44,6 +44,16 @@ void repeatFocusIn()
     xcb_flush(server);
 }
 
+/// Perhaps with other sheets between: an alert hangs over the progress sheet, and that over the main window.
+bool hangsOver(const QWindow &sheet, const QWindow *window)
+{
+    const QWindow *below = sheet.transientParent();
+    while (below != nullptr && below != window) {
+        below = below->transientParent();
+    }
+    return below != nullptr;
+}
+
 } // namespace
 
 FocusWatch::FocusWatch()
@@ -57,7 +67,7 @@ FocusWatch::FocusWatch()
         QWindow *sheet = QGuiApplication::modalWindow();
         if (focused != nullptr && !focused->isVisible()) {
             repeatFocusIn();
-        } else if (sheet != nullptr && sheet->isVisible() && sheet->transientParent() == focused) {
+        } else if (sheet != nullptr && sheet->isVisible() && hangsOver(*sheet, focused)) {
             sheet->requestActivate(); // the user has clicked on the window below, which takes no key
         }
     });
