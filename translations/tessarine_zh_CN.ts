@@ -743,6 +743,18 @@
         <source>Quality</source>
         <translation>质量</translation>
     </message>
+    <message id="general_deinterlace">
+        <source>Without the combs of interlaced movies</source>
+        <translation>去除隔行扫描影片的梳状条纹</translation>
+    </message>
+    <message id="general_tone_map">
+        <source>Colours of HDR movies as a screen can show them</source>
+        <translation>将 HDR 影片的颜色转换为屏幕可显示的颜色</translation>
+    </message>
+    <message id="general_skip_blank">
+        <source>The next frame, instead of one that is of one colour</source>
+        <translation>遇到纯色画面时改用下一个画面</translation>
+    </message>
 </context>
 <context>
     <name>RBMetadataPrefViewCtl</name>

@@ -53,10 +53,10 @@ QString problemOf(const QString &moviePath, const TaskWrapper &task, const QStri
     return access ? QString() : inWords(access.error());
 }
 
-/// Passes on each new second of a tool's run.
-class Seconds final : public TaskController {
+/// Passes on each new second of a tool's run, and keeps how it ended.
+class Run final : public TaskController {
 public:
-    explicit Seconds(const FrameGrabber::Waiting &waiting) : waiting_(waiting) {}
+    explicit Run(const FrameGrabber::Waiting &waiting) : waiting_(waiting) {}
 
     void processRuns(std::chrono::milliseconds time) override
     {
@@ -65,10 +65,13 @@ public:
             waiting_(seconds);
         }
     }
+    void launcherDidTerminatedWithCode(int exitStatus) override { hasFailed_ = exitStatus != 0; }
+    bool hasFailed() const { return hasFailed_; }
 
 private:
     const FrameGrabber::Waiting &waiting_;
     std::chrono::seconds told_{1}; // the first second is nothing to tell of
+    bool hasFailed_ = false;
 };
 
 } // namespace
@@ -83,33 +86,38 @@ FrameGrabber::FrameGrabber(QString tool, const QString &temporaryFolder, TaskLim
 
 GrabbedFrame FrameGrabber::createThumbnail(const QString &moviePath, double seconds, const CancelFlag &cancelled)
 {
-    return decode(grab(moviePath, seconds, cancelled, {}));
+    return decode(grab({moviePath, seconds, {}}, cancelled, {}));
 }
 
-GrabbedFile FrameGrabber::grab(const QString &moviePath, double seconds, const CancelFlag &cancelled,
-                               const Waiting &waiting)
+GrabbedFile FrameGrabber::grab(const FrameWish &wish, const CancelFlag &cancelled, const Waiting &waiting)
 {
     const std::lock_guard lock(oneAtATime_);
     if (cancelled) {
         return {};
     }
     const auto picture = [this] { return FileSystem::contentsOf(pictureFile_).value_or(QByteArray()); };
-    if (wouldBlock(moviePath)) {
+    if (wouldBlock(wish.moviePath)) {
         return {picture(), false, u"is not a regular file"_s, false};
     }
 
     const auto before = FileSystem::status(pictureFile_);
-    Seconds clock(waiting);
-    TaskWrapper task(&clock,
-                     {tool_, u"-ss"_s, GlobalFun::fixedText(seconds, 2), u"-i"_s, moviePath, u"-vframes"_s, u"1"_s,
-                      u"-y"_s, pictureFile_},
-                     limits_);
+    Run run(waiting);
+    QStringList arguments{tool_,         u"-ss"_s, GlobalFun::fixedText(wish.seconds, 2), u"-i"_s, wish.moviePath,
+                          u"-vframes"_s, u"1"_s};
+    if (!wish.filters.isEmpty()) {
+        arguments += {u"-vf"_s, wish.filters};
+    }
+    TaskWrapper task(&run, arguments + QStringList{u"-y"_s, pictureFile_}, limits_);
     task.startProcess();
     if (!task.waitUntilTaskExit(cancelled) || cancelled) {
         return {};
     }
     const bool isWritten = !isSameFile(before, FileSystem::status(pictureFile_)) && task.brokenLimit().isEmpty();
-    return {picture(), isWritten, problemOf(moviePath, task, tool_), task.hasHung()};
+    QString problem = problemOf(wish.moviePath, task, tool_);
+    if (problem.isEmpty() && !wish.filters.isEmpty() && run.hasFailed()) {
+        problem = u"ffmpeg failed, with -vf "_s + wish.filters;
+    }
+    return {picture(), isWritten, problem, task.hasHung()};
 }
 
 GrabbedFrame FrameGrabber::decode(GrabbedFile file)
@@ -120,6 +128,7 @@ GrabbedFrame FrameGrabber::decode(GrabbedFile file)
     frame.isNew = file.isNew && !frame.picture.isNull();
     frame.problem = frame.isNew ? QString() : file.problem;
     frame.hasHung = file.hasHung;
+    frame.seconds = frame.isNew ? file.seconds : std::nullopt;
     return frame;
 }
 

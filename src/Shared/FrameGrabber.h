@@ -9,13 +9,22 @@
 #include <chrono>
 #include <functional>
 #include <mutex>
+#include <optional>
 
 /// One picture of a movie.
 struct GrabbedFrame {
-    QImage picture;       ///< null when no grab has given a picture yet
-    bool isNew = false;   ///< false: the tool wrote no picture, and this is that of an earlier grab
-    QString problem;      ///< why not, for the user; empty when the tool just found none
-    bool hasHung = false; ///< the tool had to be stopped, and would have to be again
+    QImage picture;                     ///< null when no grab has given a picture yet
+    bool isNew = false;                 ///< false: the tool wrote no picture, and this is that of an earlier grab
+    QString problem;                    ///< why not, for the user; empty when the tool just found none
+    bool hasHung = false;               ///< the tool had to be stopped, and would have to be again
+    std::optional<double> seconds = {}; ///< of the movie, where it is not that which was asked for
+};
+
+/// What the tool is asked for.
+struct FrameWish {
+    QString moviePath;
+    double seconds = 0.0;
+    QString filters; ///< of FFmpeg's, as after -vf; none when it is empty
 };
 
 /// What the tool has left of one grab, before it is decoded.
@@ -24,6 +33,7 @@ struct GrabbedFile {
     bool isNew = false;   ///< this grab has written it
     QString problem;      ///< as in GrabbedFrame, for the case that the file is no picture
     bool hasHung = false; ///< as in GrabbedFrame
+    std::optional<double> seconds = {}; ///< as in GrabbedFrame
 };
 
 /// Grabs single frames of movies with the external `ffmpeg` tool. One per process, owned by main; safe on any thread,
@@ -42,7 +52,7 @@ public:
 
     /// The same in two steps, so that the next grab can run while this one's picture is decoded. `waiting`, which may
     /// be empty, hears each second for how long the tool has been running, from the second one on; on the same thread.
-    GrabbedFile grab(const QString &moviePath, double seconds, const CancelFlag &cancelled, const Waiting &waiting);
+    GrabbedFile grab(const FrameWish &wish, const CancelFlag &cancelled, const Waiting &waiting);
     static GrabbedFrame decode(GrabbedFile file);
 
     /// Where the tool is expected: "<path of the executable>/../ffmpeg", resolved as text.

@@ -6,5 +6,8 @@
 PictureOptions PictureOptions::fromDefaults(const UserDefaults &defaults)
 {
     return {.source = frameSourceOf(defaults.int64Value(PreferenceKeys::frameSource)),
-            .displayAspect = defaults.boolValue(PreferenceKeys::displayAspect)};
+            .displayAspect = defaults.boolValue(PreferenceKeys::displayAspect),
+            .deinterlace = defaults.boolValue(PreferenceKeys::deinterlace),
+            .toneMap = defaults.boolValue(PreferenceKeys::toneMap),
+            .skipBlank = defaults.boolValue(PreferenceKeys::skipBlank)};
 }

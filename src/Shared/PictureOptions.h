@@ -9,6 +9,9 @@ class UserDefaults;
 struct PictureOptions {
     FrameSource source = FrameSource::Tool;
     bool displayAspect = false; ///< in the shape in which the movie is shown, not in that of its pixels
+    bool deinterlace = false;   ///< without the combs of movies that are made of half pictures
+    bool toneMap = false;       ///< movies that are brighter than a screen can show them, as they are meant for one
+    bool skipBlank = false;     ///< the next picture, instead of one that is of one colour
 
     /// As the settings say at this moment.
     static PictureOptions fromDefaults(const UserDefaults &defaults);

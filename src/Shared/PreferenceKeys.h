@@ -45,6 +45,9 @@ inline constexpr Setting borderWidth{"DefaultBorderWidth", Kind::Integer, "20"};
 inline constexpr Setting outputFormat{"OutputFormatKey", Kind::Integer, "0"};
 inline constexpr Setting frameSource{"FrameSourceKey", Kind::Integer};
 inline constexpr Setting displayAspect{"DisplayAspectKey", Kind::Boolean, "false"};
+inline constexpr Setting deinterlace{"DeinterlaceKey", Kind::Boolean, "false"};
+inline constexpr Setting toneMap{"ToneMapKey", Kind::Boolean, "false"};
+inline constexpr Setting skipBlank{"SkipBlankKey", Kind::Boolean, "false"};
 inline constexpr Setting revealInFinder{"RevealFinderKey", Kind::Boolean, "false"};
 inline constexpr Setting openAfterFinish{"OpenAfterFinishKey", Kind::Boolean, "false"};
 inline constexpr Setting clearAfterFinish{"ClearAfterFinishKey", Kind::Boolean, "false"};
@@ -66,12 +69,11 @@ inline constexpr Setting guid{"guid", Kind::Text};
 
 /// All of the above.
 inline constexpr std::array all{
-    rowNumber,         columeNumber,   tileWidth,     backgroundColor, tileBorderColor,
-    tileBorderWidth,   horizontalGaps, verticalGaps,  drawShadow,      borderWidth,
-    outputFormat,      frameSource,    displayAspect, revealInFinder,  openAfterFinish,
-    clearAfterFinish,  outputFolder,   sameAsOrigin,  metadataText,    gridTextPosition,
-    metadataTextColor, gridTextColor,  appSupportVob, bookmarks,       supportVob,
-    experimental,      guid,
+    rowNumber,        columeNumber,  tileWidth,    backgroundColor, tileBorderColor,  tileBorderWidth,
+    horizontalGaps,   verticalGaps,  drawShadow,   borderWidth,     outputFormat,     frameSource,
+    displayAspect,    deinterlace,   toneMap,      skipBlank,       revealInFinder,   openAfterFinish,
+    clearAfterFinish, outputFolder,  sameAsOrigin, metadataText,    gridTextPosition, metadataTextColor,
+    gridTextColor,    appSupportVob, bookmarks,    supportVob,      experimental,     guid,
 };
 
 /// What the key holds; nothing for a text that is no key of a setting.

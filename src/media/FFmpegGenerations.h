@@ -1,10 +1,14 @@
 #pragma once
 
+#include <QByteArray>
+#include <QStringBuilder>
+
 #include <cstdint>
 #include <span>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
+#include <libavfilter/version.h>
 #include <libavformat/avformat.h>
 }
 
@@ -44,6 +48,16 @@ inline int fieldsPerFrame(const AVCodecContext &decoder)
     return descriptor && (descriptor->props & AV_CODEC_PROP_FIELDS) != 0 ? 2 : 1;
 #else
     return decoder.ticks_per_frame > 0 ? decoder.ticks_per_frame : 1;
+#endif
+}
+
+/// What the source of a chain of filters is told of the frame's colours beside its format.
+inline QByteArray colorsOfSource([[maybe_unused]] const AVFrame &frame)
+{
+#if LIBAVFILTER_VERSION_MAJOR >= 10 // FFmpeg 7.0
+    return ":colorspace=" + QByteArray::number(frame.colorspace) + ":range=" + QByteArray::number(frame.color_range);
+#else
+    return {}; // read from each frame
 #endif
 }
 

@@ -1,5 +1,7 @@
 #include "media/FrameDecoder.h"
 
+#include "media/BlankPicture.h"
+#include "media/FrameFilter.h"
 #include "media/MovieReader.h"
 #include "media/PictureMaker.h"
 #include "media/ToolClock.h"
@@ -51,8 +53,11 @@ public:
     void scaleTo(QSize size) { maker_.scaleTo(size); }
     void useThreads(int count) { threads_ = count; }
     std::int64_t bytesPerFrame() const;
+    void filterBy(const QByteArray &filters) { filters_ = filters; }
     Result<QImage> exactFrame(double seconds);
     Result<QImage> keyFrame(double seconds);
+    Result<Found> exactContent(double seconds, double end);
+    Result<Found> keyContent(double seconds, double end);
     std::optional<double> keyTimeBefore(double seconds);
 
 private:
@@ -62,10 +67,18 @@ private:
     Result<bool> decodeNext(std::int64_t target);
     void feed(std::int64_t target);
     bool decodeKey(std::span<const Packet> key);
+    Result<bool> reach(std::int64_t time);
+    Result<bool> advance();
+    Result<QImage> picture();
+    Result<bool> isBlankFrame();
+    Result<Found> found(double seconds);
+    double secondsOf(std::int64_t ticks, std::int64_t before) const;
 
     MovieReader reader_;
     int threads_ = 1;
     PictureMaker maker_;
+    PictureMaker judge_; ///< makes what isBlank() looks at
+    QByteArray filters_;
     CodecContext decoder_;
     bool decodesKeys_ = false; ///< the decoder has been opened for single packets
     Frame frame_;
@@ -124,23 +137,43 @@ Result<QImage> FrameDecoder::State::exactFrame(double seconds)
     if (!time) {
         return QImage();
     }
+    const auto reached = reach(*time);
+    if (!reached) {
+        return failure(reached.error());
+    }
+    return *reached ? picture() : Result<QImage>(QImage());
+}
+
+/// Takes the frame of that time in hand; false when there is none.
+Result<bool> FrameDecoder::State::reach(std::int64_t time)
+{
     reader_.beginPicture();
-    const std::int64_t target = reader_.inTicks(reader_.shownFrom(*time));
+    const std::int64_t target = reader_.inTicks(reader_.shownFrom(time));
     if (!canGoOnTo(target)) {
-        if (const auto found = seek(*time); !found) {
+        if (const auto found = seek(time); !found) {
             return failure(found.error());
         }
     }
     sought_ = target;
     while (reached_ == AV_NOPTS_VALUE || reached_ < target) {
-        const auto decoded = decodeNext(target);
+        auto decoded = decodeNext(target);
         if (!decoded || !*decoded) {
             canGoOn_ = false;
-            return decoded ? Result<QImage>(QImage()) : failure(decoded.error());
+            return decoded;
         }
         reached_ = frame_->best_effort_timestamp;
     }
-    return maker_.make(*frame_, reader_.stream());
+    return true;
+}
+
+/// That of the frame in hand.
+Result<QImage> FrameDecoder::State::picture()
+{
+    if (filters_.isEmpty()) {
+        return maker_.make(*frame_, reader_.stream());
+    }
+    const auto frame = filtered(*frame_, filters_);
+    return frame ? maker_.make(**frame, reader_.stream()) : failure(frame.error());
 }
 
 Result<void> FrameDecoder::State::seek(std::int64_t time)
@@ -223,7 +256,7 @@ Result<QImage> FrameDecoder::State::keyFrame(double seconds)
         return failure(key.error());
     }
     // Where each frame renews a part of the picture only, none comes of a single one.
-    return decodeKey(*key) ? maker_.make(*frame_, reader_.stream()) : exactFrame(seconds);
+    return decodeKey(*key) ? picture() : exactFrame(seconds);
 }
 
 /// Decodes the key frame's packets and nothing else.
@@ -243,6 +276,100 @@ bool FrameDecoder::State::decodeKey(std::span<const Packet> key)
     }
     avcodec_send_packet(decoder_.get(), nullptr);
     return avcodec_receive_frame(decoder_.get(), frame_.get()) >= 0;
+}
+
+Result<FrameDecoder::Found> FrameDecoder::State::exactContent(double seconds, double end)
+{
+    const auto time = asTheToolReads(seconds);
+    const auto last = asTheToolReads(end);
+    if (!time || !last) {
+        return Found();
+    }
+    auto isThere = reach(*time);
+    const std::int64_t limit = reader_.inTicks(reader_.shownFrom(*last));
+    while (isThere && *isThere) {
+        const std::int64_t before = reached_;
+        isThere = advance();
+        if (!isThere || !*isThere || reached_ >= limit) {
+            break;
+        }
+        const auto blank = isBlankFrame();
+        if (!blank) {
+            return failure(blank.error());
+        }
+        if (!*blank) {
+            return found(secondsOf(reached_, before));
+        }
+    }
+    return isThere ? Result<Found>(Found()) : failure(isThere.error());
+}
+
+/// Takes the next frame in hand, one with a later time; false at the end.
+Result<bool> FrameDecoder::State::advance()
+{
+    sought_ = av_sat_add64(reached_, 1); // from there on it is the first one
+    while (reached_ < sought_) {
+        auto decoded = decodeNext(sought_);
+        if (!decoded || !*decoded) {
+            canGoOn_ = false;
+            return decoded;
+        }
+        reached_ = std::max(reached_, frame_->best_effort_timestamp);
+    }
+    return true;
+}
+
+Result<FrameDecoder::Found> FrameDecoder::State::keyContent(double seconds, double end)
+{
+    const auto time = asTheToolReads(seconds);
+    const auto last = asTheToolReads(end);
+    if (!time || !last) {
+        return Found();
+    }
+    reader_.beginPicture();
+    canGoOn_ = false;
+    if (const auto opened = reader_.goToKeyBefore(reader_.fromStart(*time)); !opened) {
+        return failure(opened.error());
+    }
+    std::int64_t ticks = reader_.inTicks(reader_.fromStart(*time));
+    const std::int64_t limit = reader_.inTicks(reader_.fromStart(*last));
+    for (;;) {
+        const auto key = reader_.readKeyBehind(ticks);
+        if (!key) {
+            return failure(key.error());
+        }
+        ticks = key->empty() ? limit : MovieReader::timeOf(*key->front());
+        if (ticks >= limit) {
+            return Found();
+        }
+        if (decodeKey(*key) && !isBlankFrame().value_or(true)) {
+            return found(secondsOf(ticks, ticks));
+        }
+    }
+}
+
+Result<bool> FrameDecoder::State::isBlankFrame()
+{
+    judge_.scaleTo(judgedSize);
+    return judge_.make(*frame_, reader_.stream()).map(&isBlank);
+}
+
+Result<FrameDecoder::Found> FrameDecoder::State::found(double seconds)
+{
+    return picture().map([seconds](const QImage &picture) { return Found{picture, seconds}; });
+}
+
+/// The time for which the tool gives the frame at these ticks, which follows the one at those before: in hundredths.
+double FrameDecoder::State::secondsOf(std::int64_t ticks, std::int64_t before) const
+{
+    constexpr std::int64_t hundredth = AV_TIME_BASE / 100;
+    const std::int64_t shown = av_rescale_q(ticks, reader_.stream().time_base, AV_TIME_BASE_Q);
+    const std::int64_t time = shown - (reader_.shownFrom(shown) - shown);
+    std::int64_t rounded = (time + 1 - ((time + 1) % hundredth + hundredth) % hundredth) / hundredth;
+    if (before < ticks && reader_.inTicks(reader_.shownFrom(rounded * hundredth)) <= before) {
+        ++rounded; // there are more than a hundred frames in a second
+    }
+    return static_cast<double>(rounded) / 100.0;
 }
 
 std::optional<double> FrameDecoder::State::keyTimeBefore(double seconds)
@@ -289,6 +416,11 @@ std::int64_t FrameDecoder::bytesPerFrame() const
     return state_->bytesPerFrame();
 }
 
+void FrameDecoder::filterBy(const QByteArray &filters)
+{
+    state_->filterBy(filters);
+}
+
 Result<QImage> FrameDecoder::exactFrame(double seconds)
 {
     return state_->exactFrame(seconds);
@@ -297,6 +429,16 @@ Result<QImage> FrameDecoder::exactFrame(double seconds)
 Result<QImage> FrameDecoder::keyFrame(double seconds)
 {
     return state_->keyFrame(seconds);
+}
+
+Result<FrameDecoder::Found> FrameDecoder::exactContent(double seconds, double end)
+{
+    return state_->exactContent(seconds, end);
+}
+
+Result<FrameDecoder::Found> FrameDecoder::keyContent(double seconds, double end)
+{
+    return state_->keyContent(seconds, end);
 }
 
 std::optional<double> FrameDecoder::keyTimeBefore(double seconds)

@@ -3,6 +3,7 @@
 #include "platform/Result.h"
 #include "platform/threads/CancelFlag.h"
 
+#include <QByteArray>
 #include <QImage>
 #include <QSize>
 #include <QString>
@@ -31,6 +32,10 @@ public:
     /// What one decoded frame takes in memory.
     std::int64_t bytesPerFrame() const;
 
+    /// Pictures go through this chain of FFmpeg's filters, written as for the tool's -vf, before they are turned
+    /// upright and scaled; through none when it is empty, as at first.
+    void filterBy(const QByteArray &filters);
+
     /// The picture that the ffmpeg tool gives for `-ss seconds -i path -vframes 1`, as it looks in the tool's JPEG but
     /// for what that loses; in Format_RGB32. The seconds are rounded to two decimals, as for the tool. A null image
     /// when there is no such picture, as past the end. Fastest when times ascend.
@@ -38,6 +43,18 @@ public:
 
     /// The key frame at or before the time, or the first one; null when there is none.
     Result<QImage> keyFrame(double seconds);
+
+    /// A picture that has been looked for; null when there is none.
+    struct Found {
+        QImage picture;
+        double seconds = 0.0; ///< of the movie, for which exactFrame() gives it, too, or in which the key frame stands
+    };
+
+    /// The first picture behind that of the one time and before the other that is not blank, as exactFrame() gives it.
+    Result<Found> exactContent(double seconds, double end);
+
+    /// The first key frame between the times that is not blank.
+    Result<Found> keyContent(double seconds, double end);
 
     /// The time of the key frame that decoding starts at for this time, in seconds like it; nothing where the container
     /// has no index. Times with the same one are best decoded by one decoder, in their order.

@@ -199,21 +199,54 @@ bool MovieReader::readKeyBefore(std::int64_t ticks, std::vector<Packet> &key)
     dropOthers(true);
     key.clear();
     const bool endsAtFirst = hasIndex_ && context().iformat->name != withRoughIndex && knowsKeysUpTo(ticks);
-    const std::size_t packetsPerFrame = stream_->codecpar->field_order > AV_FIELD_PROGRESSIVE ? 2 : 1;
     bool isBefore = false;
     while (const AVPacket *packet = read()) {
-        const bool isLate = (packet->pts != AV_NOPTS_VALUE ? packet->pts : packet->dts) > ticks;
+        const bool isLate = timeOf(*packet) > ticks;
         const bool isKey = (packet->flags & AV_PKT_FLAG_KEY) != 0;
         if (isKey && (key.empty() || !isLate)) {
             key.clear();
             isBefore = !isLate;
         }
-        if (key.size() < packetsPerFrame && (isKey || !key.empty())) {
+        if (key.size() < packetsPerFrame() && (isKey || !key.empty())) {
             key.emplace_back(av_packet_clone(packet));
         }
-        if (key.size() == packetsPerFrame && (endsAtFirst || isLate)) {
+        if (key.size() == packetsPerFrame() && (endsAtFirst || isLate)) {
             break;
         }
     }
     return isBefore;
+}
+
+/// Fields may come in packets of their own.
+std::size_t MovieReader::packetsPerFrame() const
+{
+    return stream_->codecpar->field_order > AV_FIELD_PROGRESSIVE ? 2 : 1;
+}
+
+std::int64_t MovieReader::timeOf(const AVPacket &packet)
+{
+    return packet.pts != AV_NOPTS_VALUE ? packet.pts : packet.dts;
+}
+
+Result<void> MovieReader::goToKeyBefore(std::int64_t time)
+{
+    if (!seekForKey(time)) {
+        if (auto opened = open(); !opened) {
+            return opened;
+        }
+    }
+    dropOthers(true);
+    return {};
+}
+
+Result<std::vector<Packet>> MovieReader::readKeyBehind(std::int64_t ticks)
+{
+    std::vector<Packet> key;
+    while (const AVPacket *packet = key.size() < packetsPerFrame() ? read() : nullptr) {
+        const bool isKey = (packet->flags & AV_PKT_FLAG_KEY) != 0;
+        if (!key.empty() || (isKey && timeOf(*packet) > ticks)) {
+            key.emplace_back(av_packet_clone(packet));
+        }
+    }
+    return mustStop() ? failure(problem()) : Result<std::vector<Packet>>(std::move(key));
 }

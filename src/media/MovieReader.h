@@ -49,12 +49,20 @@ public:
     /// file anew.
     Result<std::vector<FFmpegHandles::Packet>> readKey(std::int64_t time);
 
+    /// Goes to a place from which the key frames behind this time are read. May open the file anew.
+    Result<void> goToKeyBefore(std::int64_t time);
+    /// The packets of the next key frame that stands behind these ticks; none at the end.
+    Result<std::vector<FFmpegHandles::Packet>> readKeyBehind(std::int64_t ticks);
+    /// When the packet's picture is shown, in ticks, as far as it says so.
+    static std::int64_t timeOf(const AVPacket &packet);
+
 private:
     bool hasKeyFrom(std::int64_t ticks) const;
     void dropOthers(bool drop);
     bool trySeekAsTheTool(std::int64_t time);
     bool seekForKey(std::int64_t time);
     bool readKeyBefore(std::int64_t ticks, std::vector<FFmpegHandles::Packet> &key);
+    std::size_t packetsPerFrame() const;
 
     const QByteArray path_;
     const CancelFlag &cancelled_;

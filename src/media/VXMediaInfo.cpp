@@ -5,6 +5,10 @@
 #include "media/Upright.h"
 #include "platform/files/PathText.h"
 
+extern "C" {
+#include <libavutil/pixdesc.h>
+}
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -66,6 +70,31 @@ double sampleAspectOf(const MovieInput &input, AVStream &video)
     return aspect >= narrowest && aspect <= widest ? aspect : 1.0;
 }
 
+/// Files leave out what they take for granted: the colours that such movies are made in.
+std::optional<PictureTraits::HighRange> highRangeOf(const AVCodecParameters &codec)
+{
+    if (codec.color_trc != AVCOL_TRC_SMPTE2084 && codec.color_trc != AVCOL_TRC_ARIB_STD_B67) {
+        return {};
+    }
+    const bool hasPrimaries =
+        av_color_primaries_name(codec.color_primaries) && codec.color_primaries != AVCOL_PRI_UNSPECIFIED;
+    const bool hasMatrix = av_color_space_name(codec.color_space) && codec.color_space != AVCOL_SPC_UNSPECIFIED;
+    return PictureTraits::HighRange{.transfer = codec.color_trc,
+                                    .primaries = hasPrimaries ? codec.color_primaries : AVCOL_PRI_BT2020,
+                                    .matrix = hasMatrix ? codec.color_space : AVCOL_SPC_BT2020_NCL};
+}
+
+PictureTraits traitsOf(const MovieInput &input, AVStream &video)
+{
+    const Upright upright = Upright::of(FFmpegGenerations::sideData(video, AV_PKT_DATA_DISPLAYMATRIX));
+    const double aspect = sampleAspectOf(input, video);
+    const bool keepsLines = upright.degrees == 0.0 && !upright.mirrorsTop;
+    return {.sampleAspect = upright.swapsSides() ? 1.0 / aspect : aspect,
+            .isOnItsSide = upright.swapsSides(),
+            .mayBeInterlaced = keepsLines && video.codecpar->field_order != AV_FIELD_PROGRESSIVE,
+            .highRange = highRangeOf(*video.codecpar)};
+}
+
 double durationOf(const AVFormatContext &context, const AVStream *video)
 {
     double ofContainer = 0.0;
@@ -82,13 +111,10 @@ double durationOf(const AVFormatContext &context, const AVStream *video)
 void fillVideoFields(VXMediaInfoItem &item, const MovieInput &input, AVStream &video)
 {
     const AVCodecParameters &codec = *video.codecpar;
-    const bool turned = Upright::of(FFmpegGenerations::sideData(video, AV_PKT_DATA_DISPLAYMATRIX)).swapsSides();
+    item.traits = traitsOf(input, video);
+    const bool turned = item.traits.isOnItsSide;
     item.pixWidth = turned ? codec.height : codec.width;
     item.pixHeight = turned ? codec.width : codec.height;
-    item.sampleAspect = sampleAspectOf(input, video);
-    if (turned) {
-        item.sampleAspect = 1.0 / item.sampleAspect;
-    }
     item.videoFps = firstSane({sane(video.avg_frame_rate), sane(video.r_frame_rate)});
     item.strVideoCodecName = QString::fromUtf8(avcodec_get_name(codec.codec_id));
     item.videoBitrate = firstSane({static_cast<double>(codec.bit_rate), static_cast<double>(input.context().bit_rate),

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "media/PictureTraits.h"
+
 #include <QString>
 
 #include <cstdint>
@@ -21,8 +23,8 @@ public:
     double duration = 0.0;     ///< seconds, 0 or more
     std::int32_t pixWidth = 0; ///< pixels of the upright picture, or as it is shown; above 0 for a movie
     std::int32_t pixHeight = 0;
-    double sampleAspect = 1.0; ///< how much wider than high a pixel is shown, 0.1 to 10; 1 when unknown
     double videoFps = 0.0;     ///< frames per second, 0 when unknown
     QString strVideoCodecName; ///< as FFmpeg names it, for example "h264"
     double videoBitrate = 0.0; ///< bits per second, 0 when unknown
+    PictureTraits traits;
 };

@@ -102,10 +102,19 @@ std::int64_t CollageLayout::tileCount() const
     return std::int64_t{settings_.rowNumber} * settings_.columeNumber;
 }
 
-double CollageLayout::tileTime(std::int64_t tile) const
+double CollageLayout::tileStep() const
 {
     const std::int64_t count = tileCount();
     const double divisor = count >= 2 ? static_cast<double>(count - 1) : 2.0;
-    const double step = (settings_.endPoint - settings_.startPoint) / divisor;
-    return settings_.startPoint + static_cast<double>(tile) * step;
+    return (settings_.endPoint - settings_.startPoint) / divisor;
+}
+
+double CollageLayout::tileTime(std::int64_t tile) const
+{
+    return settings_.startPoint + static_cast<double>(tile) * tileStep();
+}
+
+double CollageLayout::tileShare() const
+{
+    return std::abs(tileStep());
 }

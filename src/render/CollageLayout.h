@@ -40,8 +40,12 @@ public:
     std::int64_t tileCount() const;
     /// The second that the tile shows; tiles count from 0 in reading order.
     double tileTime(std::int64_t tile) const;
+    /// Seconds of the movie that each tile stands for: from its time to the next one's. 0 or more.
+    double tileShare() const;
 
 private:
+    double tileStep() const;
+
     CollageSettings settings_;
     QSizeF text_{0.0, 0.0};
 };

@@ -56,7 +56,7 @@ void CollagePainter::paintTile(CollageCanvas &canvas, const TileSource &pictureO
     const std::int64_t number = column + std::int64_t{settings_.columeNumber} * row;
     const double seconds = place_.tileTime(number);
     qCDebug(lcTessarine).noquote() << "-----" << number + 1 << ":" << GlobalFun::fixedText(seconds, 2);
-    const QImage image = pictureOf(number, seconds);
+    const TilePicture shown = pictureOf(number, seconds);
 
     // A shadow is never taken back: what one tile sets stays on for the frames and pictures that follow.
     if (settings_.gridShadowed) {
@@ -67,9 +67,9 @@ void CollagePainter::paintTile(CollageCanvas &canvas, const TileSource &pictureO
         canvas.fillRect(tile, settings_.gridBorderColor);
     }
     const QRectF picture = place_.pictureRect(tile);
-    canvas.drawImage(picture, image);
+    canvas.drawImage(picture, shown.image);
     if (holds(items_.metadataBits, MetadataItem::TimeStamp)) {
-        paintStamp(canvas, picture, seconds);
+        paintStamp(canvas, picture, shown.seconds.value_or(seconds));
     }
 }
 

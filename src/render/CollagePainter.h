@@ -10,16 +10,27 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
+#include <utility>
 
 class CollageCanvas;
 class QPaintDevice;
+
+/// The picture of one tile.
+struct TilePicture {
+    // Not explicit: mostly there is nothing to be said of the time.
+    TilePicture(QImage picture = {}, std::optional<double> time = {}) : image(std::move(picture)), seconds(time) {}
+
+    QImage image;                  ///< null: the tile stays without one
+    std::optional<double> seconds; ///< of the movie, where it is not that which the tile is to show
+};
 
 /// Paints one movie's collage: background, text block, and tiles with frames, shadows and time stamps.
 /// Made for one collage; needs a QGuiApplication, may live on any thread.
 class CollagePainter {
 public:
-    /// Gives the picture for the tile (counted from 0) at `seconds` into the movie; null leaves the tile without one.
-    using TileSource = std::function<QImage(std::int64_t tile, double seconds)>;
+    /// Gives the picture for the tile (counted from 0) at `seconds` into the movie.
+    using TileSource = std::function<TilePicture(std::int64_t tile, double seconds)>;
 
     CollagePainter(const CollageSettings &settings, const CollageTextStyles &styles, const CollageTextItems &items,
                    const QString &metadata);

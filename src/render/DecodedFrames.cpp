@@ -1,5 +1,6 @@
 #include "render/DecodedFrames.h"
 
+#include "media/BlankPicture.h"
 #include "media/FrameDecoder.h"
 #include "platform/threads/AlternateStack.h"
 
@@ -17,18 +18,17 @@ constexpr std::int64_t decoderMemory = 800'000'000; // bytes, of all decoders
 constexpr std::int64_t framesPerDecoder = 12; // those that one holds for others to refer to; a thread holds one more
 constexpr double longStretch = 1.0;           // seconds of a movie that are worth several threads
 
-/// Only smaller pictures are scaled here: to enlarge is left to the canvas.
-QSize scaledSize(QSize picture, QSize wanted)
+/// What pictures go through in the decoder, which turns them upright later than the tool does.
+QByteArray filtersOf(const MovieTiles &tiles, QSize size)
 {
-    const bool isSmaller =
-        !wanted.isEmpty() && wanted.width() <= picture.width() && wanted.height() <= picture.height();
-    return isSmaller ? wanted : QSize();
+    const QSize decoded = tiles.traits.isOnItsSide ? size.transposed() : size;
+    return PictureFilter::chain(tiles.options, tiles.traits, decoded).toLatin1();
 }
 
 } // namespace
 
-DecodedFrames::DecodedFrames(FrameSource source, MovieTiles tiles, const CancelFlag &cancelled) :
-    source_(source), tiles_(std::move(tiles)), cancelled_(cancelled)
+DecodedFrames::DecodedFrames(MovieTiles tiles, const CancelFlag &cancelled) :
+    tiles_(std::move(tiles)), cancelled_(cancelled)
 {
     startPart();
 }
@@ -121,7 +121,7 @@ void DecodedFrames::plan(FrameDecoder &decoder)
         groups_.back().cost = key ? time - *key : 0.0;
         lastKey = key;
     }
-    if (source_ == FrameSource::Exact) {
+    if (tiles_.options.source == FrameSource::Exact) {
         std::ranges::stable_sort(groups_, {}, &Group::cost);
     } else {
         std::ranges::reverse(groups_);
@@ -169,11 +169,27 @@ try {
 
 void DecodedFrames::decode(FrameDecoder &decoder, std::int64_t tile)
 {
-    decoder.scaleTo(scaledSize(tiles_.movieSize, tiles_.sizeOf(tile)));
+    const QSize size = tiles_.reducedSize(tile);
+    decoder.scaleTo(size);
+    decoder.filterBy(filtersOf(tiles_, size));
     const double time = tiles_.timeOf(tile);
-    auto picture = source_ == FrameSource::Key ? decoder.keyFrame(time) : decoder.exactFrame(time);
-    put(tile, picture ? GrabbedFrame{.picture = *std::move(picture), .problem = {}}
-                      : GrabbedFrame{.picture = {}, .problem = picture.error()});
+    const bool isKey = tiles_.options.source == FrameSource::Key;
+    auto picture = isKey ? decoder.keyFrame(time) : decoder.exactFrame(time);
+    GrabbedFrame frame;
+    if (picture) {
+        frame.picture = *std::move(picture);
+    } else {
+        frame.problem = picture.error();
+    }
+    if (tiles_.options.skipBlank && isBlank(frame.picture)) {
+        const double end = time + tiles_.share;
+        auto found = isKey ? decoder.keyContent(time, end) : decoder.exactContent(time, end);
+        if (found && !found->picture.isNull()) {
+            frame.picture = std::move(found->picture);
+            frame.seconds = found->seconds;
+        }
+    }
+    put(tile, std::move(frame));
 }
 
 std::optional<DecodedFrames::Group> DecodedFrames::takeGroup()

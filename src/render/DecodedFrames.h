@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Shared/FrameSource.h"
 #include "platform/threads/CancelFlag.h"
 #include "render/TileFrames.h"
 
@@ -19,7 +18,7 @@ class FrameDecoder;
 class DecodedFrames final : public TileFrames {
 public:
     /// `cancelled` must outlive this.
-    DecodedFrames(FrameSource source, MovieTiles tiles, const CancelFlag &cancelled);
+    DecodedFrames(MovieTiles tiles, const CancelFlag &cancelled);
     ~DecodedFrames() override;
     DecodedFrames(const DecodedFrames &) = delete;
     DecodedFrames &operator=(const DecodedFrames &) = delete;
@@ -47,7 +46,6 @@ private:
     void put(std::int64_t tile, GrabbedFrame frame);
     GrabbedFrame await(std::size_t place, const FrameGrabber::Waiting &waiting);
 
-    const FrameSource source_;
     const MovieTiles tiles_;
     const CancelFlag &cancelled_;
     std::int64_t asked_ = 0; ///< tiles

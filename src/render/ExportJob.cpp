@@ -38,12 +38,12 @@ public:
         services_(services),
         report_(std::move(report)),
         movieSize_(tiles.movieSize),
-        options_(PictureOptions::fromDefaults(services_.defaults)),
-        frames_(ChosenFrames::ofTiles(options_, services_.grabber, tiles, services_.bExportCanceled))
+        options_(tiles.options),
+        frames_(ChosenFrames::ofTiles(services_.grabber, tiles, services_.bExportCanceled))
     {
     }
 
-    QImage picture(std::int64_t tile, double seconds)
+    TilePicture picture(std::int64_t tile, double seconds)
     {
         const GrabbedFrame frame = frames_->next([this](std::chrono::seconds time) {
             ExportProgress waiting = report_;
@@ -56,7 +56,7 @@ public:
             report_.picture = ChosenFrames::inShape(options_, frame.picture, movieSize_);
             services_.observer.updateProgress(report_);
         }
-        return frame.picture;
+        return {frame.picture, frame.seconds};
     }
 
     const MissingFrames &missingFrames() const { return missing_; }
@@ -70,7 +70,7 @@ private:
     const std::unique_ptr<TileFrames> frames_;
 };
 
-MovieTiles tilesOf(const KTMovieObject &movie, const CollageLayout &layout)
+MovieTiles tilesOf(const KTMovieObject &movie, const CollageLayout &layout, const PictureOptions &options)
 {
     const auto sizeOf = [layout, columns = std::max(movie.settings().columeNumber, 1)](std::int64_t tile) {
         const QRectF place =
@@ -79,6 +79,9 @@ MovieTiles tilesOf(const KTMovieObject &movie, const CollageLayout &layout)
     };
     return {.moviePath = movie.filePath,
             .movieSize = QSize(movie.pixWidth, movie.pixHeight),
+            .traits = movie.traits,
+            .options = options,
+            .share = layout.tileShare() > 0.0 ? layout.tileShare() : movie.duration,
             .count = layout.tileCount(),
             .timeOf = [layout](std::int64_t tile) { return layout.tileTime(tile); },
             .sizeOf = sizeOf};
@@ -153,7 +156,7 @@ void ExportJob::begin(Turn &turn)
     const CollagePainter &painter =
         turn.painter.emplace(movie.settings(), styles_, items, getMetaStrWithObject(movie, items.metadataBits));
     if (painter.layout().isPossible()) {
-        const MovieTiles wanted = tilesOf(movie, painter.layout());
+        const MovieTiles wanted = tilesOf(movie, painter.layout(), PictureOptions::fromDefaults(services_.defaults));
         const ExportProgress report{movie.filePath, turn.index, services_.aryItems.count(), 0, wanted.count, {}, {}};
         turn.tiles = std::make_unique<ReportedTiles>(services_, report, wanted);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "media/FrameDecoder.h"
 #include "platform/threads/CancelFlag.h"
 #include "render/TileFrames.h"
 
@@ -23,6 +24,8 @@ public:
     GrabbedFrame next(const FrameGrabber::Waiting &waiting) override;
 
 private:
+    GrabbedFile grab(std::int64_t tile, const CancelFlag &cancelled, const FrameGrabber::Waiting &waiting);
+    std::optional<double> contentBehind(double seconds, const CancelFlag &cancelled);
     void run();
     /// Puts the file where `take` finds it, once the one before has been taken. False when there is nothing more to do.
     bool hand(GrabbedFile file);
@@ -34,8 +37,9 @@ private:
     GrabbedFrame last_;
     std::int64_t asked_ = 0; ///< tiles
 
-    CancelFlag stop_{false}; ///< stops the tool, and with it the thread
-    std::mutex mutex_;       ///< guards what stands below
+    std::optional<FrameDecoder> search_; ///< looks for pictures that are not of one colour; belongs to who grabs
+    CancelFlag stop_{false};             ///< stops the tool, and with it the thread
+    std::mutex mutex_;                   ///< guards what stands below
     std::condition_variable changed_;
     std::optional<GrabbedFile> grabbed_;
     std::exception_ptr failure_;

@@ -49,6 +49,7 @@ TEST_F(FrameGrabberTest, ShowsThePreviousPictureWhenThereIsNoNewOne)
         const GrabbedFrame none = ffmpeg.createThumbnail(path, seconds, never);
         EXPECT_TRUE(none.picture.isNull() && !none.isNew);
     }
+    EXPECT_TRUE(ffmpeg.grab({movie, 1.0, u"nonsense"_s}, never, {}).problem.contains(u"nonsense"));
     ASSERT_TRUE(ffmpeg.createThumbnail(movie, 1.5, never).isNew);
     FrameGrabber missing(folder.path("missing"), folder.path());
     for (FrameGrabber *grabber : {&ffmpeg, &missing}) {

@@ -1,5 +1,6 @@
 #include "media/FrameDecoder.h"
 
+#include "support/Difference.h"
 #include "support/ScratchFolder.h"
 
 #include <QDir>
@@ -17,24 +18,6 @@ using namespace Qt::StringLiterals;
 
 static const QString kinds = QStringLiteral(TESSARINE_TEST_MOVIES "/kinds/");
 static const CancelFlag never{false};
-
-/// The mean difference of two pictures in one colour of a pixel; a JPEG loses up to 5 of these, a frame is 5 to 40 from
-/// the next one.
-static double difference(const QImage &one, const QImage &other)
-{
-    if (one.size() != other.size()) {
-        return 255.0;
-    }
-    double sum = 0.0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            const QRgb a = one.pixel(x, y);
-            const QRgb b = other.pixel(x, y);
-            sum += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b));
-        }
-    }
-    return sum / 3.0 / one.width() / one.height();
-}
 
 static FrameDecoder opened(const QString &path, int threads = 1)
 {
@@ -110,6 +93,8 @@ TEST(FrameDecoder, StopsAtWhatIsNoPicture)
     }
     EXPECT_FALSE(decoder.exactFrame(-1e9).value().isNull());
     EXPECT_FALSE(FrameDecoder::open(kinds, never));
+    decoder.filterBy("nonsense");
+    EXPECT_TRUE(decoder.keyFrame(1.0).error().contains(u"nonsense"));
 
     CancelFlag cancelled{false};
     auto stopped = FrameDecoder::open(kinds + u"b.mp4", cancelled).value();

@@ -85,7 +85,7 @@ TEST(Probe, TellsTheShapeOfPixelsWithinLimits)
         qToBigEndian(height, bytes.data() + shape + 4);
         VXMediaInfoItem item;
         EXPECT_FALSE(probe(item, folder.write("shape.mp4", bytes)));
-        EXPECT_NEAR(item.sampleAspect, aspect, 1e-6) << width << ':' << height;
+        EXPECT_NEAR(item.traits.sampleAspect, aspect, 1e-6) << width << ':' << height;
         EXPECT_EQ(item.pixWidth, 720);
     }
 }

@@ -14,12 +14,12 @@ constexpr QRgb content = qRgb(200, 0, 0);
 /// Two by two tiles of 100 x 60 with frames of 4, gaps of 10 and 7 and a margin of 20; every picture one colour.
 struct CollagePainterTest : testing::Test {
     CollagePainterTest() { settings = {20.0, ground, 4.0, frame, 10.0, 7.0, 100.0, 60.0, 2, 2, 0.0, 30.0}; }
-    QImage picture(std::int64_t tile, double seconds)
+    TilePicture picture(std::int64_t tile, double seconds)
     {
         times.push_back(seconds);
         QImage image(64, 48, QImage::Format_RGB32);
         image.fill(content);
-        return tile == missingTile ? QImage() : image;
+        return {tile == missingTile ? QImage() : image, realTime};
     }
     QImage paint(const QString &metadata = QString())
     {
@@ -36,6 +36,7 @@ struct CollagePainterTest : testing::Test {
     CollageTextItems items;
     std::vector<double> times;
     std::int64_t missingTile = -1;
+    std::optional<double> realTime; ///< of all pictures
     CancelFlag cancelled = false;
     bool finished = false;
     int textHeight = 0;
@@ -122,6 +123,19 @@ TEST_F(CollagePainterTest, StampsStandWhereThePositionSays)
             EXPECT_EQ(ink > 10, place == places[position]) << position << " at " << place.x() << ", " << place.y();
         }
     }
+}
+
+TEST_F(CollagePainterTest, StampsTellTheSecondThatThePictureIsReallyFrom)
+{
+    items.metadataBits = 1;
+    settings.startPoint = settings.endPoint = 12.0;
+    const QImage asked = paint();
+    realTime = 13.99;
+    const QImage found = paint();
+    settings.startPoint = settings.endPoint = 13.0;
+    realTime.reset();
+    EXPECT_NE(found, asked);
+    EXPECT_EQ(found, paint());
 }
 
 TEST_F(CollagePainterTest, SettingsOutOfEveryRangeStayInBounds)

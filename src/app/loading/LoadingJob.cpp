@@ -108,7 +108,7 @@ try {
     const auto &movie = *loaded;
     const PictureOptions options = PictureOptions::fromDefaults(services_.defaults);
     const GrabbedFrame frame =
-        ChosenFrames::at(options, services_.grabber, candidate.path, thumbnailTime, services_.bMovieDropped);
+        ChosenFrames::at(thumbnailTime, services_.grabber, *movie, options, services_.bMovieDropped);
     if (services_.bMovieDropped) {
         return; // there is no thumbnail, or none of this movie
     }

@@ -32,7 +32,7 @@ QString notAMovie(VXMediaType type)
 std::int32_t shownWidth(const VXMediaInfoItem &movie)
 {
     constexpr double widest = std::numeric_limits<std::int32_t>::max();
-    return static_cast<std::int32_t>(std::clamp(std::round(movie.pixWidth * movie.sampleAspect), 1.0, widest));
+    return static_cast<std::int32_t>(std::clamp(std::round(movie.pixWidth * movie.traits.sampleAspect), 1.0, widest));
 }
 
 } // namespace

@@ -22,6 +22,9 @@ auto checkBoxes(const Ui::RBGeneralPreferViewCtl &ui)
         std::pair(ui.chkOpenAfter, PreferenceKeys::openAfterFinish),
         std::pair(ui.chkRemoveAfter, PreferenceKeys::clearAfterFinish),
         std::pair(ui.displayAspect, PreferenceKeys::displayAspect),
+        std::pair(ui.deinterlace, PreferenceKeys::deinterlace),
+        std::pair(ui.toneMap, PreferenceKeys::toneMap),
+        std::pair(ui.skipBlank, PreferenceKeys::skipBlank),
     };
 }
 

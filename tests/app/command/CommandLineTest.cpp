@@ -138,12 +138,14 @@ TEST_F(CommandLineTest, AnInterruptEndsACallThatBlocks)
     EXPECT_EQ(finish(), 130);
 }
 
-TEST_F(CommandLineTest, PaintingStartsNoThread)
+TEST_F(CommandLineTest, PaintingStartsNoThreadAndLoadsNoFilters)
 {
-    useTool("ls /proc/$PPID/task | wc -l >>threads; exec " TESSARINE_FFMPEG " -v error \"$@\"");
+    useTool("grep libavfilter /proc/$PPID/maps >>filters; ls /proc/$PPID/task | wc -l >>threads; exec " TESSARINE_FFMPEG
+            " -v error \"$@\"");
     EXPECT_EQ(run(exportMovie + QStringList{u"--tile-width"_s, u"2000"_s, u"--set"_s, u"DefaultDrawShadow=true"_s}), 0);
     const QByteArrayList counts = folder.read("threads").trimmed().split('\n');
     EXPECT_EQ(counts, QByteArrayList(6, counts.first()));
+    EXPECT_EQ(folder.read("filters"), QByteArray());
 }
 
 TEST_F(CommandLineTest, ResultsThatNobodyCanReadDoNotStopTheExport)

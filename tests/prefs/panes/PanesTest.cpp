@@ -37,7 +37,8 @@ TEST_F(PanesTest, BoxesShowTheirOwnKeysAndWriteThemAtTheCommit)
 {
     defaults.setBool(PreferenceKeys::openAfterFinish, true);
     RBGeneralPreferViewCtl pane(defaults);
-    for (const char *name : {"revealFinder", "chkOpenAfter", "chkRemoveAfter", "displayAspect"}) {
+    for (const char *name :
+         {"revealFinder", "chkOpenAfter", "chkRemoveAfter", "displayAspect", "deinterlace", "toneMap", "skipBlank"}) {
         QCheckBox &box = control<QCheckBox>(pane, name);
         EXPECT_EQ(box.isChecked(), qstrcmp(name, "chkOpenAfter") == 0) << name;
         box.toggle();
@@ -47,8 +48,15 @@ TEST_F(PanesTest, BoxesShowTheirOwnKeysAndWriteThemAtTheCommit)
     EXPECT_EQ(stored(PreferenceKeys::revealInFinder), 1);
     EXPECT_EQ(stored(PreferenceKeys::openAfterFinish), 0);
     EXPECT_EQ(stored(PreferenceKeys::clearAfterFinish), 1);
-    EXPECT_EQ(stored(PreferenceKeys::displayAspect), 1);
-    EXPECT_EQ(control<QComboBox>(pane, "frameSource").nextInFocusChain()->objectName(), u"displayAspect");
+    QWidget *last = &control<QComboBox>(pane, "frameSource");
+    for (const auto &[name, key] : {std::pair{"displayAspect", PreferenceKeys::displayAspect},
+                                    {"deinterlace", PreferenceKeys::deinterlace},
+                                    {"toneMap", PreferenceKeys::toneMap},
+                                    {"skipBlank", PreferenceKeys::skipBlank}}) {
+        EXPECT_EQ(stored(key), 1) << name;
+        last = last->nextInFocusChain();
+        EXPECT_EQ(last->objectName(), QLatin1StringView(name));
+    }
 }
 
 TEST_F(PanesTest, FormatAndCornerThatAreNoneBecomeTheFirst)
