@@ -14,7 +14,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -144,7 +146,8 @@ TEST_F(CommandLineTest, PaintingStartsNoThreadAndLoadsNoFilters)
             " -v error \"$@\"");
     EXPECT_EQ(run(exportMovie + QStringList{u"--tile-width"_s, u"2000"_s, u"--set"_s, u"DefaultDrawShadow=true"_s}), 0);
     const QByteArrayList counts = folder.read("threads").trimmed().split('\n');
-    EXPECT_EQ(counts, QByteArrayList(6, counts.first()));
+    ASSERT_EQ(counts.size(), 6);
+    EXPECT_TRUE(std::ranges::is_sorted(counts, std::greater{})) << "at first one may still load what comes later";
     EXPECT_EQ(folder.read("filters"), QByteArray());
 }
 
