@@ -8,12 +8,9 @@
 #include <system_error>
 #include <utility>
 
-using namespace std::chrono_literals;
-
 namespace {
 
 constexpr std::int64_t largestPart = 1024;          // tiles: their pictures are held until they are painted
-constexpr auto cancelInterval = 20ms;               // how often the cancel flag is looked at
 constexpr std::int64_t decoderMemory = 800'000'000; // bytes, of all decoders
 constexpr std::int64_t framesPerDecoder = 12; // those that one holds for others to refer to; a thread holds one more
 constexpr double longStretch = 1.0;           // seconds of a movie that are worth several threads
@@ -53,25 +50,11 @@ GrabbedFrame DecodedFrames::next(const FrameGrabber::Waiting &waiting)
 
 GrabbedFrame DecodedFrames::await(std::size_t place, const FrameGrabber::Waiting &waiting)
 {
-    const auto start = std::chrono::steady_clock::now();
-    std::chrono::seconds told = 1s; // the first second is nothing to tell of
-    std::unique_lock lock(mutex_);
-    while (!frames_[place] && !failure_ && !cancelled_) {
-        changed_.wait_for(lock, cancelInterval);
-        const auto waited = std::chrono::floor<std::chrono::seconds>(std::chrono::steady_clock::now() - start);
-        if (waiting && waited > told) {
-            told = waited;
-            lock.unlock();
-            waiting(told);
-            lock.lock();
-        }
-    }
-    if (cancelled_) {
+    auto lock = handover_.lock();
+    const auto isThere = [this, place] { return frames_[place].has_value(); };
+    if (!handover_.await(lock, isThere, FrameHandover::Clock::now(), cancelled_, waiting)) {
         stop_ = true;
         return {};
-    }
-    if (!frames_[place]) {
-        std::rethrow_exception(failure_);
     }
     return std::exchange(*frames_[place], {}); // its picture is not held any longer
 }
@@ -162,9 +145,7 @@ try {
         }
     }
 } catch (...) { // memory that has run out; whoever asks for the frame hears of it
-    const std::lock_guard lock(mutex_);
-    failure_ = std::current_exception();
-    changed_.notify_all();
+    handover_.fail();
 }
 
 void DecodedFrames::decode(FrameDecoder &decoder, std::int64_t tile)
@@ -194,7 +175,7 @@ void DecodedFrames::decode(FrameDecoder &decoder, std::int64_t tile)
 
 std::optional<DecodedFrames::Group> DecodedFrames::takeGroup()
 {
-    const std::lock_guard lock(mutex_);
+    const auto lock = handover_.lock();
     if (groups_.empty()) {
         return std::nullopt;
     }
@@ -205,7 +186,7 @@ std::optional<DecodedFrames::Group> DecodedFrames::takeGroup()
 
 void DecodedFrames::put(std::int64_t tile, GrabbedFrame frame)
 {
-    const std::lock_guard lock(mutex_);
+    const auto lock = handover_.lock();
     frames_[static_cast<std::size_t>(tile - first_)] = std::move(frame);
-    changed_.notify_all();
+    handover_.tell();
 }

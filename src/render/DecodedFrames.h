@@ -1,12 +1,10 @@
 #pragma once
 
 #include "platform/threads/CancelFlag.h"
+#include "render/FrameHandover.h"
 #include "render/TileFrames.h"
 
-#include <condition_variable>
 #include <cstddef>
-#include <exception>
-#include <mutex>
 #include <optional>
 #include <thread>
 #include <vector>
@@ -54,10 +52,8 @@ private:
     // The part of the tiles that is under way.
     std::int64_t first_ = 0;
     CancelFlag stop_{false};
-    std::mutex mutex_; ///< guards what stands below
-    std::condition_variable changed_;
+    FrameHandover handover_;    ///< guards what stands below
     std::vector<Group> groups_; ///< not taken yet, the dearest one last
     std::vector<std::optional<GrabbedFrame>> frames_;
-    std::exception_ptr failure_;
     std::vector<std::jthread> workers_; ///< last: they use all the rest; only this object's thread touches it
 };

@@ -6,14 +6,6 @@
 #include <system_error>
 #include <utility>
 
-using namespace std::chrono_literals;
-
-namespace {
-
-constexpr auto cancelInterval = 20ms; // how often the cancel flag is looked at
-
-} // namespace
-
 ToolFrames::ToolFrames(FrameGrabber &grabber, MovieTiles tiles, const CancelFlag &cancelled) :
     grabber_(grabber), tiles_(std::move(tiles)), cancelled_(cancelled)
 {
@@ -26,11 +18,9 @@ ToolFrames::ToolFrames(FrameGrabber &grabber, MovieTiles tiles, const CancelFlag
 
 ToolFrames::~ToolFrames()
 {
-    {
-        const std::lock_guard lock(mutex_);
-        stop_ = true;
-    }
-    changed_.notify_all();
+    const auto lock = handover_.lock();
+    stop_ = true;
+    handover_.tell();
 }
 
 GrabbedFrame ToolFrames::next(const FrameGrabber::Waiting &waiting)
@@ -80,56 +70,39 @@ std::optional<double> ToolFrames::contentBehind(double seconds, const CancelFlag
 
 GrabbedFile ToolFrames::take(const FrameGrabber::Waiting &waiting)
 {
-    std::unique_lock lock(mutex_);
-    std::chrono::seconds told = 0s;
-    while (!grabbed_ && !failure_) {
-        if (cancelled_) {
-            stop_ = true;
-            return {};
-        }
-        changed_.wait_for(lock, cancelInterval);
-        if (waiting && waited_ > told) {
-            told = waited_;
-            lock.unlock();
-            waiting(told);
-            lock.lock();
-        }
+    auto lock = handover_.lock();
+    if (!handover_.await(
+            lock, [this] { return grabbed_.has_value(); }, begun_, cancelled_, waiting)) {
+        stop_ = true;
+        return {};
     }
-    if (!grabbed_) {
-        std::rethrow_exception(failure_);
-    }
-    GrabbedFile file = *std::move(grabbed_);
-    grabbed_.reset();
-    changed_.notify_all();
+    GrabbedFile file = *std::exchange(grabbed_, std::nullopt);
+    handover_.tell();
     return file;
 }
 
 void ToolFrames::run()
 try {
     const AlternateStack stack;
-    const auto waiting = [this](std::chrono::seconds time) {
-        const std::lock_guard lock(mutex_);
-        waited_ = time;
-        changed_.notify_all();
-    };
     for (std::int64_t tile = 0; tile < tiles_.count; ++tile) {
-        waiting(0s);
-        if (!hand(grab(tile, stop_, waiting))) {
+        {
+            const auto lock = handover_.lock();
+            begun_ = FrameHandover::Clock::now();
+        }
+        if (!hand(grab(tile, stop_, {}))) {
             return;
         }
     }
 } catch (...) { // memory that has run out; whoever asks for the frame hears of it
-    const std::lock_guard lock(mutex_);
-    failure_ = std::current_exception();
-    changed_.notify_all();
+    handover_.fail();
 }
 
 bool ToolFrames::hand(GrabbedFile file)
 {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return !grabbed_ || stop_; });
+    auto lock = handover_.lock();
+    handover_.waitUntil(lock, [this] { return !grabbed_ || stop_; });
     const bool goesOn = !stop_ && !file.hasHung;
     grabbed_ = std::move(file);
-    changed_.notify_all();
+    handover_.tell();
     return goesOn;
 }

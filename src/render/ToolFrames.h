@@ -2,12 +2,9 @@
 
 #include "media/FrameDecoder.h"
 #include "platform/threads/CancelFlag.h"
+#include "render/FrameHandover.h"
 #include "render/TileFrames.h"
 
-#include <chrono>
-#include <condition_variable>
-#include <exception>
-#include <mutex>
 #include <optional>
 #include <thread>
 
@@ -39,10 +36,9 @@ private:
 
     std::optional<FrameDecoder> search_; ///< looks for pictures that are not of one colour; belongs to who grabs
     CancelFlag stop_{false};             ///< stops the tool, and with it the thread
-    std::mutex mutex_;                   ///< guards what stands below
-    std::condition_variable changed_;
+    FrameHandover handover_;             ///< guards what stands below
     std::optional<GrabbedFile> grabbed_;
-    std::exception_ptr failure_;
-    std::chrono::seconds waited_{0};
+    FrameHandover::Clock::time_point begun_ = FrameHandover::Clock::now(); ///< with the tile in work
+
     std::jthread thread_; ///< last: it uses all the rest
 };
