@@ -6,12 +6,22 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 using Kind = ExportResult::Kind;
+
+/// Those that could not be made, or not whole.
+std::vector<ExportResult> troubled(const std::vector<ExportResult> &results)
+{
+    std::vector<ExportResult> found;
+    std::ranges::copy_if(results, std::back_inserter(found),
+                         [](const ExportResult &result) { return result.kind != Kind::Written; });
+    return found;
+}
 
 } // namespace
 
@@ -23,10 +33,8 @@ int ExportReport::count(Kind kind) const
 MovieList::Movies ExportReport::toRetry() const
 {
     MovieList::Movies left;
-    for (const ExportResult &result : results) {
-        if (result.kind != Kind::Written) {
-            left.push_back(movies.at(static_cast<std::size_t>(result.movie)));
-        }
+    for (const ExportResult &result : troubled(results)) {
+        left.push_back(movies.at(static_cast<std::size_t>(result.movie)));
     }
     return left;
 }
@@ -73,10 +81,8 @@ QString ExportReport::outcome(const ExportResult &result)
 QString ExportReport::troubles() const
 {
     QStringList lines;
-    for (const ExportResult &result : results) {
-        if (result.kind != Kind::Written) {
-            lines << PathText::forDisplay(result.filePath) + u": "_s + result.reason;
-        }
+    for (const ExportResult &result : troubled(results)) {
+        lines << PathText::forDisplay(result.filePath) + u": "_s + result.reason;
     }
     return lines.join(u'\n');
 }

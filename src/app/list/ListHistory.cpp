@@ -18,9 +18,8 @@ ListHistory::ListHistory(MovieList &list) : list_(list)
     stack_.setUndoLimit(limit);
 }
 
-void ListHistory::arrange(Movies after, const QString &text, const Movies &moved)
+void ListHistory::arrange(Movies before, Movies after, const QString &text, const Movies &moved)
 {
-    Movies before = list_.snapshot();
     if (after != before) {
         stack_.push(makeForQt<OrderStep>(list_, std::move(before), std::move(after), text, moved));
     }
@@ -29,39 +28,38 @@ void ListHistory::arrange(Movies after, const QString &text, const Movies &moved
 void ListHistory::remove(const Movies &movies)
 {
     const std::unordered_set<MovieList::Movie> gone(movies.begin(), movies.end());
-    Movies after = list_.snapshot();
+    const Movies before = list_.snapshot();
+    Movies after = before;
     const auto count = std::erase_if(after, [&gone](const auto &movie) { return gone.contains(movie); });
     //% "Remove %n Movie(s)"
-    arrange(std::move(after), qtTrId("undo_remove", static_cast<int>(count)));
+    arrange(before, std::move(after), qtTrId("undo_remove", static_cast<int>(count)));
 }
 
 void ListHistory::clear()
 {
     //% "Clear"
     const QString text = qtTrId("undo_clear");
-    arrange({}, text);
+    arrange(list_.snapshot(), {}, text);
 }
 
 void ListHistory::sort(const Movies &order, const QString &text)
 {
-    arrange(order, text);
+    arrange(list_.snapshot(), order, text);
 }
 
 void ListHistory::move(const Movies &movies, std::size_t index)
 {
     //% "Move %n Movie(s)"
     const QString text = qtTrId("undo_move", static_cast<int>(movies.size()));
-    arrange(ListOrder::moved(list_.snapshot(), movies, index), text, movies);
+    const Movies before = list_.snapshot();
+    arrange(before, ListOrder::moved(before, movies, index), text, movies);
 }
 
 void ListHistory::noteExported(const Movies &before)
 {
-    Movies after = list_.snapshot();
-    if (after != before) {
-        //% "Clear after Export"
-        const QString text = qtTrId("undo_clear_exported");
-        stack_.push(makeForQt<OrderStep>(list_, before, std::move(after), text));
-    }
+    //% "Clear after Export"
+    const QString text = qtTrId("undo_clear_exported");
+    arrange(before, list_.snapshot(), text);
 }
 
 void ListHistory::noteEdited(const MovieList::Movie &movie, const CollageStep::Looks &before)

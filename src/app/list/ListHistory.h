@@ -33,7 +33,8 @@ public:
     void noteEdited(const MovieList::Movie &movie, const CollageStep::Looks &before);
 
 private:
-    void arrange(MovieList::Movies after, const QString &text, const MovieList::Movies &moved = {});
+    void arrange(MovieList::Movies before, MovieList::Movies after, const QString &text,
+                 const MovieList::Movies &moved = {});
 
     MovieList &list_;
     QUndoStack stack_;

@@ -2,8 +2,8 @@
 
 #include "app/list/ListHistory.h"
 #include "app/loading/MovieJobs.h"
-#include "app/window/MovieTableModel.h"
-#include "app/window/MyTableView.h"
+#include "app/table/MovieTableModel.h"
+#include "app/table/MyTableView.h"
 
 #include <QAction>
 #include <QHeaderView>

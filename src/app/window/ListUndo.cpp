@@ -2,7 +2,7 @@
 
 #include "app/list/ListHistory.h"
 #include "app/loading/MovieJobs.h"
-#include "app/window/MyTableView.h"
+#include "app/table/MyTableView.h"
 
 #include <QAction>
 #include <QUndoStack>

@@ -57,24 +57,7 @@ MainWindowController::~MainWindowController() = default;
 
 void MainWindowController::makeParts()
 {
-    loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services_.notifications, this);
-    loadingWndCtl->addAction(ui_->quit); // those of a window that a sheet blocks are not heard
-    cancelObservation_ =
-        services_.notifications.observe(VXLoadingWndCtl::canceledNotification, [this] { loadingPrgCanceled(); });
-    jobs_ = std::make_unique<MovieJobs>(MovieJobs::Services{.aryItems = aryItems,
-                                                            .defaults = services_.defaults,
-                                                            .grabber = services_.grabber,
-                                                            .trustedFolders = services_.trustedFolders,
-                                                            .alert = services_.desktop.alert,
-                                                            .workspace = services_.desktop.workspace,
-                                                            .mainQueue = services_.mainQueue},
-                                        static_cast<JobsView &>(*this));
-    exportResults_ = std::make_unique<ExportResults>(
-        ExportResults::Services{
-            .statusLine = *ui_->statusLine,
-            .desktop = services_.desktop,
-            .exportAgain = [this](const auto &movies) { jobs_->startExport(outputFolder_->outputPath(), movies); }},
-        *this);
+    makeJobParts();
     outputFolder_ = std::make_unique<OutputFolderControls>(
         OutputFolderControls::Widgets{.lblOutputPath = ui_->lblOutputPath,
                                       .btnBrowser = ui_->btnBrowser,
@@ -86,6 +69,35 @@ void MainWindowController::makeParts()
                                        .desktop = services_.desktop,
                                        .home = services_.home,
                                        .moviePaths = [this] { return moviePaths(); }});
+}
+
+void MainWindowController::makeJobParts()
+{
+    loadingWndCtl = std::make_unique<VXLoadingWndCtl>(services_.notifications, this);
+    loadingWndCtl->addAction(ui_->quit); // those of a window that a sheet blocks are not heard
+    cancelObservation_ =
+        services_.notifications.observe(VXLoadingWndCtl::canceledNotification, [this] { loadingPrgCanceled(); });
+    exportResults_ = std::make_unique<ExportResults>(
+        ExportResults::Services{
+            .statusLine = *ui_->statusLine,
+            .desktop = services_.desktop,
+            .exportAgain = [this](const auto &movies) { jobs_->startExport(outputFolder_->outputPath(), movies); }},
+        *this);
+    jobSheet_ = std::make_unique<JobSheet>(JobSheet::Services{.sheet = *loadingWndCtl,
+                                                              .window = *this,
+                                                              .desktop = services_.desktop,
+                                                              .results = *exportResults_,
+                                                              .movies = aryItems,
+                                                              .history = history_,
+                                                              .ended = [this](auto kind) { jobEnded(kind); }});
+    jobs_ = std::make_unique<MovieJobs>(MovieJobs::Services{.aryItems = aryItems,
+                                                            .defaults = services_.defaults,
+                                                            .grabber = services_.grabber,
+                                                            .trustedFolders = services_.trustedFolders,
+                                                            .alert = services_.desktop.alert,
+                                                            .workspace = services_.desktop.workspace,
+                                                            .mainQueue = services_.mainQueue},
+                                        *jobSheet_);
 }
 
 /// What works on the list in the table.
@@ -271,41 +283,10 @@ void MainWindowController::listShown()
     updateActions();
 }
 
-void MainWindowController::jobStarted(Kind kind, const QString &text)
+void MainWindowController::jobEnded(JobsView::Kind kind)
 {
-    if (kind == Kind::Export) {
-        exported_ = aryItems.snapshot();
-    }
-    loadingWndCtl->setModel(static_cast<int>(kind));
-    loadingWndCtl->startLoading(text, this);
-}
-
-void MainWindowController::jobProgress(const JobProgress &progress)
-{
-    loadingWndCtl->updateProgress(progress.fraction, progress.main, progress.ing, progress.image);
-    loadingWndCtl->setRemaining(progress.remaining);
-    //% "Movie %1 of %2"
-    const QString place = qtTrId("progress_movie").arg(progress.movie).arg(progress.movieCount);
-    loadingWndCtl->setOverall(progress.overall, place);
-    if (services_.desktop.showProgress) {
-        services_.desktop.showProgress(progress.overall);
-    }
-}
-
-void MainWindowController::jobEnded(Kind kind, const ExportReport &report)
-{
-    if (kind == Kind::Export) {
-        exportResults_->tell(report); // as long as the sheet tells whether the program is in front
-    }
-    if (services_.desktop.showProgress) {
-        services_.desktop.showProgress(std::nullopt);
-    }
-    loadingWndCtl->endLoading();
-    if (kind == Kind::Export) {
-        history_.noteExported(std::exchange(exported_, {}));
-    }
     ui_->tableView->reloadData();
-    if (kind == Kind::Loading) {
+    if (kind == JobsView::Kind::Loading) {
         outputFolder_->sameOriginDown();
     }
     if (closing_) { // later: the job still counts as running while it tells of its end

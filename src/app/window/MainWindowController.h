@@ -3,15 +3,16 @@
 #include "app/list/ListHistory.h"
 #include "app/list/MovieList.h"
 #include "app/loading/MovieJobs.h"
+#include "app/results/ExportResults.h"
+#include "app/table/DropDelegate.h"
+#include "app/table/MovieTableModel.h"
+#include "app/table/MyTableView.h"
+#include "app/table/TableReloadDelegate.h"
 #include "app/window/CollageEditing.h"
-#include "app/window/DropDelegate.h"
-#include "app/window/ExportResults.h"
+#include "app/window/JobSheet.h"
 #include "app/window/ListArranging.h"
 #include "app/window/ListUndo.h"
-#include "app/window/MovieTableModel.h"
-#include "app/window/MyTableView.h"
 #include "app/window/OutputFolderControls.h"
-#include "app/window/TableReloadDelegate.h"
 #include "app/window/VXLoadingWndCtl.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/threads/NotificationCenter.h"
@@ -28,10 +29,7 @@ class MainWindowController;
 
 /// The main window: the list of movies and what can be done with it. It wires the table, the output line, the progress
 /// sheet and the background jobs; the work is theirs. Owned by AppDelegate; main thread.
-class MainWindowController final : public QMainWindow,
-                                   private JobsView,
-                                   private TableReloadDelegate,
-                                   private DropDelegate {
+class MainWindowController final : public QMainWindow, private TableReloadDelegate, private DropDelegate {
     Q_OBJECT
 
 public:
@@ -77,6 +75,7 @@ protected:
 
 private:
     void makeParts();
+    void makeJobParts();
     void makeListParts();
     void connectActions();
     void addToolbarItems();
@@ -84,15 +83,12 @@ private:
     void listShown();
     void updateActions();
     void loadingPrgCanceled();
+    void jobEnded(JobsView::Kind kind);
     void showAbout();
     void giveUp();
     void rememberLayout();
     void restoreLayout();
     QStringList moviePaths() const;
-
-    void jobStarted(Kind kind, const QString &text) override;
-    void jobProgress(const JobProgress &progress) override;
-    void jobEnded(Kind kind, const ExportReport &report) override;
 
     void deleteFileDown(MyTableView &table) override;
     bool validateDrop(int row, bool between) override;
@@ -103,12 +99,12 @@ private:
     std::unique_ptr<Ui::MainWindowController> ui_;
     MovieList aryItems;
     ListHistory history_;
-    MovieList::Movies exported_; // what was in the list when the export began
     MovieTableModel model_;
     std::unique_ptr<VXLoadingWndCtl> loadingWndCtl;
     std::unique_ptr<OutputFolderControls> outputFolder_;
-    std::unique_ptr<MovieJobs> jobs_;
     std::unique_ptr<ExportResults> exportResults_;
+    std::unique_ptr<JobSheet> jobSheet_;
+    std::unique_ptr<MovieJobs> jobs_;
     std::unique_ptr<CollageEditing> collageEditing_;
     std::unique_ptr<ListUndo> listUndo_;
     std::unique_ptr<ListArranging> listArranging_;

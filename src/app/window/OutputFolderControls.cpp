@@ -2,14 +2,15 @@
 
 #include "Shared/FolderMaking.h"
 #include "Shared/PreferenceKeys.h"
+#include "app/results/StatusLine.h"
 #include "app/window/SameOrigin.h"
-#include "app/window/StatusLine.h"
 #include "platform/desktop/AlertPanel.h"
 #include "platform/desktop/OpenPanel.h"
 #include "platform/desktop/Workspace.h"
 #include "platform/files/FileSystem.h"
 #include "platform/files/PathText.h"
 #include "platform/store/UserDefaults.h"
+#include "platform/widgets/ToolTipText.h"
 #include "prefs/DefaultsSeed.h"
 #include "prefs/TrustedFolders.h"
 #include "render/OutputFile.h"
@@ -63,7 +64,7 @@ void OutputFolderControls::show(const QString &path)
 {
     folder_ = path;
     widgets_.lblOutputPath->setText(PathText::forDisplay(path));
-    widgets_.lblOutputPath->setToolTip(PathText::forDisplay(path));
+    widgets_.lblOutputPath->setToolTip(plainToolTip(PathText::forDisplay(path)));
     widgets_.lblOutputPath->setCursorPosition(0);
 }
 

@@ -1,5 +1,7 @@
 #include "platform/widgets/ElidedLabel.h"
 
+#include "platform/widgets/ToolTipText.h"
+
 #include <QHelpEvent>
 #include <QStyle>
 #include <QStylePainter>
@@ -33,8 +35,7 @@ bool ElidedLabel::event(QEvent *event)
     if (event->type() != QEvent::ToolTip || !toolTip().isEmpty()) {
         return QLabel::event(event);
     }
-    const QString tip =
-        shown() == text() ? QString() : u"<p style='white-space:pre-wrap'>" + text().toHtmlEscaped() + u"</p>";
+    const QString tip = shown() == text() ? QString() : plainToolTip(text());
     QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), tip, this);
     return true;
 }

@@ -1,7 +1,8 @@
-#include "app/window/StatusLine.h"
+#include "app/results/StatusLine.h"
 
 #include "platform/MakeForQt.h"
 #include "platform/widgets/ElidedLabel.h"
+#include "platform/widgets/ToolTipText.h"
 
 #include <QHBoxLayout>
 #include <QToolButton>
@@ -29,7 +30,7 @@ StatusLine::StatusLine(QWidget *parent) :
 void StatusLine::tell(const QString &text, const QString &details)
 {
     lblStatus_->setText(text);
-    lblStatus_->setToolTip(details);
+    lblStatus_->setToolTip(plainToolTip(details));
     offer({});
 }
 

@@ -1,6 +1,6 @@
-#include "app/window/MovieCellDelegate.h"
+#include "app/table/MovieCellDelegate.h"
 
-#include "app/window/MovieTableModel.h"
+#include "app/table/MovieTableModel.h"
 #include "platform/MakeForQt.h"
 
 #include <QApplication>

@@ -1,9 +1,10 @@
-#include "app/window/MovieTableModel.h"
+#include "app/table/MovieTableModel.h"
 
 #include "Shared/NumberText.h"
 #include "Shared/PathParts.h"
 #include "collage/KTMovieObject.h"
 #include "platform/files/PathText.h"
+#include "platform/widgets/ToolTipText.h"
 
 #include <algorithm>
 #include <array>
@@ -85,12 +86,6 @@ const ColumnKind &kindOf(int column)
     return columns.at(static_cast<std::size_t>(column));
 }
 
-/// The whole path; as rich text, because a plain one is not wrapped and may be taken for rich text anyway.
-QString pathToolTip(const KTMovieObject &movie)
-{
-    return u"<p style='white-space:pre-wrap'>" + PathText::forDisplay(movie.filePath).toHtmlEscaped() + u"</p>";
-}
-
 } // namespace
 
 MovieTableModel::MovieTableModel(const MovieList &list, QObject *parent) : QAbstractTableModel(parent), aryItems(list)
@@ -151,7 +146,7 @@ QVariant MovieTableModel::data(const QModelIndex &index, int role) const
     case Qt::AccessibleTextRole:
         return kind.spoken(movie, look);
     case Qt::ToolTipRole:
-        return index.column() == Title ? QVariant(pathToolTip(movie)) : QVariant();
+        return index.column() == Title ? QVariant(plainToolTip(PathText::forDisplay(movie.filePath))) : QVariant();
     case Qt::TextAlignmentRole:
         return QVariant(index.column() == Grids ? Qt::AlignCenter : Qt::AlignVCenter | Qt::AlignLeft);
     default:

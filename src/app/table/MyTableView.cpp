@@ -1,10 +1,10 @@
-#include "app/window/MyTableView.h"
+#include "app/table/MyTableView.h"
 
-#include "app/window/DropDelegate.h"
-#include "app/window/JKDropInTipsView.h"
-#include "app/window/MovieCellDelegate.h"
-#include "app/window/RowDrag.h"
-#include "app/window/TableReloadDelegate.h"
+#include "app/table/DropDelegate.h"
+#include "app/table/JKDropInTipsView.h"
+#include "app/table/MovieCellDelegate.h"
+#include "app/table/RowDrag.h"
+#include "app/table/TableReloadDelegate.h"
 #include "platform/Log.h"
 #include "platform/MakeForQt.h"
 

@@ -1,7 +1,7 @@
-#include "app/window/ExportResults.h"
+#include "app/results/ExportResults.h"
 
-#include "app/window/ExportDetails.h"
-#include "app/window/StatusLine.h"
+#include "app/results/ExportDetails.h"
+#include "app/results/StatusLine.h"
 #include "platform/MakeForQt.h"
 #include "platform/desktop/Desktop.h"
 #include "platform/desktop/Workspace.h"

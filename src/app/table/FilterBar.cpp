@@ -1,4 +1,4 @@
-#include "app/window/FilterBar.h"
+#include "app/table/FilterBar.h"
 
 #include "platform/MakeForQt.h"
 #include "platform/widgets/SymbolicIcon.h"

@@ -1,4 +1,4 @@
-#include "app/window/RowDrag.h"
+#include "app/table/RowDrag.h"
 
 #include "platform/MakeForQt.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/window/MovieTableModel.h"
+#include "app/table/MovieTableModel.h"
 #include "platform/desktop/DroppedFiles.h"
 
 #include <QElapsedTimer>

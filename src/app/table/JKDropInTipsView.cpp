@@ -1,4 +1,4 @@
-#include "app/window/JKDropInTipsView.h"
+#include "app/table/JKDropInTipsView.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,4 +1,4 @@
-#include "app/window/MovieTableModel.h"
+#include "app/table/MovieTableModel.h"
 
 #include "collage/KTMovieObject.h"
 #include "platform/files/PathText.h"

@@ -1,9 +1,10 @@
-#include "app/window/ExportDetails.h"
+#include "app/results/ExportDetails.h"
 
 #include "Shared/PathParts.h"
 #include "app/list/ExportReport.h"
 #include "platform/MakeForQt.h"
 #include "platform/files/PathText.h"
+#include "platform/widgets/ToolTipText.h"
 
 #include <QClipboard>
 #include <QDialogButtonBox>
@@ -53,7 +54,7 @@ void ExportDetails::addTable(const ExportReport &report)
                                  ExportReport::outcome(result)};
         for (int column = 0; column < table->columnCount(); ++column) {
             auto item = std::make_unique<QTableWidgetItem>(texts[column]);
-            item->setToolTip(column == 0 ? path : texts[column]);
+            item->setToolTip(plainToolTip(column == 0 ? path : texts[column]));
             table->setItem(row, column, item.release());
         }
         ++row;
